@@ -1,0 +1,37 @@
+# What every target of the project is built with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+find_program(TESSARA_CCACHE ccache)
+if(TESSARA_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${TESSARA_CCACHE}")
+endif()
+
+add_library(tessara_options INTERFACE)
+target_compile_features(tessara_options INTERFACE cxx_std_20)
+target_include_directories(tessara_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+target_compile_definitions(tessara_options INTERFACE TESSARA_VERSION="${PROJECT_VERSION}")
+if(MSVC)
+  target_compile_options(tessara_options INTERFACE /W4 /WX /utf-8 /fp:precise)
+  target_compile_definitions(tessara_options INTERFACE NOMINMAX _CRT_SECURE_NO_WARNINGS)
+else()
+  # Reports are compared byte for byte: no contraction of a * b + c into one rounding, never -ffast-math.
+  target_compile_options(tessara_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+                                                   -Werror -ffp-contract=off)
+endif()
+if(TESSARA_SANITIZE AND NOT MSVC)
+  target_compile_options(tessara_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                                                   -fno-omit-frame-pointer)
+  target_link_options(tessara_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# The sources of one folder; its tests folder is not among them.
+function(tessara_folder variable folder)
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/${folder}/*.cpp" "${CMAKE_SOURCE_DIR}/${folder}/*.h")
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,10 @@
+# `cmake --install` puts a program folder together: the executables, and beside them Data, Help, Media and the default
+# glossary. The programs find their program folder from the executable.
+include(GNUInstallDirs)
+set(TESSARA_PROGRAM_FOLDER "." CACHE STRING "Program folder below the install prefix")
+
+install(TARGETS tessara-cli RUNTIME DESTINATION "${TESSARA_PROGRAM_FOLDER}")
+if(TARGET tessara)
+  install(TARGETS tessara RUNTIME DESTINATION "${TESSARA_PROGRAM_FOLDER}")
+endif()
+install(DIRECTORY "${CMAKE_SOURCE_DIR}/installed/" DESTINATION "${TESSARA_PROGRAM_FOLDER}")
