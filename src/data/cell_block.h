@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "numerics/tagged_value.h"
+
+// The owned cells of a column: 16 bytes each. A text of up to 15 bytes stands in the cell itself, a longer one in the
+// block's text store or, left where it is, in the bytes of a loaded file.
+
+namespace tessara {
+
+class CellBlock {
+ public:
+  // Cells that have never been assigned behind the last assigned one take no room: size() is the number of cells held.
+  std::size_t size() const { return cells_.size(); }
+  void Reserve(std::size_t count) { cells_.reserve(count); }
+
+  // A cell behind the last one held is empty.
+  TaggedView Cell(std::size_t index) const { return index < cells_.size() ? cells_[index].View() : TaggedView(); }
+
+  void Set(std::size_t index, const TaggedView& value);
+  // A text whose bytes outlive this block: a long one is referred to, not copied.
+  void SetLoaded(std::size_t index, std::string_view text);
+
+ private:
+  class CompactCell {
+   public:
+    CompactCell() { bytes_[kMarkPlace] = kEmptyMark; }
+
+    TaggedView View() const;
+    void SetEmpty() { bytes_[kMarkPlace] = kEmptyMark; }
+    void SetNumber(double number);
+    void SetShortText(std::string_view text);
+    void SetLongText(const char* text, std::size_t length);
+    // The room of a long text in the store, to be used again.
+    std::size_t LongTextLength() const;
+    const char* LongText() const;
+
+    static constexpr std::size_t kInlineLimit = 15;
+
+   private:
+    // The last byte tells the kind: 0 to 15 is the length of a short text.
+    static constexpr std::size_t kMarkPlace = 15;
+    static constexpr unsigned char kEmptyMark = 0xF0;
+    static constexpr unsigned char kNumberMark = 0xF1;
+    static constexpr unsigned char kLongTextMark = 0xF2;  // bytes 0 to 7 the address, 8 to 14 the length
+
+    alignas(8) unsigned char bytes_[16] = {};
+  };
+  static_assert(sizeof(CompactCell) == 16);
+
+  char* Room(std::size_t length);
+  CompactCell& At(std::size_t index);
+
+  std::vector<CompactCell> cells_;
+  std::vector<std::unique_ptr<char[]>> text_store_;
+  char* free_ = nullptr;
+  std::size_t free_size_ = 0;
+};
+
+inline TaggedView CellBlock::CompactCell::View() const {
+  const unsigned char mark = bytes_[kMarkPlace];
+  if (mark <= kInlineLimit) return std::string_view(reinterpret_cast<const char*>(bytes_), mark);
+  if (mark == kNumberMark) {
+    double number;
+    std::memcpy(&number, bytes_, sizeof number);
+    return number;
+  }
+  if (mark == kLongTextMark) return std::string_view(LongText(), LongTextLength());
+  return {};
+}
+
+}  // namespace tessara

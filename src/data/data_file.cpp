@@ -1,0 +1,288 @@
+#include "data/data_file.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+#include <utility>
+
+#include "data/progress.h"
+#include "data/used_range.h"
+#include "numerics/code_page.h"
+#include "numerics/number_text.h"
+#include "platform/files.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::string_view kNotesLineEnd = "@#$%";
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kDataFolder = "Data";
+constexpr std::string_view kHelpFolder = "Help";
+constexpr std::string_view kDataFileEnding = ".dcs";
+
+std::string Replaced(std::string_view text, std::string_view find, std::string_view replacement) {
+  std::string result;
+  for (;;) {
+    const std::size_t at = text.find(find);
+    result.append(text.substr(0, at));
+    if (at == std::string_view::npos) return result;
+    result.append(replacement);
+    text.remove_prefix(at + find.size());
+  }
+}
+
+Path DialogFolder(const DataSet& data, Platform& platform) {
+  return data.DataFilePath.empty() ? platform.ProgramFolder() / kDataFolder : data.DataFilePath;
+}
+
+std::string_view FirstLine(std::string_view text) {
+  const std::size_t end = text.find('\n');
+  std::string_view line = text.substr(0, end);
+  if (end != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+// A count of the banner: a number of 0 or more, rounded half to even. Each stands or fails alone.
+std::optional<std::size_t> ParseCount(std::string_view text) {
+  const auto number = ParseNumber(text);
+  constexpr double kMost = 9007199254740992.0;  // beyond it a double cannot count
+  if (!number || RoundHalfEven(*number) < 0 || *number > kMost) return std::nullopt;
+  return static_cast<std::size_t>(RoundHalfEven(*number));
+}
+
+// Record count: the text up to the first blank. Variable count: between the first and the second one.
+void ParseBanner(std::string_view banner, std::size_t& record_count, std::size_t& variable_count) {
+  const std::size_t first_blank = banner.find(' ');
+  if (first_blank == std::string_view::npos) return;
+  std::size_t records = record_count;
+  std::size_t variables = variable_count;
+  Keep(records, ParseCount(banner.substr(0, first_blank)));
+  const std::size_t second_blank = banner.find(' ', first_blank + 1);
+  if (second_blank != std::string_view::npos) {
+    Keep(variables, ParseCount(banner.substr(first_blank + 1, second_blank - first_blank - 1)));
+  }
+  if (!ShapeCanBeHeld(records, variables)) return;  // sizing the matrix would fail: both counts stay as they were
+  record_count = records;
+  variable_count = variables;
+}
+
+// The matrix of a file. An index that the memory cannot hold leaves all cells empty.
+DataMatrix SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Progress& progress) {
+  std::size_t split = 0;
+  try {
+    LoadedText text(std::move(bytes), rows, columns, [&](std::size_t lines) {
+      progress.ProgressStep(static_cast<double>(lines - split));
+      split = lines;
+    });
+    return DataMatrix(rows, columns, std::move(text));
+  } catch (const std::bad_alloc&) {
+    return DataMatrix(rows, columns);
+  }
+}
+
+// What both ways to a file share, from the banner on.
+void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
+  const WaitCursor wait(platform);
+  data.DataBanner = std::string(FirstLine(bytes.text()));
+  data.ProjectNotes.clear();
+  data.matrix = DataMatrix();  // the old data go first, so that the two never stand in memory together
+  ParseBanner(data.DataBanner, data.RecordCount, data.VariableCount);
+
+  Progress progress(platform);
+  const std::size_t rows = data.RecordCount + kFirstRecordRow;
+  const double shown =
+      data.WithinEditLimit() ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
+  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", data.SelectedVariableCount);
+  progress.ProgressStep(shown);
+  data.matrix = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
+
+  RebuildVariableLists(data);
+  data.CurrentRow = 1;
+  data.CurrentColumn = 1;
+  data.ProjectNotes = NotesFromField(TextOf(data.matrix.Cell(kNotesRow, 2)));
+  data.DataDirty = false;
+  data.GridTitle = data.DataFileTitle;
+  ++data.Revision;
+}
+
+void TakeFacts(DataSet& data, const FileFacts& facts) {
+  data.DataFileSize = facts.size;
+  data.DataFileModified = ShortDateTime(facts.modified);
+}
+
+// Joins rows of the matrix as the file has them. The columns that still stand as they were loaded are copied in one
+// stretch.
+class LineWriter {
+ public:
+  LineWriter(const DataSet& data, SafeFileWriter& file)
+      : data_(data), file_(file), loaded_columns_(std::min(data.matrix.LoadedColumns(), data.VariableCount)) {}
+
+  void Write(std::size_t row) {
+    line_.clear();
+    std::size_t column = 1;
+    if (loaded_columns_ > 0) {
+      if (const auto fields = data_.matrix.LoadedLine(row, loaded_columns_)) {
+        line_.append(*fields);
+        column = loaded_columns_ + 1;
+      }
+    }
+    for (; column <= data_.VariableCount; ++column) {
+      if (column > 1) line_.push_back(kFieldSeparator);
+      line_.append(TextOf(data_.matrix.Cell(row, column), buffer_));
+    }
+    line_.append(kLineEnd);
+    file_.Write(line_);
+  }
+
+ private:
+  const DataSet& data_;
+  SafeFileWriter& file_;
+  const std::size_t loaded_columns_;
+  std::string line_;
+  NumberBuffer buffer_{};
+};
+
+WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
+  SafeFileWriter file(path);
+  if (file.result() != WriteResult::kWritten) return file.result();
+  const UsedRange used(data);
+  const std::string banner =
+      std::to_string(data.RecordCount) + " " + std::to_string(data.VariableCount) + " Tessara data";
+  data.matrix.SetText(0, 1, banner);
+  data.matrix.SetText(kNotesRow, 2, NotesToField(data.ProjectNotes));
+
+  Progress progress(platform);
+  const std::size_t rows = data.RecordCount + kFirstRecordRow;
+  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", data.SelectedVariableCount);
+  const WaitCursor wait(platform);
+  LineWriter lines(data, file);
+  for (std::size_t row = 0; row < rows; ++row) {
+    progress.ProgressStep();
+    lines.Write(row);
+  }
+  return file.Commit();
+}
+
+WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path) {
+  const WriteResult result = WriteDataFile(data, platform, path);
+  data.DataDirty = false;  // also when it has failed
+  return result;
+}
+
+void ShowSaveError(Platform& platform, std::string_view advice) {
+  platform.ShowMessage({"Error",
+                        "There was an error creating the new file.  You may not have authorization to create a "
+                        "new file on this system. " +
+                            std::string(advice)});
+}
+
+}  // namespace
+
+std::string NotesToField(std::string_view notes) {
+  // A bare line feed or a separator that got into the notes would break the line that holds them.
+  std::string field = Replaced(Replaced(notes, kLineEnd, kNotesLineEnd), "\n", kNotesLineEnd);
+  std::replace(field.begin(), field.end(), kFieldSeparator, ' ');
+  return field;
+}
+std::string NotesFromField(std::string_view field) { return Replaced(field, kNotesLineEnd, kLineEnd); }
+
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform) {
+  const bool waiting = !data.WaitingPath.empty();
+  ChosenFile chosen;
+  if (waiting) {
+    chosen.path = std::exchange(data.WaitingPath, {});
+    chosen.title = FromUtf8(PathToUtf8(chosen.path));
+  } else {
+    const auto answer = platform.AskOpenFile({.title = "Open",
+                                              .filter = "Tessara data files (*.dcs)|*.dcs",
+                                              .initial_folder = DialogFolder(data, platform),
+                                              .initial_name = {},
+                                              .default_extension = "dcs"});
+    if (!answer) {
+      data.DataFileSize = 0;  // set ahead of the question, and not put back
+      return LoadOutcome::kCancelled;
+    }
+    chosen = *answer;
+  }
+  const auto facts = FactsOfFile(chosen.path);
+  auto bytes = facts ? ReadWholeFile(chosen.path) : std::nullopt;
+  if (!bytes) return LoadOutcome::kUnreadable;
+  if (!waiting) data.DataFilePath = chosen.path;
+  TakeFacts(data, *facts);
+  if (!waiting && facts->size == 0) return LoadOutcome::kEmptyFile;
+  data.DataFileTitle = chosen.title;
+  LoadBytes(data, platform, std::move(*bytes));
+  return LoadOutcome::kLoaded;
+}
+
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
+  if (data.DataFilePath.empty() || data.GridTitle == kUntitledGrid) return SaveDataFileAs(data, platform);
+  switch (WriteAndSettle(data, platform, data.DataFilePath)) {
+    case WriteResult::kWritten:
+      return SaveOutcome::kSaved;
+    case WriteResult::kPathNotFound:
+      return SaveDataFileAs(data, platform);
+    default:
+      ShowSaveError(platform,
+                    "Try saving the file to 'My Documents\\Tessara Data' or some other location where write access is "
+                    "allowed.");
+      return SaveOutcome::kFailed;
+  }
+}
+
+SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform) {
+  const auto chosen = platform.AskSaveFile({.title = "Save As",
+                                            .filter = "Tessara files (*.dcs)|*.dcs",
+                                            .initial_folder = DialogFolder(data, platform),
+                                            .initial_name = Replaced(data.GridTitle, "Data Grid ", ""),
+                                            .default_extension = "dcs",
+                                            .overwrite_prompt = true});
+  if (!chosen) {
+    data.DataDirty = false;  // a cancelled dialog ends on the path of a failure, which clears the flag
+    return SaveOutcome::kCancelled;
+  }
+  if (WriteAndSettle(data, platform, chosen->path) != WriteResult::kWritten) {
+    ShowSaveError(
+        platform,
+        "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "
+        "access is allowed.");
+    return SaveOutcome::kFailed;
+  }
+  data.DataFilePath = chosen->path;
+  data.GridTitle = chosen->title;
+  return SaveOutcome::kSaved;
+}
+
+void NewDataFile(DataSet& data) {
+  MakeEmptyDataSet(data);
+  data.DataFilePath.clear();
+  data.DataFileSize.reset();
+  data.DataFileModified.clear();
+  data.ProjectNotes.clear();
+  data.GridTitle = kUntitledGrid;
+  data.DataDirty = false;
+}
+
+void RepairSampleFiles(Platform& platform) {
+  const Answer answer =
+      platform.ShowMessage({"Repair Practice Data Files",
+                            "Click OK to replace practice files in the Tessara program folder with the original files.",
+                            Buttons::kOkCancel, Tone::kQuestion});
+  if (answer != Answer::kOk) return;
+  const WaitCursor wait(platform);
+  const Path program = platform.ProgramFolder();
+  std::error_code error;
+  bool failed = false;
+  for (std::filesystem::directory_iterator entry(program / kHelpFolder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (entry->path().extension() != kDataFileEnding) continue;
+    failed |= !CopyFileOver(entry->path(), program / kDataFolder / entry->path().filename());
+  }
+  if (error || failed) {
+    platform.ShowMessage({"Repair Failed",
+                          "An error occurred when copying the files. Please manually copy the data files from the Help "
+                          "folder in the Tessara Suite program folder."});
+  }
+}
+
+}  // namespace tessara

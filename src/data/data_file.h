@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/data_set.h"
+#include "platform/platform.h"
+
+// The data file: text, one line a matrix row, byte 1 between fields, CR LF behind every line. The first line is the
+// banner (record count, blank, variable count, blank, "Tessara data") and the project notes, then the fifteen lines of
+// the variable dictionary, then one line a record. There is no quoting and no escape.
+
+namespace tessara {
+
+enum class LoadOutcome {
+  kLoaded,
+  kCancelled,   // no file was chosen
+  kEmptyFile,   // of length 0: the data stay, but the path has already changed
+  kUnreadable,  // no such file, a folder, no right to read: everything stays
+};
+
+// Loads WaitingPath, or asks for a file. There is no validation at all: missing fields and lines are empty, surplus
+// ones are dropped, a banner without two numbers leaves the counts at their earlier values, and no message is shown.
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform);
+
+enum class SaveOutcome {
+  kSaved,
+  kCancelled,
+  kFailed,  // the message box has been shown; the old file is as it was
+};
+
+// Saves to DataFilePath, or asks for a name when there is none or the grid still has no title of its own. The trailing
+// blank records and variables are not written. DataDirty is cleared also by a save that fails.
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform);
+SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform);
+
+// Replaces the data by the empty data set. The panel is reset by the caller.
+void NewDataFile(DataSet& data);
+
+// Copies the sample files that the Help folder keeps over those of the Data folder, after a question.
+void RepairSampleFiles(Platform& platform);
+
+// The notes as they stand in the file: line ends replaced by the token "@#$%".
+std::string NotesToField(std::string_view notes);
+std::string NotesFromField(std::string_view field);
+
+}  // namespace tessara

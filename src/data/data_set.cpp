@@ -1,0 +1,61 @@
+#include "data/data_set.h"
+
+#include <limits>
+
+#include "numerics/number_text.h"
+#include "platform/files.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::uint64_t kBytesPerCell = 16;        // of a cell that is owned
+constexpr std::uint64_t kBytesPerVariable = 1024;  // of a column and its place in the lists
+constexpr std::uint64_t kShareForVariables = 8;    // no more than this part of the memory for columns alone
+
+}  // namespace
+
+std::string DataSet::VariableName(std::size_t column) const { return TextOf(matrix.Cell(kVariableNameRow, column)); }
+std::string DataSet::VariableLabel(std::size_t column) const { return TextOf(matrix.Cell(kVariableLabelRow, column)); }
+
+std::size_t DataSet::CellCount() const {
+  if (RecordCount != 0 && VariableCount > std::numeric_limits<std::size_t>::max() / RecordCount) {
+    return std::numeric_limits<std::size_t>::max();
+  }
+  return RecordCount * VariableCount;
+}
+
+bool ShapeCanBeHeld(std::size_t record_count, std::size_t variable_count) {
+  const std::uint64_t memory = MachineMemory();
+  if (variable_count > memory / kShareForVariables / kBytesPerVariable) return false;
+  const std::uint64_t cells = memory / kBytesPerCell;
+  return variable_count == 0 ? record_count <= cells
+                             : record_count <= cells && record_count + kFirstRecordRow <= cells / variable_count;
+}
+
+void MakeEmptyDataSet(DataSet& data) {
+  // One row more than records and dictionary need: a new data set has a spare one.
+  data.matrix = DataMatrix(kFirstRecordRow + kNewRecordCount + 1, kNewVariableCount);
+  data.RecordCount = kNewRecordCount;
+  data.VariableCount = kNewVariableCount;
+  for (std::size_t column = 1; column <= kNewVariableCount; ++column) {
+    data.matrix.SetText(kVariableNameRow, column, "V" + std::to_string(column));
+  }
+  data.CurrentRow = 1;
+  data.CurrentColumn = 1;
+  ++data.Revision;
+  RebuildVariableLists(data);
+}
+
+void RebuildVariableLists(DataSet& data) {
+  data.VarList.assign(1, {"None", 0});
+  data.VarList.reserve(data.VariableCount + 1);
+  for (std::size_t column = 1; column <= data.VariableCount; ++column) {
+    data.VarList.push_back({data.VariableName(column), column});
+  }
+}
+
+void LoadMissingSet(DataSet& data, std::size_t role) {
+  data.MissingSet[role] = UnpackMissingSpec(TextOf(data.matrix.Cell(kMissingSpecRow, data.RoleVariable[role])));
+}
+
+}  // namespace tessara

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/data_matrix.h"
+#include "data/missing_values.h"
+#include "platform/platform.h"
+
+// The one data set in memory, with all that belongs to it but its panel.
+
+namespace tessara {
+
+inline constexpr std::size_t kEditLimit = 200000;  // cells that may be edited by hand
+inline constexpr std::size_t kNewRecordCount = 1000;
+inline constexpr std::size_t kNewVariableCount = 20;
+inline constexpr std::size_t kMostGridVariables = 300;
+inline constexpr std::size_t kGridRecordsAboveLimit = 100;
+inline constexpr std::string_view kUntitledGrid = "Data Grid";
+
+// The roles of a variable in a run. Role 1 is the main variable, role 4 the control variable.
+inline constexpr std::size_t kMainRole = 1;
+inline constexpr std::size_t kControlRole = 4;
+
+struct ListedVariable {
+  std::string name;        // as it stood when the lists were rebuilt
+  std::size_t column = 0;  // 0 in the entry "None"
+};
+
+struct DataSet {
+  DataMatrix matrix;
+  std::size_t RecordCount = 0;
+  std::size_t VariableCount = 0;
+  std::size_t WorkingRecordCount = 0;  // the counts as they were ahead of TrimToUsedRange
+  std::size_t WorkingVariableCount = 0;
+  bool DataDirty = false;  // something has changed since the last load or save
+  std::string DataBanner;
+  std::string ProjectNotes;  // the notes box, with its line ends
+
+  Path DataFilePath;          // at the start the folder of data files; empty after New
+  std::string DataFileTitle;  // the name as it was opened: a Save As does not change it
+  std::string GridTitle{kUntitledGrid};
+  std::optional<std::uint64_t> DataFileSize;  // bytes
+  std::string DataFileModified;
+  Path WaitingPath;  // a file to be loaded without asking, the command line's
+
+  std::size_t CurrentRow = 1;  // grid cursor; row 0 is the heading
+  std::size_t CurrentColumn = 1;
+
+  std::vector<ListedVariable> VarList;        // index 0 is "None", so an index is a column number
+  std::array<std::size_t, 5> RoleVariable{};  // column numbers of the roles 1 to 4; 0 for none
+  std::array<MissingValues, 5> MissingSet;    // of the roles 1 to 4
+  std::size_t SelectedVariableCount = 0;      // analysis variables chosen in the panel
+
+  // Counts up whenever cells, shape or dictionary change, so that a view knows when to look again.
+  std::uint64_t Revision = 0;
+
+  // "VariableName" and "VariableLabel" of a column.
+  std::string VariableName(std::size_t column) const;
+  std::string VariableLabel(std::size_t column) const;
+
+  // The cells that count for the edit limit; header rows do not. Saturates.
+  std::size_t CellCount() const;
+  bool WithinEditLimit() const { return CellCount() <= kEditLimit; }
+
+  // The stretch of the data that a grid shows.
+  std::size_t GridRecords() const {
+    return WithinEditLimit() ? RecordCount : std::min(RecordCount, kGridRecordsAboveLimit);
+  }
+  std::size_t GridVariables() const { return std::min(VariableCount, kMostGridVariables); }
+};
+
+// The empty data set: 1000 records, 20 variables V1 to V20.
+void MakeEmptyDataSet(DataSet& data);
+
+// Whether a matrix of this shape can be held in the machine's memory.
+bool ShapeCanBeHeld(std::size_t record_count, std::size_t variable_count);
+
+// Rebuilds the list that names every variable, "None" first.
+void RebuildVariableLists(DataSet& data);
+
+// Unpacks the missing values of the variable in a role.
+void LoadMissingSet(DataSet& data, std::size_t role);
+
+}  // namespace tessara

@@ -1,0 +1,209 @@
+#include "data/loaded_text.h"
+
+#include <bit>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace tessara {
+namespace {
+
+constexpr std::size_t kMostChunkLines = 4096;
+constexpr std::size_t kChunkIndexSize = std::size_t{1} << 17;  // bytes; two of them fit a core's second-level cache
+constexpr std::size_t kIndexBytesPerTextByte = 8;
+constexpr std::size_t kIndexBytesAlways = std::size_t{1} << 16;
+
+// Which of 64 bytes end a field: one bit a byte.
+std::uint64_t FieldEnds(const char* text) {
+#if defined(__SSE2__)
+  const __m128i separator = _mm_set1_epi8(kFieldSeparator);
+  const __m128i line_feed = _mm_set1_epi8('\n');
+  std::uint64_t ends = 0;
+  for (int part = 0; part < 4; ++part) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text) + part);
+    const __m128i hits = _mm_or_si128(_mm_cmpeq_epi8(bytes, separator), _mm_cmpeq_epi8(bytes, line_feed));
+    ends |= static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm_movemask_epi8(hits))) << (16 * part);
+  }
+  return ends;
+#else
+  std::uint64_t ends = 0;
+  for (int place = 0; place < 64; ++place) {
+    ends |= static_cast<std::uint64_t>(text[place] == kFieldSeparator || text[place] == '\n') << place;
+  }
+  return ends;
+#endif
+}
+
+std::optional<std::string_view> ScanField(std::string_view line, std::size_t column) {
+  for (; column > 1; --column) {
+    const std::size_t separator = line.find(kFieldSeparator);
+    if (separator == std::string_view::npos) return std::nullopt;
+    line.remove_prefix(separator + 1);
+  }
+  return line.substr(0, line.find(kFieldSeparator));
+}
+
+}  // namespace
+
+// Lays the index down in one pass. The ends of a chunk's fields are collected line by line and turned into columns when
+// the chunk is full; a line's fields beyond the limit are passed over.
+class LoadedText::Splitter {
+ public:
+  Splitter(LoadedText& target, std::size_t row_limit, const Progress& progress)
+      : target_(target),
+        row_limit_(row_limit),
+        progress_(progress),
+        chunk_lines_(std::size_t{1} << target.line_bits_),
+        line_start_(target.bytes_.data()) {
+    StartChunk();
+  }
+
+  void Run() {
+    const char* const text = target_.bytes_.data();
+    const std::size_t size = target_.bytes_.size();
+    for (std::size_t at = 0; at < size && target_.row_count_ < row_limit_; at += 64) {
+      std::uint64_t ends = FieldEnds(text + at);  // the file's padding may be read
+      if (size - at < 64) ends &= (std::uint64_t{1} << (size - at)) - 1;
+      for (; ends != 0; ends &= ends - 1) {
+        const char* const end = text + at + std::countr_zero(ends);
+        if (*end == '\n') {
+          EndLine(end > line_start_ && end[-1] == '\r' ? end - 1 : end, end + 1);
+          if (target_.row_count_ == row_limit_) break;
+        } else {
+          EndField(end);
+        }
+      }
+    }
+    // A last line without a line end; a CR at its end has no LF behind it and stays.
+    if (target_.row_count_ < row_limit_ && line_start_ < text + size) EndLine(text + size, text + size);
+    FinishChunk();
+  }
+
+ private:
+  void StartChunk() {
+    base_ = line_start_ - 1;
+    ends_.clear();
+    counts_.clear();
+    starts_.clear();
+    fields_ = 0;
+    StartLine();
+  }
+
+  void StartLine() {
+    line_fields_ = 0;
+    starts_.push_back(line_start_);
+  }
+
+  void EndField(const char* end) {
+    if (line_fields_ == target_.column_limit_) return;
+    ++line_fields_;
+    ends_.push_back(static_cast<std::uint32_t>(end - base_));  // of no use in a chunk that is too long for 32 bits
+  }
+
+  void EndLine(const char* end, const char* next) {
+    EndField(end);
+    counts_.push_back(static_cast<std::uint32_t>(line_fields_));
+    fields_ = std::max(fields_, line_fields_);
+    last_line_end_ = end;
+    line_start_ = next;
+    ++target_.row_count_;
+    if (counts_.size() == chunk_lines_) {
+      FinishChunk();
+      StartChunk();
+    } else {
+      StartLine();
+    }
+  }
+
+  void FinishChunk() {
+    if (counts_.empty()) return;
+    Chunk chunk;
+    chunk.base = base_;
+    chunk.fields = fields_;
+    chunk.stride = counts_.size() + 16;
+    const auto text_size = static_cast<std::size_t>(last_line_end_ - base_);
+    const std::size_t index_size = (fields_ + 1) * chunk.stride;
+    if (text_size > std::numeric_limits<std::uint32_t>::max() ||
+        index_size * sizeof(std::uint32_t) > kIndexBytesAlways + kIndexBytesPerTextByte * text_size) {
+      KeepLines(chunk);
+    } else {
+      chunk.ends = std::make_unique_for_overwrite<std::uint32_t[]>(index_size);
+      TurnIntoColumns(chunk);
+    }
+    target_.chunks_.push_back(std::move(chunk));
+    counts_.clear();
+    if (progress_) progress_(target_.row_count_);
+  }
+
+  void TurnIntoColumns(Chunk& chunk) const {
+    const std::uint32_t* end = ends_.data();
+    for (std::size_t line = 0; line < counts_.size(); ++line) {
+      std::uint32_t* place = chunk.ends.get() + line;
+      *place = static_cast<std::uint32_t>(starts_[line] - 1 - base_);
+      const std::size_t count = counts_[line];
+      for (std::size_t field = 0; field < count; ++field) *(place += chunk.stride) = *end++;
+      for (std::size_t field = count; field < fields_; ++field) *(place += chunk.stride) = 0;
+    }
+  }
+
+  void KeepLines(Chunk& chunk) const {
+    for (std::size_t line = 0; line < counts_.size(); ++line) {
+      const char* const start = starts_[line];
+      const char* end = last_line_end_;
+      if (line + 1 < counts_.size()) {
+        end = starts_[line + 1] - 1;
+        if (end > start && end[-1] == '\r') --end;
+      }
+      chunk.lines.emplace_back(start, static_cast<std::size_t>(end - start));
+    }
+  }
+
+  LoadedText& target_;
+  const std::size_t row_limit_;
+  const Progress& progress_;
+  const std::size_t chunk_lines_;
+  const char* line_start_;
+  const char* base_ = nullptr;
+  const char* last_line_end_ = nullptr;
+  std::size_t line_fields_ = 0;
+  std::size_t fields_ = 0;
+  std::vector<std::uint32_t> ends_;
+  std::vector<std::uint32_t> counts_;  // fields of each finished line of the chunk
+  std::vector<const char*> starts_;    // of these lines, and of the one at work
+};
+
+LoadedText::LoadedText(FileBytes bytes, std::size_t row_limit, std::size_t column_limit, const Progress& progress)
+    : bytes_(std::move(bytes)), column_limit_(column_limit) {
+  std::size_t lines = kMostChunkLines;
+  while (lines > 1 &&
+         (std::min<std::size_t>(column_limit, 1024) + 1) * lines * sizeof(std::uint32_t) > kChunkIndexSize) {
+    lines /= 2;
+  }
+  line_bits_ = static_cast<std::size_t>(std::countr_zero(lines));
+  if (bytes_.size() > 0 && row_limit > 0) Splitter(*this, row_limit, progress).Run();
+}
+
+std::optional<std::string_view> LoadedText::Field(std::size_t row, std::size_t column) const {
+  if (row >= row_count_ || column == 0 || column > column_limit_) return std::nullopt;
+  const Chunk& chunk = chunks_[row >> line_bits_];
+  const std::size_t line = row & ((std::size_t{1} << line_bits_) - 1);
+  if (!chunk.ends) return ScanField(chunk.lines[line], column);
+  if (column > chunk.fields) return std::nullopt;
+  const std::uint32_t* before = chunk.ends.get() + (column - 1) * chunk.stride + line;
+  const std::uint32_t end = before[chunk.stride];
+  if (end == 0) return std::nullopt;
+  return std::string_view(chunk.base + *before + 1, end - *before - 1);
+}
+
+std::optional<std::string_view> LoadedText::LeadingFields(std::size_t row, std::size_t column_count) const {
+  const auto last = Field(row, column_count);
+  const auto first = Field(row, 1);
+  if (!first || !last) return std::nullopt;
+  return std::string_view(first->data(), static_cast<std::size_t>(last->data() + last->size() - first->data()));
+}
+
+}  // namespace tessara

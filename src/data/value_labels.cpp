@@ -1,0 +1,33 @@
+#include "data/value_labels.h"
+
+#include "numerics/number_text.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::size_t kShortestSlot = 3;
+
+}  // namespace
+
+std::string ValueLabels::Apply(const TaggedView& label_lookup) const {
+  const std::string text = TextOf(label_lookup);
+  for (const Entry& entry : table) {
+    if (entry.value == text) return entry.label;
+  }
+  return text;
+}
+
+ValueLabels LoadValueLabels(const DataMatrix& matrix, std::size_t column) {
+  ValueLabels labels;
+  for (std::size_t i = 0; i < kValueLabelSlots; ++i) {
+    const std::string slot = TextOf(matrix.Cell(kFirstValueLabelRow + i, column));
+    if (slot.size() < kShortestSlot) continue;
+    labels.NoValueLabels = false;
+    const std::size_t equals = slot.find('=');
+    labels.table[i].value = slot.substr(0, equals);
+    if (equals != std::string::npos) labels.table[i].label = slot.substr(equals + 1);
+  }
+  return labels;
+}
+
+}  // namespace tessara

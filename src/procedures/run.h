@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "data/data_set.h"
+#include "platform/platform.h"
+#include "presentation/output_log.h"
+#include "procedures/panel.h"
+
+// The run check: tests the selection of the panel and calls the procedures. It goes on past every numeric failure.
+
+namespace tessara {
+
+// What a procedure works with, and what one run shares between its procedures.
+struct ProcedureRun {
+  DataSet& data;
+  const ProcedurePanel& panel;
+  OutputLog& output;
+  Platform& platform;
+
+  bool aborted = false;       // a procedure has ended in the error frame; a later variable still gets its turn
+  std::string ChartFootnote;  // the words of the control caption
+};
+
+struct RunOutcome {
+  bool refused = false;      // a message box ended the run
+  bool aborted = false;      // some procedure printed the error frame
+  bool show_output = false;  // the output log is to come to the front, if the settings say so
+};
+
+RunOutcome Run(DataSet& data, ProcedurePanel& panel, OutputLog& output, Platform& platform);
+
+}  // namespace tessara

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/session.h"
+
+// Menus and toolbar as data. Entries with the same id are the same command; a front end builds its actions from these
+// rows, asks UpdateCommand for their state, and sends each to ExecuteCommand.
+
+namespace tessara {
+
+// Icon alone, or icon and caption.
+enum class CommandStyle { kIcon = 0, kIconAndCaption = 3 };
+
+struct CommandControl {
+  int id = 0;
+  std::string_view caption;  // "&" ahead of the access letter
+  std::string_view tooltip;
+  bool begin_group = false;
+  CommandStyle style = CommandStyle::kIcon;
+  std::string_view icon;      // name in the icon theme
+  std::string_view shortcut;  // "Ctrl+O"
+};
+
+struct CommandMenu {
+  std::string_view title;
+  std::vector<CommandControl> commands;
+};
+
+const std::vector<CommandMenu>& MenuBar();
+const std::vector<CommandControl>& Toolbar();
+
+// What the rules need to know of the front end's widgets.
+struct WidgetState {
+  bool output_has_selection = false;
+  bool clipboard_has_text = false;
+};
+
+struct CommandState {
+  bool visible = false;
+  bool enabled = false;
+  std::string caption;  // empty: the caption of the control stands
+};
+
+CommandState UpdateCommand(const Session& session, int id, const WidgetState& widgets);
+
+// What is left to the front end after a command, because only it has the widget.
+enum class WidgetAction {
+  kNone,
+  kCloseFrame,
+  kSelectAll,
+  kCopy,
+  kPaste,
+  kCut,
+  kDefaultSize,
+  kToggleHelpPane,
+  kShowAbout,
+  kOpenHelp,
+};
+
+// Runs a command under the wait cursor. An id that no table names does nothing.
+WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets);
+
+}  // namespace tessara

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "data/data_file.h"
+#include "data/data_set.h"
+#include "platform/platform.h"
+#include "platform/settings_store.h"
+#include "presentation/output_log.h"
+#include "procedures/panel.h"
+#include "procedures/run.h"
+#include "shell/settings.h"
+
+// One session of the system: all its state, owned by the front end, and the operations that a command or a view calls.
+
+namespace tessara {
+
+enum class View : int {
+  kNone = 0,
+  ViewDataGrid = 1,
+  ViewStatProcs = 2,
+  ViewBrevarum = 3,
+  ViewOutput = 4,
+  ViewCharts = 5,
+  ViewGlossary = 6,
+  ViewHandbook = 7,
+  ViewTips = 8,
+};
+
+// The documents that the Documentation menu opens, in the order of their flags.
+inline constexpr std::array<std::string_view, 5> kDocumentFiles = {"UserManual.pdf", "Workbook.pdf", "Handbook.pdf",
+                                                                   "Brochure.pdf", "Discount.pdf"};
+
+struct Session {
+  Session(Platform& the_platform, SettingsStore& the_store) : platform(the_platform), settings_store(the_store) {}
+
+  Platform& platform;
+  SettingsStore& settings_store;
+  Settings settings;
+  DataSet data;
+  ProcedurePanel panel;
+  OutputLog output;
+
+  View ActiveView = View::ViewDataGrid;
+  bool help_pane_visible = false;
+  std::array<bool, kDocumentFiles.size()> documentation_found{};
+  // Set by an operation that wants a view in front; the front end brings it there and clears it.
+  View wanted_view = View::kNone;
+};
+
+// Start-up without a window: settings, the documentation flags, the folder "Tessara Data" in the user's documents, an
+// empty data set whose DataFilePath is the folder of data files, and the file of the command line, if any.
+void StartSession(Session& session, const Path& command_line_file);
+// The same without touching the user's documents and without a file: for the batch program.
+void StartBatchSession(Session& session);
+
+void TestDocumentationFiles(Session& session);
+
+// The data file flows with all that depends on them: panel lists, statistics, status panes.
+LoadOutcome OpenDataFile(Session& session);
+LoadOutcome OpenDataFile(Session& session, const Path& waiting_path);
+SaveOutcome SaveData(Session& session);
+SaveOutcome SaveDataAs(Session& session);
+void NewData(Session& session);
+
+// Changes the notes box: marks the data as changed.
+void SetProjectNotes(Session& session, std::string notes);
+
+// Runs the panel's procedure.
+RunOutcome RunPanel(Session& session);
+
+// A view has come to the front.
+void ActivateView(Session& session, View view);
+// The page of the help pane for a view, a file of the Help folder.
+std::string_view HelpPage(View view);
+// Rewrites the status panes 2 and 3, and stores the output box back in the views that ask for it. Called at each
+// refresh of the command state.
+void RefreshStatus(Session& session);
+
+void PlaySoundEffect(Session& session, std::string_view name);
+
+// The close request: both prompts. True when the close may go on.
+bool RequestClose(Session& session);
+
+}  // namespace tessara
