@@ -1,0 +1,1 @@
+#include "window/view_form.h"

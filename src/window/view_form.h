@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QWidget>
+
+#include "shell/command_table.h"
+#include "shell/session.h"
+
+// A view of the tabbed workspace. It only copies widgets into the session and shows the session again; what a user does
+// with it are operations of the core.
+
+namespace tessara {
+
+class ViewForm : public QWidget {
+  Q_OBJECT
+
+ public:
+  ViewForm(Session& session, View view, QWidget* parent = nullptr) : QWidget(parent), session_(session), view_(view) {}
+
+  View view() const { return view_; }
+
+  // Shows the session's state again; cheap when nothing has changed.
+  virtual void ShowSession() {}
+  // Copies what the user has entered into the session, ahead of every command.
+  virtual void StoreWidgets() {}
+  // Takes the keyboard focus to where the user goes on.
+  virtual void FocusFirst() { setFocus(); }
+  // What the command rules need to know of this view's widgets.
+  virtual WidgetState State() const { return {}; }
+  // The part of a command that only a widget can do: select all, copy, paste, cut.
+  virtual void Perform(WidgetAction action) { Q_UNUSED(action); }
+
+ signals:
+  // The user has asked for a command of the command table, by its id.
+  void CommandRequested(int id);
+  // The session has changed: the frame refreshes command state, panes and titles.
+  void SessionChanged();
+
+ protected:
+  Session& session() const { return session_; }
+
+ private:
+  Session& session_;
+  View view_;
+};
+
+}  // namespace tessara
