@@ -18,18 +18,24 @@
 
 namespace tessara {
 
-// The number that the whole text stands for, or nothing when the text is not numeric or its value is beyond the range
-// of a double. A value too small for a double is 0, and so is a zero of either sign.
-std::optional<double> ParseNumber(std::string_view text) noexcept;
+// Conversion: the number that the whole text stands for. Fails when the text is not numeric, the empty text among them,
+// or its value is beyond the range of a double. A value too small for a double is 0, and so is a zero of either sign.
+Checked ToNumber(std::string_view text) noexcept;
+
+// The same of a value; the empty tag gives 0.
+inline Checked ToNumber(const TaggedView& value) noexcept {
+  return value.is_text() ? ToNumber(value.text()) : Checked(value.number());
+}
+
+// The number that a text stands for, for callers that branch on whether there is one.
+inline std::optional<double> ParseNumber(std::string_view text) noexcept {
+  const Checked number = ToNumber(text);
+  return number.failed() ? std::nullopt : std::optional(number.value());
+}
 
 // The numeric test.
-inline bool IsNumeric(std::string_view text) noexcept { return ParseNumber(text).has_value(); }
+inline bool IsNumeric(std::string_view text) noexcept { return !ToNumber(text).failed(); }
 inline bool IsNumeric(const TaggedView& value) noexcept { return value.is_number() || IsNumeric(value.text()); }
-
-// Conversion of a value to a number. The empty tag gives 0; a text that is not numeric fails, the empty text among
-// them.
-Checked ToNumber(std::string_view text) noexcept;
-Checked ToNumber(const TaggedView& value) noexcept;
 
 // The value of the longest leading stretch that reads as a number (blanks skipped, no commas); 0 when there is none.
 // Fails when that number is beyond the range of a double.
