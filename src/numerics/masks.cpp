@@ -91,20 +91,18 @@ DecimalDigits RoundedDigits(double value, int shift, int decimals) {
 }
 
 void AppendUnderMask(const DecimalDigits& number, std::string_view mask, const MaskShape& shape, std::string& out) {
-  if (number.negative && number.count > 0) out += '-';
-  int power = std::max(number.exponent + 1, shape.whole_places) - 1;
-  int places_left = shape.whole_places;
-  for (std::size_t i = 0; i < mask.size(); ++i) {
-    // The digits that have no place of their own stand ahead of the first place, or of the point.
-    if (i == shape.first_place) {
-      while (power >= places_left) out += number.DigitAt(power--);
-    }
-    if (mask[i] == kPlace) {
-      out += number.DigitAt(power--);
-    } else {
-      out += mask[i];
-    }
-  }
+  const bool minus = number.negative && number.count > 0;
+  // The digits that have no place of their own stand ahead of the first place, or of the point.
+  const bool has_room = shape.first_place < mask.size();
+  const int extra_digits = has_room ? std::max(number.exponent + 1 - shape.whole_places, 0) : 0;
+  const std::size_t length = mask.size() + static_cast<std::size_t>(extra_digits) + (minus ? 1 : 0);
+  out.resize(out.size() + length);
+  char* p = out.data() + (out.size() - length);
+  if (minus) *p++ = '-';
+  p = std::copy_n(mask.data(), shape.first_place, p);
+  int power = extra_digits + shape.whole_places;
+  for (int i = 0; i < extra_digits; ++i) *p++ = number.DigitAt(--power);
+  for (char c : mask.substr(shape.first_place)) *p++ = c == kPlace ? number.DigitAt(--power) : c;
 }
 
 }  // namespace
