@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 
 namespace tessara {
@@ -22,6 +23,34 @@ bool ReachesItsDigits(double magnitude, const DecimalDigits& shown) {
   if (buffer[0] != shown.digits[0]) return buffer[0] > shown.digits[0];
   const std::string_view exact(buffer.data() + 2, static_cast<std::size_t>(shown.count - 1));
   return exact >= std::string_view(shown.digits.data() + 1, exact.size());
+}
+
+// Reads back what std::to_chars writes in scientific form, at most 20 digits of it.
+DecimalDigits ReadScientific(const char* p, const char* end) {
+  DecimalDigits result;
+  for (; *p != 'e'; ++p) {
+    if (*p != '.') result.digits[static_cast<std::size_t>(result.count++)] = *p;
+  }
+  ++p;
+  const bool below_one = *p++ == '-';
+  int exponent = 0;
+  for (; p != end; ++p) exponent = exponent * 10 + (*p - '0');
+  result.exponent = below_one ? -exponent : exponent;
+  return result;
+}
+
+// The shortest digits of a subnormal number can be too few to be rounded. Its exact digits are hundreds, so that no
+// half is among these numbers and the library's rounding of halves does not show.
+DecimalDigits SubnormalDigits(double value, int significant) {
+  if (value == 0) return {};
+  std::array<char, 32> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                 std::chars_format::scientific, significant - 1)
+                       .ptr;
+  DecimalDigits result = ReadScientific(buffer.data(), end);
+  result.negative = value < 0;
+  while (result.digits[static_cast<std::size_t>(result.count - 1)] == '0') --result.count;
+  return result;
 }
 
 }  // namespace
@@ -45,25 +74,17 @@ void DecimalDigits::RoundTo(int kept) noexcept {
 }
 
 DecimalDigits ShortestDigits(double value) noexcept {
-  DecimalDigits result;
-  if (value == 0 || !std::isfinite(value)) return result;
-  result.negative = value < 0;
+  if (value == 0 || !std::isfinite(value)) return {};
   std::array<char, 32> buffer;
-  const char* const end =
+  const auto end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value), std::chars_format::scientific).ptr;
-  const char* p = buffer.data();
-  for (; *p != 'e'; ++p) {
-    if (*p != '.') result.digits[static_cast<std::size_t>(result.count++)] = *p;
-  }
-  ++p;
-  const bool below_one = *p++ == '-';
-  int exponent = 0;
-  for (; p != end; ++p) exponent = exponent * 10 + (*p - '0');
-  result.exponent = below_one ? -exponent : exponent;
+  DecimalDigits result = ReadScientific(buffer.data(), end);
+  result.negative = value < 0;
   return result;
 }
 
 DecimalDigits SignificantDigits(double value, int significant) noexcept {
+  if (std::fabs(value) < std::numeric_limits<double>::min()) return SubnormalDigits(value, significant);
   // A half that separates two results is itself a text of one digit more. Were one strictly between the value and its
   // shortest digits, it would have been chosen in their stead; so the digits round like the value unless they are a
   // half.

@@ -26,7 +26,7 @@ constexpr double kPowersOfTen[kLargestExactPower + 1] = {1e0,  1e1,  1e2,  1e3, 
 constexpr int kDigitsInWord = 19;
 
 // Written exponents are cut off here: beyond any text's length, yet safe to add to one.
-constexpr std::int64_t kExponentCutOff = 1'000'000'000'000'000'000;
+constexpr std::int64_t kExponentCutOff = 100'000'000'000'000'000;
 
 // More significant digits than this never move the nearest double, but for whether all of them are zero.
 constexpr std::size_t kDecisiveDigits = 770;
