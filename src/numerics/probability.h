@@ -19,11 +19,12 @@ Checked TDistP(Checked df, Checked t);
 // Upper-tail p of F with d1 and d2 degrees of freedom: the incomplete beta at d2 / (d2 + d1 F).
 Checked FDistP(Checked d1, Checked d2, Checked f);
 
-// Upper-tail p of chi-square, by the lower series of the incomplete gamma function alone, stopping at 1e-07; a tiny true p
-// can come out as a tiny negative number. Fails for chi of 0 or less, and where the series overflows.
+// Upper-tail p of chi-square, by the lower series of the incomplete gamma function alone, stopping at 1e-07; a tiny
+// true p can come out as a tiny negative number. Fails for chi of 0 or less, and where the series overflows.
 Checked ChiSquareP(Checked df, Checked chi);
 
-// Area below z by Hill's algorithm AS 66 (Applied Statistics 22, 1973), cut at 1.28. The area at exactly 0 is given as 1.
+// Area below z by Hill's algorithm AS 66 (Applied Statistics 22, 1973), cut at 1.28. The area at exactly 0 is given
+// as 1.
 Checked NormalCdf(Checked z);
 
 // Regularised incomplete beta I_x(a, b), by the continued fraction below (Abramowitz and Stegun 26.5.8).
@@ -38,8 +39,8 @@ Checked LogGamma(Checked x);
 // Two-tailed .05 critical value of t for n - 1 degrees of freedom, from the printed table. Replaces n by n - 1.
 double TCritical95(Number& n);
 
-// x factorial, multiplied downward from x, the count rounded half to even first; 1 for anything below 2. Fails above 170
-// by overflow, and where the count has no 16 bits.
+// x factorial, multiplied downward from x, the count rounded half to even first; 1 for anything below 2. Fails above
+// 170 by overflow, and where the count has no 16 bits.
 Checked Factorial(Checked x);
 
 // Probability of this one 2x2 table under fixed margins. Each of the nine factorials is taken whole, so that a table of
@@ -52,8 +53,8 @@ Checked FisherExactP(Checked a, Checked b, Checked c, Checked d);
 // Chi-square of a 2x2 table with Yates' correction, not clipped at 0.
 Checked YatesChiSquare(Checked a, Checked b, Checked c, Checked d);
 
-// A ratio with its 95 percent interval, exp(ln(ratio) -+ 1.96 se). `filled` is 1 once the record has been computed. A value
-// that fails stays 0, as in any statement.
+// A ratio with its 95 percent interval, exp(ln(ratio) -+ 1.96 se). `filled` is 1 once the record has been computed. A
+// value that fails stays 0, as in any statement.
 struct RatioInterval {
   Number ratio;
   Number standard_error;

@@ -12,8 +12,8 @@ namespace tessara {
 
 inline constexpr std::string_view kLineEnd = "\r\n";
 
-// A number right-aligned in a width, with 1 to 5 decimals; any other count gives the general text. A text of more than 15
-// characters is shortened by way of single precision, once. One that is still wider than the width is never cut: it
+// A number right-aligned in a width, with 1 to 5 decimals; any other count gives the general text. A text of more than
+// 15 characters is shortened by way of single precision, once. One that is still wider than the width is never cut: it
 // follows two blanks and pushes the rest of the line to the right.
 std::string FormatCol(const TaggedView& value, int width, int decimals);
 std::string FormatCol(const Number& value, int width, int decimals);
