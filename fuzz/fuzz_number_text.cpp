@@ -52,7 +52,8 @@ void CheckSingleText(double value) {
 }
 
 void CheckDecimals(double value) {
-  constexpr double kLastFormInRange = 1.79769313486231e308;  // the form of the largest doubles is rounded out of the range
+  constexpr double kLastFormInRange =
+      1.79769313486231e308;  // the form of the largest doubles is rounded out of the range
   if (std::fabs(value) > kLastFormInRange) return;
   constexpr std::string_view kMasks[] = {"0", "0.0", "0.00", "0.000", "0.0000", "0.00000"};
   double unit = 1;
