@@ -20,8 +20,8 @@ Checked TDistP(Checked df, Checked t);
 Checked FDistP(Checked d1, Checked d2, Checked f);
 
 // Upper-tail p of chi-square, by the lower series of the incomplete gamma function alone (Abramowitz and
-// Stegun 6.5.29), stopping at 1e-07; a tiny true p can come out as a tiny negative number. Fails for chi of 0 or less,
-// and where the series overflows.
+// Stegun 6.5.29), stopping at 1e-07. Nothing is clipped: of a tiny true p the error of the series is left, and it could
+// be negative. Fails for chi of 0 or less, and where the series overflows (small df, chi between about 1420 and 1550).
 Checked ChiSquareP(Checked df, Checked chi);
 
 // Area below z by Hill's algorithm AS 66 (Applied Statistics 22, 1973), cut at 1.28. The area at exactly 0 is given
