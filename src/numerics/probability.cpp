@@ -10,8 +10,8 @@
 namespace tessara {
 namespace {
 
-// Beyond this many steps (df of 2E+07) the t series is replaced by its limit, which it has reached by then in every
-// digit.
+// Beyond this many steps (df of 2E+07) the t series gives way to its limit. By then the two differ by less than the
+// rounding that the series gathers on its way, 1E-09.
 constexpr double kMostSeriesSteps = 1e7;
 
 // One path of the t series as it enters its loop: what has been added up, the term added last, and the numbers that the

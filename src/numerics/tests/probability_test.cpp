@@ -117,12 +117,13 @@ TEST(TDistP, AHugeDfGivesTheNormalTail) {
 }
 
 TEST(TDistP, TheLimitContinuesTheSeries) {
-  // On either side of the longest series that is added up, the values differ by less than the roundings on the way.
+  // On either side of the longest series that is added up. There the cosine, rounded once by up to 6E-17, stands in the
+  // last term with a power of 2E+07: the added-up side is off by up to 1E-09.
   for (const double t : {0.001, 0.7, -2.0, 4.0}) {
-    EXPECT_NEAR(TDistP(20000002, t).value(), TDistP(20000004, t).value(), 2e-12) << t;
-    EXPECT_NEAR(TDistP(20000003, t).value(), TDistP(20000005, t).value(), 2e-12) << t;
+    EXPECT_NEAR(TDistP(20000002, t).value(), TDistP(20000004, t).value(), 1e-9) << t;
+    EXPECT_NEAR(TDistP(20000003, t).value(), TDistP(20000005, t).value(), 1e-9) << t;
   }
-  EXPECT_NEAR(TDistP(20000003.75, 2).value(), TDistP(20000005.75, 2).value(), 2e-12);
+  EXPECT_NEAR(TDistP(20000003.75, 2).value(), TDistP(20000005.75, 2).value(), 1e-9);
 }
 
 // F

@@ -66,7 +66,6 @@ TEST(HypergeometricTableP, IsTheProbabilityOfTheTable) {
 TEST(HypergeometricTableP, ACellOfZeroOrBelowCountsAsFactorialOne) {
   ExpectValue(HypergeometricTableP(-2, 8, 10, 0), 1.0 / 720720);  // 6! 10! 8! 8! / (8! 10! 16!)
   ExpectValue(HypergeometricTableP(-1, 7, 9, 1), 1.0 / 9009);
-  ExpectValue(HypergeometricTableP(-40000, 40001, 40002, -40000) + 1, 1);
 }
 
 TEST(HypergeometricTableP, ReachesTo170Cases) {
