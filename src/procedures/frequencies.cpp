@@ -94,7 +94,7 @@ FrequencyCases GatherFrequencies(const DataSet& data, const CaseControl& control
     if (!cases.categories.empty() && cases.categories.back().value.view() == item.value.view()) {
       cases.categories.back().count += item.count;
     } else {
-      cases.categories.push_back({std::move(item.value), item.count, below_zero && !below_zero.failed()});
+      cases.categories.push_back({std::move(item.value), item.count, item.number < 0});
     }
   }
   return cases;
