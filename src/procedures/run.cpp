@@ -97,8 +97,9 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Pl
   BeginRun(output);
   ProcedureRun run{.data = data, .panel = panel, .output = output, .platform = platform};
   outcome.refused = RunForAllVariables(run) == Step::kEndRun;
-  // A refused run has shown nothing: the box goes back to what the log holds.
-  if (outcome.refused) RefreshOutputView(output);
+  // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
+  // log.
+  if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
   // Frequencies and Descriptives are done; what they share with the independent variables is still to come.
   if (!outcome.refused && !panel.IndependentVariables.empty()) ComesNext(platform);
   outcome.aborted = run.aborted;

@@ -20,6 +20,11 @@ struct ProcedureRun {
 
   bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
   std::string ChartFootnote = {};  // the words of the control caption
+
+  // Sends a finished report to the output log.
+  void AppendReport(std::string report);
+  // Sends a title and message to the output log in the error frame, and marks the run.
+  void ReportError(std::string_view pending_text);
 };
 
 struct RunOutcome {

@@ -31,9 +31,9 @@ void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& waiting_
 
 // What the start of the window and that of the batch program have in common.
 void PrepareSession(Session& session) {
-  ReadSettings(session.settings, session.settings_store, session.platform.ProgramFolder());
+  ReadSettings(session.settings, session.settings_store, session.platform);
   TestDocumentationFiles(session);
-  session.help_pane_visible = session.settings.Op4 == 1;
+  session.help_pane_visible = session.settings.help_pane_at_start();
   MakeEmptyDataSet(session.data);
   session.data.DataFilePath = session.settings.Op14;
 }
