@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 
 namespace tessara {
 
@@ -165,7 +164,7 @@ std::optional<CalendarDay> ReadNumbers(const DigitRun& first, DateReader& reader
   return ExistingDay(*year, first.value, second->value);
 }
 
-std::string TwoDigits(int value) { return (value < 10 ? "0" : "") + std::to_string(value); }
+std::string TwoDigits(int value) { return {static_cast<char>('0' + value / 10), static_cast<char>('0' + value % 10)}; }
 
 }  // namespace
 

@@ -3,6 +3,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
 #include <string_view>
 
 namespace tessara {
@@ -24,6 +27,57 @@ bool ReachesItsDigits(double magnitude, const DecimalDigits& shown) {
   return exact >= std::string_view(shown.digits.data() + 1, exact.size());
 }
 
+void DropLastZeros(DecimalDigits& number) {
+  while (number.count > 0 && number.digits[static_cast<std::size_t>(number.count - 1)] == '0') --number.count;
+}
+
+// Reads back what std::to_chars writes in scientific form, at most 20 digits of it.
+DecimalDigits ReadScientific(const char* p, const char* end) {
+  DecimalDigits result;
+  for (; *p != 'e'; ++p) {
+    if (*p != '.') result.digits[static_cast<std::size_t>(result.count++)] = *p;
+  }
+  ++p;
+  const bool below_one = *p++ == '-';
+  int exponent = 0;
+  for (; p != end; ++p) exponent = exponent * 10 + (*p - '0');
+  result.exponent = below_one ? -exponent : exponent;
+  return result;
+}
+
+// Most numbers of a data set have a few decimals only. Where a whole number of up to 15 digits, divided by the power of
+// ten, is the value again, its digits are the shortest: no two texts of so few digits read as one double.
+std::optional<DecimalDigits> DigitsOfFewDecimals(double value) {
+  constexpr int kDecimals = 4;
+  constexpr double kScale = 1e4;
+  constexpr double kSixteenDigits = 1e15;
+  const double scaled = std::fabs(value) * kScale;
+  if (!(scaled < kSixteenDigits)) return std::nullopt;
+  const auto whole = static_cast<std::int64_t>(scaled + 0.5);
+  if (static_cast<double>(whole) / kScale != std::fabs(value)) return std::nullopt;
+  DecimalDigits result;
+  result.negative = value < 0;
+  const auto end = std::to_chars(result.digits.data(), result.digits.data() + result.digits.size(), whole).ptr;
+  result.count = static_cast<int>(end - result.digits.data());
+  result.exponent = result.count - 1 - kDecimals;
+  DropLastZeros(result);
+  return result;
+}
+
+// The shortest digits of a subnormal number can be too few to be rounded. Its exact digits are hundreds, so that no
+// half is among these numbers and the library's rounding of halves does not show.
+DecimalDigits SubnormalDigits(double value, int significant) {
+  if (value == 0) return {};
+  std::array<char, 32> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                 std::chars_format::scientific, significant - 1)
+                       .ptr;
+  DecimalDigits result = ReadScientific(buffer.data(), end);
+  result.negative = value < 0;
+  DropLastZeros(result);
+  return result;
+}
+
 }  // namespace
 
 void DecimalDigits::RoundTo(int kept) noexcept {
@@ -40,30 +94,23 @@ void DecimalDigits::RoundTo(int kept) noexcept {
       ++exponent;
     }
   }
-  while (count > 0 && digits[static_cast<std::size_t>(count - 1)] == '0') --count;
+  DropLastZeros(*this);
   if (count == 0) exponent = -1;
 }
 
 DecimalDigits ShortestDigits(double value) noexcept {
-  DecimalDigits result;
-  if (value == 0 || !std::isfinite(value)) return result;
-  result.negative = value < 0;
+  if (value == 0 || !std::isfinite(value)) return {};
+  if (const std::optional<DecimalDigits> few = DigitsOfFewDecimals(value)) return *few;
   std::array<char, 32> buffer;
-  const char* const end =
+  const auto end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value), std::chars_format::scientific).ptr;
-  const char* p = buffer.data();
-  for (; *p != 'e'; ++p) {
-    if (*p != '.') result.digits[static_cast<std::size_t>(result.count++)] = *p;
-  }
-  ++p;
-  const bool below_one = *p++ == '-';
-  int exponent = 0;
-  for (; p != end; ++p) exponent = exponent * 10 + (*p - '0');
-  result.exponent = below_one ? -exponent : exponent;
+  DecimalDigits result = ReadScientific(buffer.data(), end);
+  result.negative = value < 0;
   return result;
 }
 
 DecimalDigits SignificantDigits(double value, int significant) noexcept {
+  if (std::fabs(value) < std::numeric_limits<double>::min()) return SubnormalDigits(value, significant);
   // A half that separates two results is itself a text of one digit more. Were one strictly between the value and its
   // shortest digits, it would have been chosen in their stead; so the digits round like the value unless they are a
   // half.

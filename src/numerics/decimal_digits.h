@@ -28,7 +28,7 @@ struct DecimalDigits {
 // The shortest digits that read back as the same double, at most 17.
 DecimalDigits ShortestDigits(double value) noexcept;
 
-// The exact value rounded once to a number of significant digits, half away from zero.
+// The exact value rounded once to at most 17 significant digits, half away from zero.
 DecimalDigits SignificantDigits(double value, int significant) noexcept;
 
 }  // namespace tessara

@@ -19,8 +19,7 @@ constexpr char kPercent = '%';
 
 // What a mask asks for.
 struct MaskShape {
-  std::size_t
-      first_place;  // where the digits start: the first place or the point; the mask's length when it has neither
+  std::size_t first_place;  // of the places and the point, whichever comes first; the mask's length when it has neither
   int whole_places = 0;
   int decimals = 0;
   int shift = 0;  // the power of ten that the percent signs multiply by

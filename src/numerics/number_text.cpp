@@ -4,6 +4,8 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -13,7 +15,7 @@ namespace tessara {
 
 namespace {
 
-// ---- in ------------------------------------------------------------------------------------------------------------
+// Numbers in.
 
 // A whole number up to 2^53 and a power of ten up to 10^22 are exact doubles, so one multiplication or division of the
 // two is rounded once and gives the nearest double.
@@ -26,7 +28,7 @@ constexpr double kPowersOfTen[kLargestExactPower + 1] = {1e0,  1e1,  1e2,  1e3, 
 constexpr int kDigitsInWord = 19;
 
 // Written exponents are cut off here: beyond any text's length, yet safe to add to one.
-constexpr std::int64_t kExponentCutOff = 1'000'000'000'000'000'000;
+constexpr std::int64_t kExponentCutOff = 100'000'000'000'000'000;
 
 // More significant digits than this never move the nearest double, but for whether all of them are zero.
 constexpr std::size_t kDecisiveDigits = 770;
@@ -103,7 +105,6 @@ class SignificantText {
     for (char c : span.whole) {
       if (c != ',') Take(c);
     }
-    exponent_ = dropped_;
     for (char c : span.fraction) Take(c);
     exponent_ = dropped_ - static_cast<std::int64_t>(span.fraction.size()) + span.exponent;
     if (rest_counts_) {
@@ -118,8 +119,7 @@ class SignificantText {
 
   // The nearest double when it can be had by one exact step.
   std::optional<double> Exactly() const {
-    if (count_ > kDigitsInWord || exponent_ < -kLargestExactPower || exponent_ > kLargestExactPower)
-      return std::nullopt;
+    if (count_ > kDigitsInWord || std::abs(exponent_) > kLargestExactPower) return std::nullopt;
     std::uint64_t whole = 0;
     for (std::size_t i = 0; i < count_; ++i) whole = whole * 10 + DigitValue(digits_[i]);
     if (whole > kLargestExactWhole) return std::nullopt;
@@ -176,7 +176,7 @@ Checked ConvertAnyNumber(const char* begin, const char* end) {
   return span.found && span.end == end ? ValueOf(span) : Checked::Failed();
 }
 
-// ---- out -----------------------------------------------------------------------------------------------------------
+// Numbers out.
 
 // From this exponent down, numbers are written with an exponent, and from the first power that is given up.
 constexpr int kLastExponentForm = -6;
@@ -232,8 +232,9 @@ Checked ToNumber(std::string_view text) noexcept {
     decimals = p - fraction;
     count += decimals;
   }
-  if (p != end || count == 0 || count > kDigitsInWord || whole > kLargestExactWhole)
+  if (p != end || count == 0 || count > kDigitsInWord || whole > kLargestExactWhole) {
     return ConvertAnyNumber(begin, end);
+  }
   double value = static_cast<double>(static_cast<std::int64_t>(whole));
   if (decimals != 0) value /= kPowersOfTen[decimals];
   // The sign without a branch, which random signs would mispredict; adding 0 leaves a zero without one.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -36,6 +37,16 @@ inline std::optional<double> ParseNumber(std::string_view text) noexcept {
 // The numeric test.
 inline bool IsNumeric(std::string_view text) noexcept { return !ToNumber(text).failed(); }
 inline bool IsNumeric(const TaggedView& value) noexcept { return value.is_number() || IsNumeric(value.text()); }
+
+// Any kind of string is a text here, though a tagged value could be made of it as well.
+template <std::convertible_to<std::string_view> Text>
+Checked ToNumber(const Text& text) noexcept {
+  return ToNumber(std::string_view(text));
+}
+template <std::convertible_to<std::string_view> Text>
+bool IsNumeric(const Text& text) noexcept {
+  return IsNumeric(std::string_view(text));
+}
 
 // The value of the longest leading stretch that reads as a number (blanks skipped, no commas); 0 when there is none.
 // Fails when that number is beyond the range of a double.
