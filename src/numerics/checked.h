@@ -8,8 +8,8 @@
 // Arithmetic that may fail, and what a failure leaves behind.
 //
 // A statement of a procedure that fails (a division by zero, a result beyond the range of a double, the logarithm of 0)
-// assigns nothing: its target keeps the value that it had. The three types here carry that rule, so that a formula reads
-// like the algorithm and no guard can be forgotten:
+// assigns nothing: its target keeps the value that it had. The three types here carry that rule, so that a formula
+// reads like the algorithm and no guard can be forgotten:
 //
 //   Checked    what an expression yields: a finite double, or failed. Failure sticks: 1 / (1 / 0) has failed.
 //   Number     what a statement assigns to: starts at 0, and ignores a failed Checked. Always finite.
@@ -22,7 +22,7 @@ class Number;
 class Checked {
  public:
   Checked(double value) : value_(std::isfinite(value) ? value : kFailedMark) {}  // NOLINT: implicit by design
-  Checked(const Number& number);                                                  // NOLINT: implicit by design
+  Checked(const Number& number);                                                 // NOLINT: implicit by design
 
   static Checked Failed() { return Checked(kFailedMark); }
 
@@ -48,6 +48,7 @@ class Number {
     if (!value.failed()) value_ = value.value();
     return *this;
   }
+  Number& operator=(double value) { return *this = Checked(value); }
 
   double value() const { return value_; }
 
@@ -74,7 +75,9 @@ inline Checked Abs(Checked x) { return {std::fabs(x.value())}; }
 inline Checked Floor(Checked x) { return {std::floor(x.value())}; }
 inline Checked Sqrt(Checked x) { return {std::sqrt(x.value())}; }
 inline Checked Exp(Checked x) { return {std::exp(x.value())}; }
-inline Checked Log(Checked x) { return {x.value() > 0 ? std::log(x.value()) : std::numeric_limits<double>::quiet_NaN()}; }
+inline Checked Log(Checked x) {
+  return {x.value() > 0 ? std::log(x.value()) : std::numeric_limits<double>::quiet_NaN()};
+}
 inline Checked Power(Checked base, Checked exponent) {
   if (base.failed() || exponent.failed()) return Checked::Failed();  // pow(1, NaN) would be 1
   return {std::pow(base.value(), exponent.value())};
@@ -109,6 +112,10 @@ inline Condition operator||(Condition a, Condition b) {
   if (a.failed() || b.failed()) return Condition::Failed();
   return {static_cast<bool>(a) || static_cast<bool>(b)};
 }
+inline Condition operator&&(bool a, Condition b) { return Condition(a) && b; }
+inline Condition operator&&(Condition a, bool b) { return a && Condition(b); }
+inline Condition operator||(bool a, Condition b) { return Condition(a) || b; }
+inline Condition operator||(Condition a, bool b) { return a || Condition(b); }
 
 inline Condition CompareChecked(Checked a, Checked b, bool holds) {
   return a.failed() || b.failed() ? Condition::Failed() : Condition(holds);

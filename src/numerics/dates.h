@@ -29,8 +29,8 @@ struct DateTime {
 
 // The day that a text stands for, blanks around it allowed: m/d/yy, m/d/yyyy (also with "-" or "."), yyyy-mm-dd,
 // yyyy/mm/dd, d mmm yyyy, mmm d, yyyy and mmm d yyyy with English month names, full or of three letters, in any case. A
-// two-digit year below 30 is 20yy, else 19yy; beside a month's name a year has four digits. Nothing for any other text and
-// for days that do not exist.
+// two-digit year below 30 is 20yy, else 19yy; beside a month's name a year has four digits. Nothing for any other text
+// and for days that do not exist.
 std::optional<CalendarDay> ParseDate(std::string_view text) noexcept;
 
 // The date test.

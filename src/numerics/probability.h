@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-
 #include "numerics/checked.h"
 
 // The probability kit below every report: p-values, one table of critical values, and the measures of a 2x2 table. Each
@@ -13,47 +11,55 @@
 namespace tessara {
 
 // Two-tailed p of Student's t, by the finite series of Abramowitz and Stegun 26.7.3 and 26.7.4, with 1 - 2/pi kept to
-// eight digits. df may be fractional. Takes about df / 2 steps. Fails for df of 0 or less.
+// eight digits. df may be fractional. Takes about df / 2 steps, a tenth of a second at the most. Fails for df of 0 or
+// less.
 Checked TDistP(Checked df, Checked t);
 
-// Upper-tail p of F with d1 and d2 degrees of freedom: the incomplete beta at d2 / (d2 + d1 F).
+// Upper-tail p of F with d1 and d2 degrees of freedom: the incomplete beta at d2 / (d2 + d1 F) (Abramowitz and Stegun
+// 26.6.2). Fails for an F below 0 and where a degree of freedom is 0.
 Checked FDistP(Checked d1, Checked d2, Checked f);
 
-// Upper-tail p of chi-square, by the lower series of the incomplete gamma function alone, stopping at 1e-07; a tiny true p
-// can come out as a tiny negative number. Fails for chi of 0 or less, and where the series overflows.
+// Upper-tail p of chi-square, by the lower series of the incomplete gamma function alone (Abramowitz and
+// Stegun 6.5.29), stopping at 1e-07. Nothing is clipped: of a tiny true p the error of the series is left, and it could
+// be negative. Fails for chi of 0 or less, and where the series overflows (small df, chi between about 1420 and 1550).
 Checked ChiSquareP(Checked df, Checked chi);
 
-// Area below z by Hill's algorithm AS 66 (Applied Statistics 22, 1973), cut at 1.28. The area at exactly 0 is given as 1.
+// Area below z by Hill's algorithm AS 66 (Applied Statistics 22, 1973), cut at 1.28. The area at exactly 0 is given
+// as 1. Fails where the square of z overflows, for |z| beyond 1E+154.
 Checked NormalCdf(Checked z);
 
-// Regularised incomplete beta I_x(a, b), by the continued fraction below (Abramowitz and Stegun 26.5.8).
+// Regularised incomplete beta I_x(a, b), by the continued fraction below (Abramowitz and Stegun 26.5.8). x is not
+// tested; outside 0 to 1 it fails by its logarithms.
 Checked BetaIncomplete(Checked a, Checked b, Checked x);
 
-// Lentz's modified method (Thompson and Barnett 1986): at most 100 rounds, tolerance 3e-08, floor 1e-30.
+// Lentz's modified method (Thompson and Barnett 1986): at most 100 rounds, tolerance 3e-08, floor 1e-30. That the
+// rounds ran out is not told.
 Checked BetaContinuedFraction(Checked a, Checked b, Checked x);
 
 // Natural log of gamma(x), x above 0: Lanczos' series with six terms (SIAM Journal on Numerical Analysis B 1, 1964).
 Checked LogGamma(Checked x);
 
-// Two-tailed .05 critical value of t for n - 1 degrees of freedom, from the printed table. Replaces n by n - 1.
+// Two-tailed .05 critical value of t for n - 1 degrees of freedom, from the printed table (1.96 where it has no row, so
+// also for n of 1 or less). Replaces n by n - 1.
 double TCritical95(Number& n);
 
-// x factorial, multiplied downward from x, the count rounded half to even first; 1 for anything below 2. Fails above 170
-// by overflow, and where the count has no 16 bits.
+// x factorial, multiplied downward from x, the count rounded half to even first; 1 for anything below 2. Fails above
+// 170 by overflow, and where the count has no 16 bits.
 Checked Factorial(Checked x);
 
-// Probability of this one 2x2 table under fixed margins. Each of the nine factorials is taken whole, so that a table of
-// more than 170 cases fails.
+// Probability of this one 2x2 table under fixed margins (Fisher 1934). Each of the nine factorials is taken whole, so
+// that a table of more than 170 cases fails. A cell of 0 or below counts as factorial 1.
 Checked HypergeometricTableP(Checked a, Checked b, Checked c, Checked d);
 
-// Fisher's exact test, two-tailed by doubling one end of the table, never above 1.
+// Fisher's exact test, two-tailed by doubling one end of the table, never above 1. Fails for more than 170 cases.
 Checked FisherExactP(Checked a, Checked b, Checked c, Checked d);
 
-// Chi-square of a 2x2 table with Yates' correction, not clipped at 0.
+// Chi-square of a 2x2 table with Yates' correction (Yates 1934); a difference smaller than the correction is not
+// clipped at 0. Fails where a margin is 0.
 Checked YatesChiSquare(Checked a, Checked b, Checked c, Checked d);
 
-// A ratio with its 95 percent interval, exp(ln(ratio) -+ 1.96 se). `filled` is 1 once the record has been computed. A value
-// that fails stays 0, as in any statement.
+// A ratio with the standard error of its logarithm and its 95 percent interval, exp(ln(ratio) -+ 1.96 se). `filled` is
+// 1 once the record has been computed whole.
 struct RatioInterval {
   Number ratio;
   Number standard_error;
@@ -62,7 +68,9 @@ struct RatioInterval {
   Number filled;
 };
 
-// Fails as a whole at its first failing step: `filled` stays 0 then, and the values ahead of that step stand.
+// The odds ratio ad / bc by Woolf's method (Woolf 1955), and the risk ratio taken down the columns, a / (a + c) over
+// b / (b + d), by the logarithmic method (Katz and others 1978). Either ends at its first failing step: `filled` stays
+// 0 then, and the values ahead of that step stand. A cell of 0 fails the odds ratio, a or b of 0 the risk ratio.
 RatioInterval OddsRatioInterval(Checked a, Checked b, Checked c, Checked d);
 RatioInterval RiskRatioInterval(Checked a, Checked b, Checked c, Checked d);
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
-// Sums over cases. They run in one double, from left to right in the order of the cases: no lanes and no pairwise sums, so
-// that every build prints the same digits.
+// Sums over cases. They run in one double, from left to right in the order of the cases: no lanes and no pairwise sums,
+// so that every build prints the same digits.
 
 namespace tessara {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-// A tagged value holds nothing, a text or a number. Cells of a loaded file are always texts, so the text 0 and the number
-// 0 are two things: the number 0 counts as blank, the text does not.
+// A tagged value holds nothing, a text or a number. Cells of a loaded file are always texts, so the text 0 and the
+// number 0 are two things: the number 0 counts as blank, the text does not.
 
 namespace tessara {
 
@@ -17,7 +17,7 @@ enum class Tag : std::uint8_t { kEmpty, kText, kNumber };
 class TaggedView {
  public:
   TaggedView() = default;
-  TaggedView(std::string_view text) : tag_(Tag::kText), text_(text) {}       // NOLINT: implicit by design
+  TaggedView(std::string_view text) : tag_(Tag::kText), text_(text) {}         // NOLINT: implicit by design
   TaggedView(const std::string& text) : TaggedView(std::string_view(text)) {}  // NOLINT: implicit by design
   TaggedView(const char* text) : TaggedView(std::string_view(text)) {}         // NOLINT: implicit by design
   TaggedView(double number) : tag_(Tag::kNumber), number_(number) {}           // NOLINT: implicit by design
@@ -40,8 +40,8 @@ class TaggedView {
   double number_ = 0;
 };
 
-// The order of tagged values: numbers ahead of texts and by value, texts byte by byte, unsigned. The empty tag counts as
-// the empty text.
+// The order of tagged values: numbers ahead of texts and by value, texts byte by byte, unsigned. The empty tag counts
+// as the empty text.
 inline bool TaggedLess(const TaggedView& a, const TaggedView& b) {
   if (a.is_number() != b.is_number()) return a.is_number();
   return a.is_number() ? a.number() < b.number() : a.text() < b.text();

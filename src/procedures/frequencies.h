@@ -7,6 +7,7 @@
 #include "data/data_set.h"
 #include "data/value_labels.h"
 #include "numerics/checked.h"
+#include "numerics/tagged_value.h"
 #include "procedures/case_control.h"
 #include "procedures/run.h"
 
@@ -15,19 +16,17 @@
 
 namespace tessara {
 
-// The accepted cases, counted by value. A value's place in the table and its text come from the ordering rules below.
+// The accepted cases of a variable, counted by value, in the order of the report.
 struct FrequencyCases {
   struct Category {
-    std::string text;             // as it is sorted: left-padded to 20 while all values ahead of it are numeric
-    bool is_number_cell = false;  // a number cell behind the first text, sorted ahead of all texts
-    double number = 0;            // of a numeric value
+    TaggedValue value;  // as it was sorted: padded on the left to 20 while no text had been met
     std::size_t count = 0;
-    bool shifted = false;  // the row starts one column further right when a negative value was seen
+    bool below_zero = false;
   };
-  std::vector<Category> categories;  // in the order of the report
-  std::size_t record_count = 0;      // trimmed
+  std::vector<Category> categories;
   std::size_t accepted = 0;
-  bool negative_seen = false;  // a value below 0, or one that could not be compared with 0
+  std::size_t record_count = 0;
+  bool negative_seen = false;  // a value below 0, or a text, which cannot be compared with 0
 };
 
 struct FrequencyTable {
@@ -42,6 +41,7 @@ struct FrequencyTable {
   Number index_of_dispersion;
 };
 
+// Takes role 1's missing values and the counts as they stand in the data set.
 FrequencyCases GatherFrequencies(const DataSet& data, const CaseControl& control, std::size_t column);
 FrequencyTable ComputeFrequencies(const FrequencyCases& cases);
 

@@ -1,0 +1,18 @@
+#include <string>
+#include <utility>
+
+#include "procedures/run.h"
+
+namespace tessara {
+
+void ProcedureRun::AppendReport(std::string report) {
+  output.ReportText = std::move(report);
+  tessara::AppendReport(output);
+}
+
+void ProcedureRun::ReportError(std::string_view pending_text) {
+  aborted = true;
+  tessara::ReportError(output, pending_text);
+}
+
+}  // namespace tessara
