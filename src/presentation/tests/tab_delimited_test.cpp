@@ -11,7 +11,11 @@
 namespace tessara {
 namespace {
 
-std::string Gap(int blanks) { return "a" + std::string(static_cast<std::size_t>(blanks), ' ') + "b"; }
+std::string Gap(std::size_t blanks) {
+  std::string text = "ab";
+  text.insert(1, blanks, ' ');
+  return text;
+}
 
 TEST(TabDelimited, SingleBlanksStay) {
   EXPECT_EQ(TabDelimited("Descriptive Statistics"), "Descriptive Statistics");
@@ -19,7 +23,7 @@ TEST(TabDelimited, SingleBlanksStay) {
 }
 
 TEST(TabDelimited, GapOfUpTo30BlanksBecomesOneTab) {
-  for (const int blanks : {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 15, 20, 30}) {
+  for (const std::size_t blanks : {2u, 3u, 4u, 5u, 6u, 7u, 8u, 9u, 10u, 11u, 15u, 20u, 30u}) {
     EXPECT_EQ(TabDelimited(Gap(blanks)), "a\tb") << blanks;
   }
 }
