@@ -19,6 +19,16 @@ std::string Unguarded(const std::string& word) { return word.starts_with(kGuard)
 
 bool LooksLikeOption(std::string_view word) { return word.size() > 1 && word.starts_with('-') && word != "--"; }
 
+// In the words of the other messages.
+std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::string>& left) {
+  const auto unknown = std::ranges::find_if(left, LooksLikeOption);
+  if (unknown != left.end()) return "unknown option " + Quoted(*unknown);
+  const std::string text = error.what();
+  if (const std::size_t colon = text.find(": "); colon != std::string::npos)
+    return text.substr(0, colon) + " needs a value";
+  return "--" + text.substr(0, text.find(' ')) + " takes no value";
+}
+
 }  // namespace
 
 std::string_view LongName(std::string_view names) {
@@ -49,11 +59,11 @@ WordParser::WordParser(std::span<const OptionRow> options, WordOrder order) : bo
     if (row.takes == OptionValue::kNone) option->disable_flag_override();
     if (row.takes == OptionValue::kNeeded) option->expected(1);
     if (row.takes == OptionValue::kPossible) option->expected(0, 1);
-    option->type_name(std::string(row.value));
+    option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);  // Parse tells of repetitions
     body_->options.emplace_back(LongName(row.names), option);
   }
   if (order == WordOrder::kAnywhere) {
-    body_->plain_words = app.add_option("word")->expected(-1)->allow_extra_args();
+    body_->plain_words = app.add_option("word")->expected(-1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   } else {
     app.prefix_command();
   }
@@ -73,13 +83,12 @@ CommandWords WordParser::Parse(std::span<const std::string> words) {
   try {
     body_->app.parse(std::move(reversed));
   } catch (const CLI::ParseError& error) {
-    const std::vector<std::string> left = body_->app.remaining();
-    const auto unknown = std::find_if(left.begin(), left.end(), LooksLikeOption);
-    result.error = unknown == left.end() ? std::string(error.what()) : "unknown option " + Quoted(*unknown);
+    result.error = WhatIsWrong(error, body_->app.remaining());
     return result;
   }
   for (const auto& [name, option] : body_->options) {
     if (option->count() == 0) continue;
+    if (option->count() > 1) result.error = std::string(name) + " is given twice";
     const std::string value = option->results().empty() ? std::string() : option->results().front();
     result.options.emplace_back(name, Unguarded(value));
   }

@@ -39,7 +39,7 @@ void PreparePanel(Batch& batch, Procedure procedure, const VariableLists& variab
     AddAnalysisVariable(session.data, session.panel, batch.platform, {column});
   }
   for (const std::size_t column : variables.second) {
-    AddIndependentVariable(session.data, session.panel, batch.platform, {column});
+    AddIndependentVariable(session.panel, batch.platform, {column});
   }
 }
 
@@ -65,7 +65,7 @@ CommandResult Control(Batch& batch, const CommandWords& words) {
   if (!column) return NotUnderstood(UnknownVariable(variable));
 
   ResetControl(session.data, session.panel);
-  SetControlVariable(session.data, session.panel, batch.platform, {*column});
+  SetControlVariable(session.data, batch.platform, {*column});
   ControlChoice& choice = session.panel.control;
   for (const RelationWord& row : kRelations) {
     const auto value = words.Value(row.option);
