@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <set>
 
 #include "numerics/number_text.h"
 
@@ -22,11 +24,10 @@ void AskForVariable(Platform& platform) {
   platform.ShowMessage({"Procedure Aborted", "You must select a variable from the list"});
 }
 
-void RemovePlaces(std::vector<std::size_t>& list, std::vector<std::size_t> places) {
-  std::ranges::sort(places, std::greater{});  // from behind, so that the places ahead keep their numbers
-  const auto repeated = std::ranges::unique(places);
-  places.erase(repeated.begin(), repeated.end());
-  for (const std::size_t place : places) {
+void RemovePlaces(std::vector<std::size_t>& list, const std::vector<std::size_t>& places) {
+  // From behind, so that the places ahead keep their numbers.
+  const std::set<std::size_t, std::greater<>> descending(places.begin(), places.end());
+  for (const std::size_t place : descending) {
     if (place < list.size()) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
   }
 }
