@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QPointer>
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "platform/platform.h"
+
+class QLabel;
+class QPrinter;
+class QSoundEffect;
+class QWidget;
+
+// The outside as the window gives it to the core.
+
+namespace tessara {
+
+class ProgressForm;
+
+struct PlatformFolders {
+  Path program;
+  Path documents;
+};
+
+// The program folder of the running executable and the documents folder of the user's system.
+PlatformFolders SystemFolders();
+
+class QtPlatform : public Platform {
+ public:
+  explicit QtPlatform(PlatformFolders folders = SystemFolders());
+  ~QtPlatform() override;
+  QtPlatform(const QtPlatform&) = delete;
+  QtPlatform& operator=(const QtPlatform&) = delete;
+
+  // The frame that dialogs belong to, its three panes, and what it does ahead of each dialog.
+  void AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog);
+
+  // Prints and prints again are one job each; the printer that the user chose stays chosen.
+  QPrinter& Printer();
+
+  std::optional<ChosenFile> AskOpenFile(const FileDialog& dialog) override;
+  std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
+  std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
+  Answer ShowMessage(const MessageBox& box) override;
+  bool PrintPages(const std::vector<std::string>& pages) override;
+  void ShowWaitCursor() override;
+  void HideWaitCursor() override;
+  void SetStatusPane(int pane, const std::string& text) override;
+  void ShowProgress(double minimum, double maximum, const std::string& caption) override;
+  bool UpdateProgress(double value) override;
+  void HideProgress() override;
+  std::string ClipboardText() override;
+  void SetClipboardText(const std::string& text) override;
+  bool PlaySoundFile(const Path& path) override;
+  bool OpenDocument(const std::string& address) override;
+  DateTime Now() override;
+  std::uint64_t Entropy() override;
+  Path ProgramFolder() override;
+  Path DocumentsFolder() override;
+
+ protected:
+  // Ahead of every dialog, also of one that a test answers.
+  void BeforeDialog();
+
+ private:
+  std::optional<ChosenFile> AskFile(const FileDialog& dialog, bool to_save);
+
+  PlatformFolders folders_;
+  QPointer<QWidget> frame_;
+  std::array<QPointer<QLabel>, 3> panes_;
+  std::array<std::string, 3> pane_texts_;
+  std::function<void()> before_dialog_;
+  std::unique_ptr<QPrinter> printer_;
+  std::unique_ptr<ProgressForm> progress_;
+  std::unique_ptr<QSoundEffect> sound_;
+};
+
+}  // namespace tessara
