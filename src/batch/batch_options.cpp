@@ -40,7 +40,7 @@ class CommandLineReader {
     TakeOptions();
     if (Going() && !IsCommandName(rest_.front())) {
       TakeDataFile();
-      if (!options_ended_) TakeOptions();
+      if (Going() && !options_ended_) TakeOptions();
     }
     if (Going()) TakeCommand();
     if (options_.error.empty()) Interpret();
