@@ -7,7 +7,7 @@
 packages_of() {
   case "$1" in
     build) echo "g++ cmake ninja-build ccache libcli11-dev" ;;
-    window) echo "qt6-base-dev libqt6svg6-dev qt6-multimedia-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
+    window) echo "qt6-base-dev qt6-svg-dev qt6-multimedia-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
     test) echo "libgtest-dev clang clang-format libclang-rt-14-dev" ;;
   esac
 }
@@ -19,6 +19,7 @@ is_installed() {
 need_packages() {
   command -v dpkg-query >/dev/null 2>&1 || return 0  # another system: its own package manager is its user's
   missing=
+  wanted=
   for group in "$@"; do
     for package in $(packages_of "$group"); do
       is_installed "$package" || missing="$missing $package"
@@ -37,7 +38,7 @@ need_packages() {
     if ! apt-cache show "$package" >/dev/null 2>&1; then
       case "$package" in
         libclang-rt-14-dev) package=$(apt-cache pkgnames libclang-rt- | grep -E '^libclang-rt-[0-9]+-dev$' | sort -V | tail -n 1) ;;
-        libqt6svg6-dev) package=qt6-svg-dev ;;
+        qt6-svg-dev) package=libqt6svg6-dev ;;
       esac
     fi
     wanted="$wanted $package"

@@ -268,15 +268,19 @@ Path ExecutableFolder() {
 #endif
 }
 
-Path FindProgramFolder() {
-  const Path folder = ExecutableFolder();
+Path FindProgramFolder(const Path& executable_folder) {
+  namespace fs = std::filesystem;
   std::error_code error;
-  if (std::filesystem::is_directory(folder / "Data", error)) return folder;
-  std::ifstream note(folder / "program-folder.txt");
+  const bool installed =
+      fs::is_directory(executable_folder / "Data", error) && fs::is_directory(executable_folder / "Help", error);
+  if (installed) return executable_folder;
+  std::ifstream note(executable_folder / "program-folder.txt");
   std::string line;
   if (std::getline(note, line) && !line.empty()) return PathFromUtf8(line);
-  return folder;
+  return executable_folder;
 }
+
+Path FindProgramFolder() { return FindProgramFolder(ExecutableFolder()); }
 
 Path UserDocumentsFolder() {
 #if defined(_WIN32)

@@ -5,7 +5,6 @@
 #include "presentation/tab_delimited.h"
 
 namespace tessara {
-
 namespace {
 
 constexpr int kMessagePane = 1;
@@ -158,9 +157,12 @@ void OpenDocumentation(Session& session, int id) {
                                 "version 4.0 or later installed on your computer."});
 }
 
-// A command that acts on the widgets of the views with a selection.
-WidgetAction ForSelection(const Session& session, WidgetAction action) {
-  return InClipboardView(session) && ViewIsLive(session) ? action : WidgetAction::kNone;
+// What acts on the selection of a widget: in the grid for reading only.
+WidgetAction ForReading(const Session& session, WidgetAction action) {
+  return InView(session, View::ViewDataGrid) || InView(session, View::ViewOutput) ? action : WidgetAction::kNone;
+}
+WidgetAction ForEditing(const Session& session, WidgetAction action) {
+  return InView(session, View::ViewOutput) ? action : WidgetAction::kNone;
 }
 
 }  // namespace
@@ -303,16 +305,16 @@ WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets
       SaveAs(session);
       break;
     case 204:
-      return ForSelection(session, WidgetAction::kSelectAll);
+      return ForReading(session, WidgetAction::kSelectAll);
     case 205:
-      return ForSelection(session, WidgetAction::kCopy);
+      return ForReading(session, WidgetAction::kCopy);
     case 206:
-      return ForSelection(session, WidgetAction::kPaste);
+      return ForEditing(session, WidgetAction::kPaste);
     case 211:
       ConvertOutput(session);
       break;
     case 213:
-      return ForSelection(session, WidgetAction::kCut);
+      return ForEditing(session, WidgetAction::kCut);
     case 308:
       RunProcedure(session);
       break;

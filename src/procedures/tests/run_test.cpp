@@ -1,0 +1,232 @@
+#include "procedures/run.h"
+
+#include <gtest/gtest.h>
+
+#include "data/cell_block.h"
+#include "platform/scripted_platform.h"
+
+namespace tessara {
+namespace {
+
+constexpr const char* kAborted = "Procedure Aborted";
+constexpr const char* kTryAgain = "Try Again!";
+
+class RunTest : public testing::Test {
+ protected:
+  // V1 holds 1 2 3, V2 holds 4 5 7; V3 is blank.
+  RunTest() {
+    MakeEmptyDataSet(data);
+    const char* cells[2][3] = {{"1", "2", "3"}, {"4", "5", "7"}};
+    for (std::size_t column = 1; column <= 2; ++column) {
+      for (std::size_t record = 0; record < 3; ++record) {
+        data.matrix.SetText(kFirstRecordRow + record, column, cells[column - 1][record]);
+      }
+    }
+  }
+
+  void Select(Procedure procedure, std::vector<std::size_t> analysis, std::vector<std::size_t> independent = {}) {
+    SelectProcedure(panel, procedure);
+    panel.SelectedVariables = std::move(analysis);
+    panel.IndependentVariables = std::move(independent);
+    data.SelectedVariableCount = panel.SelectedVariables.size();
+  }
+
+  RunOutcome RunNow() {
+    const RunOutcome outcome = tessara::Run(data, panel, output, platform);
+    EXPECT_EQ(platform.wait_cursors, 0);  // off on every path
+    EXPECT_EQ(platform.most_wait_cursors, 1);
+    return outcome;
+  }
+
+  void ExpectRefusal(const RunOutcome& outcome, const std::string& title, const std::string& text) const {
+    EXPECT_TRUE(outcome.refused);
+    EXPECT_FALSE(outcome.show_output);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].title, title);
+    EXPECT_EQ(platform.messages[0].text, text);
+    EXPECT_EQ(platform.messages[0].tone, Tone::kRefusal);
+  }
+
+  void ExpectComesNext(const RunOutcome& outcome) const {
+    EXPECT_TRUE(outcome.refused);
+    EXPECT_FALSE(outcome.show_output);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].title, kTryAgain);
+    EXPECT_NE(platform.messages[0].text.find("comes next"), std::string::npos);
+  }
+
+  static std::size_t Occurrences(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
+    return count;
+  }
+
+  DataSet data;
+  ProcedurePanel panel;
+  OutputLog output;
+  ScriptedPlatform platform;
+};
+
+TEST_F(RunTest, NoVariable) {
+  Select(Procedure::kFrequencies, {});
+  ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
+}
+
+TEST_F(RunTest, NoVariableComesAheadOfNoProcedure) {
+  ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
+}
+
+TEST_F(RunTest, IndependentVariablesAloneAreNoSelection) {
+  Select(Procedure::kCrosstabulation, {}, {2});
+  data.RoleVariable[kControlRole] = 1;
+  ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
+}
+
+TEST_F(RunTest, NoProcedure) {
+  Select(Procedure::kNone, {1, 2});
+  ExpectRefusal(RunNow(), kTryAgain, "Please select a statistical procedure.");
+  EXPECT_EQ(output.OutputLogText, "");
+}
+
+TEST_F(RunTest, AControlVariableAloneIsASubsetRequestAndNoError) {
+  data.RoleVariable[kControlRole] = 1;
+  ExpectComesNext(RunNow());
+  EXPECT_EQ(data.RecordCount, kNewRecordCount);
+}
+
+TEST_F(RunTest, AControlVariableBeyondTheDataIsNoSubsetRequest) {
+  data.RoleVariable[kControlRole] = 21;
+  ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
+}
+
+TEST_F(RunTest, ProceduresForPairsNeedAnIndependentVariable) {
+  for (const Procedure procedure : {Procedure::kCrosstabulation, Procedure::kTTest, Procedure::kAnova,
+                                    Procedure::kCorrelation, Procedure::kRegression, Procedure::kDiagnostic}) {
+    SCOPED_TRACE(FindProcedureRow(procedure)->caption);
+    platform.messages.clear();
+    Select(procedure, {1, 2});
+    ExpectRefusal(RunNow(), kAborted, "Please select an independent variable.");
+  }
+  EXPECT_EQ(output.OutputLogText, "");
+}
+
+TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
+  Select(Procedure::kCorrelation, {1});
+  panel.checks.Check2 = true;
+  ExpectRefusal(RunNow(), kAborted, "Please select two analysis variables.");
+  platform.messages.clear();
+  panel.SelectedVariables = {1, 2};
+  ExpectComesNext(RunNow());
+}
+
+TEST_F(RunTest, ProceduresToComeSaySoOnce) {
+  for (const Procedure procedure :
+       {Procedure::kCrosstabulation, Procedure::kTTest, Procedure::kAnova, Procedure::kCorrelation,
+        Procedure::kRegression, Procedure::kDiagnostic, Procedure::kExplore, Procedure::kListVariables,
+        Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+    SCOPED_TRACE(FindProcedureRow(procedure)->caption);
+    platform.messages.clear();
+    Select(procedure, {1, 2}, {2, 1});
+    ExpectComesNext(RunNow());
+  }
+  EXPECT_EQ(output.OutputLogText, "");
+}
+
+TEST_F(RunTest, EachVariableIsTheMainOneInListOrder) {
+  Select(Procedure::kFrequencies, {2, 1});
+  const RunOutcome outcome = RunNow();
+  EXPECT_FALSE(outcome.refused);
+  EXPECT_FALSE(outcome.aborted);
+  EXPECT_TRUE(outcome.show_output);
+  EXPECT_TRUE(platform.messages.empty());
+  const std::string& text = output.MostRecentText;
+  EXPECT_EQ(Occurrences(text, std::string(kReportSeparator)), 2u);
+  EXPECT_LT(text.find("Variable: V2"), text.find("Variable: V1"));
+  EXPECT_NE(text.find("Variable: V1"), std::string::npos);
+  EXPECT_EQ(output.OutputLogText, text);
+  EXPECT_EQ(data.RoleVariable[kMainRole], 1u);
+}
+
+TEST_F(RunTest, ARunReplacesTheMostRecentOutputAndExtendsTheLog) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  const std::string first = output.MostRecentText;
+  Select(Procedure::kDescriptives, {2});
+  RunNow();
+  EXPECT_EQ(output.MostRecentText.find("Frequenc"), std::string::npos);
+  EXPECT_EQ(output.OutputLogText, first + output.MostRecentText);
+}
+
+TEST_F(RunTest, ARunWithoutVariablesLeavesTheMostRecentOutput) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  const std::string before = output.MostRecentText;
+  panel.SelectedVariables.clear();
+  RunNow();
+  EXPECT_EQ(output.MostRecentText, before);
+}
+
+TEST_F(RunTest, IndependentVariablesOfFrequenciesAndDescriptivesAreAnsweredOnceBehindTheReports) {
+  for (const Procedure procedure : {Procedure::kFrequencies, Procedure::kDescriptives}) {
+    platform.messages.clear();
+    Select(procedure, {1, 2}, {2, 1});
+    const RunOutcome outcome = RunNow();
+    EXPECT_FALSE(outcome.refused);
+    EXPECT_TRUE(outcome.show_output);
+    EXPECT_EQ(Occurrences(output.MostRecentText, std::string(kReportSeparator)), 2u);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].title, kTryAgain);
+    EXPECT_NE(platform.messages[0].text.find("comes next"), std::string::npos);
+  }
+}
+
+TEST_F(RunTest, AnErrorFrameMarksTheRunAndTheNextVariableGetsItsTurn) {
+  Select(Procedure::kFrequencies, {3, 1});  // V3 has no observations
+  const RunOutcome outcome = RunNow();
+  EXPECT_TRUE(outcome.aborted);
+  EXPECT_FALSE(outcome.refused);
+  EXPECT_FALSE(outcome.show_output);
+  const std::string& text = output.MostRecentText;
+  EXPECT_LT(text.find("-- Error --"), text.find("Variable: V1"));
+  EXPECT_NE(text.find("Variable: V1"), std::string::npos);
+}
+
+TEST_F(RunTest, AMarkOfOneRunIsGoneInTheNext) {
+  Select(Procedure::kFrequencies, {3});
+  EXPECT_TRUE(RunNow().aborted);
+  Select(Procedure::kFrequencies, {1});
+  EXPECT_FALSE(RunNow().aborted);
+}
+
+TEST_F(RunTest, TheFullCountsStandBehindARun) {
+  for (const Procedure procedure : {Procedure::kFrequencies, Procedure::kDescriptives}) {
+    Select(procedure, {1, 3});
+    RunNow();
+    EXPECT_EQ(data.RecordCount, kNewRecordCount);
+    EXPECT_EQ(data.VariableCount, kNewVariableCount);
+  }
+}
+
+TEST_F(RunTest, RegressionEmptiesTheBoxAndARefusalBringsTheLogBack) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  ToggleOutputMode(output);  // the log is shown
+  const std::string log = output.OutputLogText;
+  Select(Procedure::kRegression, {1});
+  RunNow();
+  StoreBoxText(output);  // as the panel's view does
+  EXPECT_EQ(output.OutputLogText, log);
+  EXPECT_EQ(output.BoxText(), log);
+  EXPECT_EQ(output.MostRecentText, "");
+}
+
+TEST_F(RunTest, RegressionEmptiesTheMostRecentText) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  Select(Procedure::kRegression, {1}, {2});
+  RunNow();
+  EXPECT_EQ(output.BoxText(), "");
+}
+
+}  // namespace
+}  // namespace tessara
