@@ -105,13 +105,13 @@ void Data1::ShowInfo() {
   part_->setText(part);
   part_->setVisible(!part.isEmpty());
   part_->setToolTip(shown.WithinEditLimit() ? QString()
-                                           : QString("The cells exceed the edit limit: all of them are used by the "
-                                                     "procedures, but the grid cannot be edited."));
+                                            : QString("The cells exceed the edit limit: all of them are used by the "
+                                                      "procedures, but the grid cannot be edited."));
   const GridColours colours = ColoursOfGrid(palette(), false);
   QPalette pill = part_->palette();
   pill.setColor(QPalette::Window, colours.sheet);
   part_->setPalette(pill);
-  grid_->ShowHint(IsUntouched(shown) ? QString("Open a shown file (Ctrl+O) or drop one here") : QString());
+  grid_->ShowHint(IsUntouched(shown) ? QString("Open a data file (Ctrl+O) or drop one here") : QString());
 }
 
 void Data1::FocusFirst() { grid_->setFocus(); }

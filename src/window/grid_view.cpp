@@ -86,7 +86,8 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
                     QFontMetrics(font).elidedText(caption, Qt::ElideRight, rect.width() - margin));
 }
 
-GridView::GridView(DataSet& data_set, QWidget* parent) : QTableView(parent), data_(data_set), hint_(new QLabel(viewport())) {
+GridView::GridView(DataSet& data_set, QWidget* parent)
+    : QTableView(parent), data_(data_set), hint_(new QLabel(viewport())) {
   setHorizontalHeader(new GridHeader(Qt::Horizontal, data_set, this));
   setVerticalHeader(new GridHeader(Qt::Vertical, data_set, this));
   setEditTriggers(NoEditTriggers);
@@ -135,8 +136,8 @@ void GridView::ShowData() {
 }
 
 void GridView::ApplyColours() {
-  const GridColours colours = ColoursOfGrid(parentWidget() ? parentWidget()->palette() : QPalette(),
-                                            data_.WithinEditLimit());
+  const GridColours colours =
+      ColoursOfGrid(parentWidget() ? parentWidget()->palette() : QPalette(), data_.WithinEditLimit());
   if (palette().color(QPalette::Base) == colours.sheet) return;
   QPalette own = palette();
   own.setColor(QPalette::Base, colours.sheet);
@@ -147,14 +148,18 @@ void GridView::ApplyWidths() {
   const auto* grid = static_cast<const GridModel*>(model());
   const int character = fontMetrics().averageCharWidth();
   const int least = std::max(kDefaultColumnTwips / kTwipsPerPixel, character * 9);
+  QFont bold = font();
+  bold.setBold(true);
+  const QFontMetrics heading(bold);
   for (int column = 0; column < grid->columnCount(); ++column) {
-    // Headings are bold: they count a little wider.
-    std::size_t widest = data_.VariableName(static_cast<std::size_t>(column) + 1).size() * 5 / 4;
+    std::size_t widest = 0;
     for (int row = 0; row < std::min(grid->rowCount(), kRecordsMeasured); ++row) {
       widest = std::max(widest, grid->CellText(row, column).size());
     }
     const int characters = std::min(static_cast<int>(std::min<std::size_t>(widest, 1000)), kMostColumnCharacters);
-    setColumnWidth(column, std::max(least, (characters + 3) * character));
+    const QString name = grid->headerData(column, Qt::Horizontal).toString();
+    const int wanted = std::max((characters + 3) * character, heading.horizontalAdvance(name) + character * 2);
+    setColumnWidth(column, std::clamp(wanted, least, kMostColumnCharacters * character));
   }
 }
 

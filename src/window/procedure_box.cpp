@@ -34,7 +34,7 @@ const std::vector<Group>& Groups() {
 
 struct BoxMember {
   std::string_view control;
-  bool PanelChecks::* state;
+  bool PanelChecks::*state;
 };
 
 constexpr std::array<BoxMember, 12> kBoxes = {{
@@ -54,7 +54,7 @@ constexpr std::array<BoxMember, 12> kBoxes = {{
 
 struct FieldMember {
   std::string_view control;
-  std::string ProcedurePanel::* text;
+  std::string ProcedurePanel::*text;
 };
 
 constexpr std::array<FieldMember, 3> kFields = {{
@@ -99,6 +99,8 @@ ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setFocusPolicy(Qt::NoFocus);
+  scroll_->viewport()->setAutoFillBackground(false);
+  content_->setAutoFillBackground(false);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(scroll_);
   ShowPanel();

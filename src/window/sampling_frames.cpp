@@ -30,8 +30,9 @@ SamplingFrames::SamplingFrames(QWidget* parent)
       random_(new QGroupBox("Random Sample", this)),
       repeated_(new QGroupBox("Repeated Random Sampling", this)) {
   auto* random = new QFormLayout(random_);
-  AddText(random,
-          "This procedure is used to create a data file that is a randomly selected subset of the current spreadsheet.");
+  AddText(
+      random,
+      "This procedure is used to create a data file that is a randomly selected subset of the current spreadsheet.");
   AddText(random,
           "Enter the number of observations you want to randomly select. Please note that the number of observations "
           "must be less than the total number of records in the current data.");

@@ -102,8 +102,8 @@ void StatProc1::BuildFaces() {
   control_panel_ = new ControlPanel(session(), left_);
   statistics_ = new StatisticsPage(left_);
   notes_ = new NotesPage(session(), left_);
-  for (QWidget* page : {static_cast<QWidget*>(control_panel_), static_cast<QWidget*>(statistics_),
-                        static_cast<QWidget*>(notes_)}) {
+  for (QWidget* page :
+       {static_cast<QWidget*>(control_panel_), static_cast<QWidget*>(statistics_), static_cast<QWidget*>(notes_)}) {
     left_->addWidget(page);
   }
   procedures_ = new ProcedureBox(session().panel, columns_);
@@ -238,9 +238,7 @@ void StatProc1::FocusFace(Face face) {
   }
 }
 
-bool StatProc1::IsFaceShown(Face face) const {
-  return face_buttons_[static_cast<std::size_t>(face)]->isChecked();
-}
+bool StatProc1::IsFaceShown(Face face) const { return face_buttons_[static_cast<std::size_t>(face)]->isChecked(); }
 
 bool StatProc1::HasRoomBeside() const {
   return columns_->parentWidget()->width() >=
@@ -248,8 +246,7 @@ bool StatProc1::HasRoomBeside() const {
 }
 
 bool StatProc1::HasRoomBelow() const {
-  return rows_->height() >=
-         control_panel_->minimumSizeHint().height() + rows_->handleWidth() + example_->LeastHeight();
+  return rows_->height() >= control_panel_->minimumSizeHint().height() + rows_->handleWidth() + example_->LeastHeight();
 }
 
 void StatProc1::ApplyFaces() {

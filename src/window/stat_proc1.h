@@ -23,8 +23,8 @@ class StatisticsPage;
 // The faces of the procedure panel, in the order of Viewbar1.
 enum class Face { kControlPanel, kGridStatistics, kProjectNotes, kStatProcedures, kExample };
 
-// The procedure panel. The faces that the window has room for stand beside each other: the lists, statistics or notes on
-// the left, the procedures on the right, the example below. In a small window they share one place. The buttons of
+// The procedure panel. The faces that the window has room for stand beside each other: the lists, statistics or notes
+// on the left, the procedures on the right, the example below. In a small window they share one place. The buttons of
 // Viewbar1 show which ones are to be seen.
 class StatProc1 : public ViewForm {
   Q_OBJECT

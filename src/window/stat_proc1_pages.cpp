@@ -63,8 +63,9 @@ NotesPage::NotesPage(Session& session, QWidget* parent)
     : QGroupBox("Project Notes", parent), session_(session), notes_(new QPlainTextEdit(this)) {
   notes_->setObjectName("ProjectNotes");
   notes_->setAccessibleName("Project Notes");
-  notes_->setPlaceholderText("What these data are, where they come from, what you have done to them. Saved with the "
-                             "data file.");
+  notes_->setPlaceholderText(
+      "What these data are, where they come from, what you have done to them. Saved with the "
+      "data file.");
   notes_->setTabChangesFocus(true);
   notes_->viewport()->setAcceptDrops(false);  // a data file that is dropped here is for the frame
   auto* layout = new QVBoxLayout(this);

@@ -116,7 +116,7 @@ void VariableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   const bool selected = option.state.testFlag(QStyle::State_Selected);
   const auto group = option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
   QColor colour = option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
-  colour.setAlphaF(selected ? 0.85F : 0.6F);
+  colour.setAlphaF(!option.state.testFlag(QStyle::State_Enabled) ? 0.35F : selected ? 0.85F : 0.6F);
   painter->save();
   painter->setPen(colour);
   painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
