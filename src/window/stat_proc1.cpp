@@ -238,7 +238,7 @@ void StatProc1::FocusFace(Face face) {
   }
 }
 
-bool StatProc1::IsFaceShown(Face face) const { return face_buttons_[static_cast<std::size_t>(face)]->isChecked(); }
+bool StatProc1::IsFaceShown(Face face) const { return shown_[static_cast<std::size_t>(face)]; }
 
 bool StatProc1::HasRoomBeside() const {
   return columns_->parentWidget()->width() >=
@@ -265,10 +265,9 @@ void StatProc1::ApplyFaces() {
   example_->setVisible(example || below);
   example_->SetOpen(example);
 
-  const std::array<bool, kFaces> shown = {left && left_face_ == Face::kControlPanel,
-                                          left && left_face_ == Face::kGridStatistics,
-                                          left && left_face_ == Face::kProjectNotes, procedures, example};
-  for (std::size_t i = 0; i < kFaces; ++i) face_buttons_[i]->setChecked(shown[i]);
+  shown_ = {left && left_face_ == Face::kControlPanel, left && left_face_ == Face::kGridStatistics,
+            left && left_face_ == Face::kProjectNotes, procedures, example};
+  for (std::size_t i = 0; i < kFaces; ++i) face_buttons_[i]->setChecked(shown_[i]);
 }
 
 void StatProc1::FocusFirst() {

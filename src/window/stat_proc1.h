@@ -79,6 +79,7 @@ class StatProc1 : public ViewForm {
 
   Face face_ = Face::kControlPanel;       // the one chosen last
   Face left_face_ = Face::kControlPanel;  // of the three that stand on the left
+  std::array<bool, kFaces> shown_{};      // a button's own mark has already changed when it reports its click
   bool example_open_ = true;              // where there is room for it
   std::optional<std::uint64_t> statistics_of_;
 };

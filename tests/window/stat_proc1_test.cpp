@@ -200,6 +200,7 @@ class StatProc1Test : public QObject {
       if (!box->isHidden()) shown += name + "=" + box->text();
     }
     shown.sort();
+    boxes.sort();
     QCOMPARE(shown, boxes);
     QCOMPARE(Find<QCheckBox>("Check2")->isChecked(), option == "Option3");
     QCOMPARE(Find<QLabel>("Label10")->text(), QString::fromStdString(std::string(ShownRow(panel())->example_heading)));
