@@ -16,7 +16,6 @@
 #include <windows.h>
 #else
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #if defined(__APPLE__)
@@ -28,7 +27,6 @@ namespace tessara {
 namespace {
 
 constexpr std::size_t kWriteBuffer = std::size_t{1} << 20;
-constexpr std::size_t kHugePage = std::size_t{1} << 21;
 
 DateTime LocalDateTime(std::time_t moment) {
   std::tm local{};
@@ -111,17 +109,12 @@ void FileBytes::Release::operator()(char* block) const {
 }
 
 std::optional<FileBytes> FileBytes::Allocate(std::size_t size) {
-  const std::size_t limit = static_cast<std::size_t>(-1) - kHugePage - 2 * kFilePadding;
-  if (size > limit || size > MachineMemory()) return std::nullopt;
-  const std::size_t alignment = size >= 2 * kHugePage ? kHugePage : kFilePadding;
-  const std::size_t total = (size + 2 * kFilePadding + alignment - 1) / alignment * alignment;
+  if (size > MachineMemory()) return std::nullopt;
+  const std::size_t total = (size + 3 * kFilePadding - 1) / kFilePadding * kFilePadding;
 #if defined(_WIN32)
-  char* block = static_cast<char*>(_aligned_malloc(total, alignment));
+  char* block = static_cast<char*>(_aligned_malloc(total, kFilePadding));
 #else
-  char* block = static_cast<char*>(std::aligned_alloc(alignment, total));
-#if defined(MADV_HUGEPAGE)
-  if (block && alignment == kHugePage) ::madvise(block, total, MADV_HUGEPAGE);
-#endif
+  char* block = static_cast<char*>(std::aligned_alloc(kFilePadding, total));
 #endif
   if (!block) return std::nullopt;
   FileBytes bytes;
@@ -275,15 +268,19 @@ Path ExecutableFolder() {
 #endif
 }
 
-Path FindProgramFolder() {
-  const Path folder = ExecutableFolder();
+Path FindProgramFolder(const Path& executable_folder) {
+  namespace fs = std::filesystem;
   std::error_code error;
-  if (std::filesystem::is_directory(folder / "Data", error)) return folder;
-  std::ifstream note(folder / "program-folder.txt");
+  const bool installed =
+      fs::is_directory(executable_folder / "Data", error) && fs::is_directory(executable_folder / "Help", error);
+  if (installed) return executable_folder;
+  std::ifstream note(executable_folder / "program-folder.txt");
   std::string line;
   if (std::getline(note, line) && !line.empty()) return PathFromUtf8(line);
-  return folder;
+  return executable_folder;
 }
+
+Path FindProgramFolder() { return FindProgramFolder(ExecutableFolder()); }
 
 Path UserDocumentsFolder() {
 #if defined(_WIN32)

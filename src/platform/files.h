@@ -96,8 +96,10 @@ std::uint64_t MachineMemory();
 // The folder of the running executable.
 Path ExecutableFolder();
 
-// The program folder of the running executable: the executable's own folder when Data and Help stand in it, else the
-// folder that a build tree notes in a file "program-folder.txt" beside the executable.
+// The program folder of an executable: the executable's own folder when Data and Help stand in it, else the folder that
+// a build tree notes in a file "program-folder.txt" beside the executable, else the executable's own folder again.
+Path FindProgramFolder(const Path& executable_folder);
+// That of the running executable.
 Path FindProgramFolder();
 
 // The user's documents folder.

@@ -1,11 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "numerics/dates.h"
 #include "platform/platform.h"
 
 // The output log: where every report lands. Two texts, the log of all reports and the reports of the latest run, and a
@@ -29,22 +28,29 @@ struct OutputLog {
   // What the text box holds.
   const std::string& BoxText() const;
 
-  // Set by the operations below. While it is empty, the box shows the text of the current mode as it stands.
+  // Set by the operations below: a text of the box that differs from the text of the current mode. While it is empty,
+  // the box shows that text as it stands, so that the ever-growing log is never copied.
   std::optional<std::string> edited_box;
 };
 
 // The user has changed the text of the box.
 void EditBox(OutputLog& output, std::string text);
 
+// The text of the box has been made anew by the program; neither of the two texts learns of it until it is stored back.
+void ReplaceBox(OutputLog& output, std::string text);
+
 // Copies the box's text back to the text of the current mode, so that an edit is kept.
 void StoreBoxText(OutputLog& output);
 
+// The box shows the text of the current mode; an edit that was not stored back is gone.
 void RefreshOutputView(OutputLog& output);
+// Empties the most recent text. The box keeps what it shows until the next refresh.
 void BeginRun(OutputLog& output);
-// ReportText, as it stands, at the end of both texts.
+// ReportText, as it stands, at the end of both texts. Takes time for the report, not for the log.
 void AppendReport(OutputLog& output);
 // A calculator's result: at the end of the log, and alone as the most recent output.
 void ReplaceReport(OutputLog& output);
+// Stores the box back and shows the other text.
 void ToggleOutputMode(OutputLog& output);
 // The caption of the command that toggles.
 std::string_view ToggleCaption(const OutputLog& output);
@@ -53,10 +59,11 @@ void ClearOutput(OutputLog& output);
 // Empties the box alone.
 void ClearBox(OutputLog& output);
 
-// Opens a text file in the place of the log. False when nothing was chosen or the file could not be read.
+// Opens a text file in the place of the log, with a page break mark behind it so that all of it prints; bare line feeds
+// become line ends. False when nothing was chosen or the file could not be read; everything stays then.
 bool OpenOutputText(OutputLog& output, Platform& platform);
-// Saves the text of the box. False when nothing was chosen or the file could not be written; everything stays then, the
-// old file too.
+// Saves the text of the box, marks included. False when nothing was chosen or the file could not be written; everything
+// stays then, the old file too.
 bool SaveOutputText(OutputLog& output, Platform& platform);
 
 // Frames a pending text as an error report and appends it.

@@ -11,6 +11,7 @@
 #include "numerics/report_text.h"
 #include "numerics/sums.h"
 #include "presentation/bar_chart.h"
+#include "procedures/saved_column.h"
 
 namespace tessara {
 namespace {
@@ -115,10 +116,9 @@ namespace {
 void SaveZScores(ProcedureRun& run, const CaseControl& control, const DescriptiveStatistics& statistics) {
   DataSet& data = run.data;
   const std::size_t source = data.RoleVariable[kMainRole];
-  const std::size_t target = data.matrix.AddColumn();
-  for (std::size_t row = 1; row <= kHeaderRowCount; ++row) data.matrix.Set(row, target, data.matrix.Cell(row, source));
   const std::string name = data.VariableName(source);
-  data.matrix.SetText(kVariableNameRow, target, "Z-" + name);
+  const std::size_t target = AddSavedColumn(data, "Z-" + name);
+  for (std::size_t row = 1; row < kVariableNameRow; ++row) data.matrix.Set(row, target, data.matrix.Cell(row, source));
   if (data.VariableLabel(source).empty()) data.matrix.SetText(kVariableLabelRow, target, name);
 
   const auto passing = control.PassingCases(data.RecordCount, NotEqualReading::kAsNumber);
@@ -126,8 +126,6 @@ void SaveZScores(ProcedureRun& run, const CaseControl& control, const Descriptiv
     const Checked z = (value - statistics.mean) / statistics.sample_deviation;
     if (const auto text = Masked(z, "0.00000")) data.matrix.SetText(kFirstRecordRow + record, target, *text);
   });
-  data.WorkingVariableCount = target;  // the new variable stays when the full counts return
-  ++data.Revision;
 }
 
 std::string DescriptivesReport(const DataSet& data, const CaseControl& control, const DescriptiveStatistics& s,

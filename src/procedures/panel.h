@@ -53,6 +53,8 @@ struct PanelChecks {
   bool Check12 = false;
 };
 
+struct ProcedurePanel;
+
 // How a procedure shows itself on the panel.
 struct ProcedureRow {
   Procedure procedure = Procedure::kNone;
@@ -67,15 +69,24 @@ struct ProcedureRow {
     std::string_view tooltip;
     bool set_on = false;
   };
-  std::vector<Box> boxes;            // the boxes shown; all others are hidden
+  std::vector<Box> boxes;  // the boxes shown, in their order; all others are hidden
+  struct Field {
+    std::string_view control;  // "Text5", "Text6", "Text7" or "Combo1"
+    std::string_view caption;
+  };
+  std::vector<Field> fields;         // the fields shown; all others are hidden
   std::string_view example_heading;  // Label10
 };
 
-// The rows of the panel, in the order in which the panel shows them.
+// The rows of the panel, one for each procedure, in the order in which the panel shows them: those that describe, that
+// compare, that relate, tables and samples.
 const std::vector<ProcedureRow>& ProcedureRows();
+// The row of a procedure; nullptr for kNone. For regression, the row of Option7.
 const ProcedureRow* FindProcedureRow(Procedure procedure);
-// The row of the regression kind: Option21 or Option22.
+// The row of the regression kind, Option21 or Option22; its boxes are the ones in force while Option7 is selected.
 const ProcedureRow& RegressionRow(RegressionKind kind);
+// The row that the panel shows now: for regression that of the kind, nullptr while nothing is selected.
+const ProcedureRow* ShownRow(const ProcedurePanel& panel);
 
 struct ProcedurePanel {
   Procedure selected = Procedure::kNone;
@@ -95,30 +106,43 @@ struct ProcedurePanel {
 void SelectProcedure(ProcedurePanel& panel, Procedure procedure);
 void SelectRegression(ProcedurePanel& panel, RegressionKind kind);
 
-// The three arrows. `chosen` holds the selected rows of List1, column numbers in list order; 0 stands for "None".
-// Without a selection they ask for one in a box. Adding keeps SelectedVariableCount of the data set in step.
+// A click in List1 takes the variable as the main one; 0, the entry "None", takes none.
+void PickVariable(DataSet& data, std::size_t column);
+
+// Adding and setting. `chosen` holds the selected rows of List1, column numbers in list order; 0 stands for "None",
+// which no list takes and which clears the control variable. Without a selection a box asks for one. List Variables
+// takes seven analysis variables at most. Adding keeps SelectedVariableCount of the data set in step.
 void AddAnalysisVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
                          const std::vector<std::size_t>& chosen);
-void AddIndependentVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                            const std::vector<std::size_t>& chosen);
-void SetControlVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                        const std::vector<std::size_t>& chosen);
+void AddIndependentVariable(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen);
+void SetControlVariable(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen);
+
+// The three arrows: as above, but without a selection in List1 an arrow removes from a target that holds something.
+// What goes are the `marked` places of the target, from 0, or its last entry when none is marked.
+void PressAnalysisArrow(DataSet& data, ProcedurePanel& panel, Platform& platform,
+                        const std::vector<std::size_t>& chosen, const std::vector<std::size_t>& marked);
+void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
+                           const std::vector<std::size_t>& marked);
+void PressControlArrow(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen);
 
 // Removes entries from a list of the panel, by place in the list from 0.
 void RemoveAnalysisVariables(DataSet& data, ProcedurePanel& panel, const std::vector<std::size_t>& places);
 void RemoveIndependentVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places);
 
+// Whether the data have a variable in the control role: a column beyond the data counts as none.
+bool ControlIsSet(const DataSet& data);
+
 // The button "Reset" of the control variable: variable, relation and value fields.
 void ResetControl(DataSet& data, ProcedurePanel& panel);
 
 // A value typed behind "greater than" or "less than" takes numbers only: another entry is answered by a box and the
-// field is emptied. True when the text may stand.
+// field is emptied. True when the text may stand, as an empty one may.
 bool AcceptControlNumber(Platform& platform, std::string& text);
 
 // Empties the lists of chosen variables, as a load does.
 void ClearPanelLists(DataSet& data, ProcedurePanel& panel);
 
-// Empties everything: lists, roles, control, relation and values.
+// Empties both lists and clears roles, control, relation and value fields. The selected procedure stays.
 void ResetPanel(DataSet& data, ProcedurePanel& panel);
 
 }  // namespace tessara

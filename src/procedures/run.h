@@ -18,8 +18,8 @@ struct ProcedureRun {
   OutputLog& output;
   Platform& platform;
 
-  bool aborted = false;       // a procedure has ended in the error frame; a later variable still gets its turn
-  std::string ChartFootnote;  // the words of the control caption
+  bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
+  std::string ChartFootnote = {};  // the words of the control caption
 
   // Sends a finished report to the output log.
   void AppendReport(std::string report);
@@ -33,6 +33,8 @@ struct RunOutcome {
   bool show_output = false;  // the output log is to come to the front, if the settings say so
 };
 
-RunOutcome Run(DataSet& data, ProcedurePanel& panel, OutputLog& output, Platform& platform);
+// Runs the selected procedure for the analysis variables, in list order; each is the main variable in its turn. The
+// wait cursor stands as long as the run lasts.
+RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Platform& platform);
 
 }  // namespace tessara

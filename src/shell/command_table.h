@@ -16,12 +16,12 @@ enum class CommandStyle { kIcon = 0, kIconAndCaption = 3 };
 
 struct CommandControl {
   int id = 0;
-  std::string_view caption;  // "&" ahead of the access letter
-  std::string_view tooltip;
+  std::string_view caption = {};  // "&" ahead of the access letter
+  std::string_view tooltip = {};
   bool begin_group = false;
   CommandStyle style = CommandStyle::kIcon;
-  std::string_view icon;      // name in the icon theme
-  std::string_view shortcut;  // "Ctrl+O"
+  std::string_view icon = {};      // name in the icon theme
+  std::string_view shortcut = {};  // "Ctrl+O"
 };
 
 struct CommandMenu {

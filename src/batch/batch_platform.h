@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "batch/log_stream.h"
+#include "platform/platform.h"
+
+// The outside as a script sees it: dialogs are answered as the command implies, message boxes go to standard error.
+
+namespace tessara {
+
+// What the command at hand implies. Answers to dialogs serve once.
+struct ImpliedAnswers {
+  std::optional<Path> open_path;
+  std::optional<Path> save_path;
+  std::optional<Path> print_path;
+  Answer question = Answer::kYes;
+};
+
+class BatchPlatform : public Platform {
+ public:
+  BatchPlatform(LogStream& stream, std::optional<std::uint64_t> seed) : stream_(stream), seed_(seed) {}
+
+  ImpliedAnswers answers;
+  bool refused = false;         // a box of refusal or warning has been shown
+  bool asked_for_name = false;  // a save dialog came without an answer
+
+  std::optional<ChosenFile> AskOpenFile(const FileDialog& dialog) override;
+  std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
+  std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
+  Answer ShowMessage(const MessageBox& box) override;
+  // Writes the pages to the path of the command: PDF when it ends in .pdf, else text with form feeds between pages.
+  bool PrintPages(const std::vector<std::string>& pages) override;
+
+  void ShowWaitCursor() override {}
+  void HideWaitCursor() override {}
+  void SetStatusPane(int, const std::string&) override {}
+  void ShowProgress(double, double, const std::string&) override {}
+  bool UpdateProgress(double) override { return true; }
+  void HideProgress() override {}
+  std::string ClipboardText() override { return clipboard_; }
+  void SetClipboardText(const std::string& text) override { clipboard_ = text; }
+  bool PlaySoundFile(const Path&) override { return false; }
+  bool OpenDocument(const std::string&) override { return false; }
+  DateTime Now() override;
+  std::uint64_t Entropy() override;
+  Path ProgramFolder() override;
+  Path DocumentsFolder() override;
+
+ private:
+  LogStream& stream_;
+  std::optional<std::uint64_t> seed_;
+  std::string clipboard_;
+};
+
+// Whether the name ends in .pdf, in any case.
+bool IsPdfPath(const Path& path);
+// Whether this installation can write PDF.
+bool CanWritePdf();
+
+}  // namespace tessara

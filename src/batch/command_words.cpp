@@ -1,0 +1,91 @@
+#include "batch/command_words.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+
+#include "batch/script_line.h"
+
+namespace tessara {
+namespace {
+
+// The option parser takes a plain word in square brackets for a list. A byte ahead of such a word keeps it whole.
+constexpr char kGuard = '\x01';
+
+bool NeedsGuard(std::string_view word) { return word.starts_with('[') || word.starts_with(kGuard); }
+
+std::string Unguarded(const std::string& word) { return word.starts_with(kGuard) ? word.substr(1) : word; }
+
+bool LooksLikeOption(std::string_view word) { return word.size() > 1 && word.starts_with('-') && word != "--"; }
+
+}  // namespace
+
+std::string_view LongName(std::string_view names) {
+  const std::size_t comma = names.find(',');
+  return comma == std::string_view::npos ? names : names.substr(comma + 1);
+}
+
+std::optional<std::string> CommandWords::Value(std::string_view option) const {
+  for (const auto& [name, value] : options) {
+    if (name == option) return value;
+  }
+  return std::nullopt;
+}
+
+struct WordParser::Body {
+  CLI::App app;
+  CLI::Option* plain_words = nullptr;
+  std::vector<std::pair<std::string_view, CLI::Option*>> options;
+};
+
+WordParser::WordParser(std::span<const OptionRow> options, WordOrder order) : body_(std::make_unique<Body>()) {
+  CLI::App& app = body_->app;
+  app.set_help_flag();
+  app.allow_windows_style_options(false);
+  for (const OptionRow& row : options) {
+    const std::string names(row.names);
+    CLI::Option* option = row.takes == OptionValue::kNone ? app.add_flag(names) : app.add_option(names);
+    if (row.takes == OptionValue::kNone) option->disable_flag_override();
+    if (row.takes == OptionValue::kNeeded) option->expected(1);
+    if (row.takes == OptionValue::kPossible) option->expected(0, 1);
+    option->type_name(std::string(row.value));
+    body_->options.emplace_back(LongName(row.names), option);
+  }
+  if (order == WordOrder::kAnywhere) {
+    body_->plain_words = app.add_option("word")->expected(-1)->allow_extra_args();
+  } else {
+    app.prefix_command();
+  }
+}
+
+WordParser::~WordParser() = default;
+WordParser::WordParser(WordParser&&) noexcept = default;
+WordParser& WordParser::operator=(WordParser&&) noexcept = default;
+
+CommandWords WordParser::Parse(std::span<const std::string> words) {
+  std::vector<std::string> reversed;
+  reversed.reserve(words.size());
+  for (auto word = words.rbegin(); word != words.rend(); ++word) {
+    reversed.push_back(NeedsGuard(*word) ? kGuard + *word : *word);
+  }
+  CommandWords result;
+  try {
+    body_->app.parse(std::move(reversed));
+  } catch (const CLI::ParseError& error) {
+    const std::vector<std::string> left = body_->app.remaining();
+    const auto unknown = std::find_if(left.begin(), left.end(), LooksLikeOption);
+    result.error = unknown == left.end() ? std::string(error.what()) : "unknown option " + Quoted(*unknown);
+    return result;
+  }
+  for (const auto& [name, option] : body_->options) {
+    if (option->count() == 0) continue;
+    const std::string value = option->results().empty() ? std::string() : option->results().front();
+    result.options.emplace_back(name, Unguarded(value));
+  }
+  const std::vector<std::string> plain = body_->plain_words ? body_->plain_words->results() : body_->app.remaining();
+  for (const std::string& word : plain) result.words.push_back(Unguarded(word));
+  return result;
+}
+
+}  // namespace tessara

@@ -1,0 +1,136 @@
+#include "procedures/panel.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "numerics/number_text.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::size_t kMostListedVariables = 7;
+
+// The fields and boxes as they stand behind every change of the procedure.
+void ClearOptions(ProcedurePanel& panel) {
+  panel.Text5.clear();
+  panel.Text6.clear();
+  panel.checks = {};
+  panel.checks.Check2 = panel.selected == Procedure::kCrosstabulation;
+}
+
+void AskForVariable(Platform& platform) {
+  platform.ShowMessage({"Procedure Aborted", "You must select a variable from the list"});
+}
+
+void RemovePlaces(std::vector<std::size_t>& list, std::vector<std::size_t> places) {
+  std::ranges::sort(places, std::greater{});  // from behind, so that the places ahead keep their numbers
+  const auto repeated = std::ranges::unique(places);
+  places.erase(repeated.begin(), repeated.end());
+  for (const std::size_t place : places) {
+    if (place < list.size()) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
+  }
+}
+
+// What an arrow takes from its target: the marked entries, or the last one.
+std::vector<std::size_t> PlacesToRemove(const std::vector<std::size_t>& list, const std::vector<std::size_t>& marked) {
+  return marked.empty() ? std::vector<std::size_t>{list.size() - 1} : marked;
+}
+
+}  // namespace
+
+void SelectProcedure(ProcedurePanel& panel, Procedure procedure) {
+  panel.selected = procedure;
+  ClearOptions(panel);
+}
+
+void SelectRegression(ProcedurePanel& panel, RegressionKind kind) {
+  panel.selected = Procedure::kRegression;
+  panel.regression = kind;
+  ClearOptions(panel);
+}
+
+void PickVariable(DataSet& data, std::size_t column) { data.RoleVariable[kMainRole] = column; }
+
+void AddAnalysisVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
+                         const std::vector<std::size_t>& chosen) {
+  if (chosen.empty()) return AskForVariable(platform);
+  for (const std::size_t column : chosen) {
+    if (column == 0) continue;
+    if (panel.selected == Procedure::kListVariables && data.SelectedVariableCount == kMostListedVariables) {
+      platform.ShowMessage({"Maximum Reached", "The list variables procedure is limited to seven variables."});
+      return;
+    }
+    panel.SelectedVariables.push_back(column);
+    data.SelectedVariableCount = panel.SelectedVariables.size();
+  }
+}
+
+void AddIndependentVariable(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen) {
+  if (chosen.empty()) return AskForVariable(platform);
+  std::ranges::copy_if(chosen, std::back_inserter(panel.IndependentVariables),
+                       [](std::size_t column) { return column != 0; });
+}
+
+void SetControlVariable(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen) {
+  if (chosen.empty()) return AskForVariable(platform);
+  data.RoleVariable[kControlRole] = chosen.front();
+}
+
+void PressAnalysisArrow(DataSet& data, ProcedurePanel& panel, Platform& platform,
+                        const std::vector<std::size_t>& chosen, const std::vector<std::size_t>& marked) {
+  if (!chosen.empty() || panel.SelectedVariables.empty()) return AddAnalysisVariable(data, panel, platform, chosen);
+  RemoveAnalysisVariables(data, panel, PlacesToRemove(panel.SelectedVariables, marked));
+}
+
+void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
+                           const std::vector<std::size_t>& marked) {
+  if (!chosen.empty() || panel.IndependentVariables.empty()) return AddIndependentVariable(panel, platform, chosen);
+  RemoveIndependentVariables(panel, PlacesToRemove(panel.IndependentVariables, marked));
+}
+
+void PressControlArrow(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen) {
+  if (!chosen.empty() || !ControlIsSet(data)) return SetControlVariable(data, platform, chosen);
+  data.RoleVariable[kControlRole] = 0;
+}
+
+void RemoveAnalysisVariables(DataSet& data, ProcedurePanel& panel, const std::vector<std::size_t>& places) {
+  RemovePlaces(panel.SelectedVariables, places);
+  data.SelectedVariableCount = panel.SelectedVariables.size();
+}
+
+void RemoveIndependentVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places) {
+  RemovePlaces(panel.IndependentVariables, places);
+}
+
+bool ControlIsSet(const DataSet& data) {
+  const std::size_t column = data.RoleVariable[kControlRole];
+  return column > 0 && column <= data.VariableCount;
+}
+
+void ResetControl(DataSet& data, ProcedurePanel& panel) {
+  data.RoleVariable[kControlRole] = 0;
+  panel.control = {};
+}
+
+bool AcceptControlNumber(Platform& platform, std::string& text) {
+  if (text.empty() || IsNumeric(std::string_view(text))) return true;
+  platform.ShowMessage({"Warning", "Only numerical entries are allowed."});
+  text.clear();
+  return false;
+}
+
+void ClearPanelLists(DataSet& data, ProcedurePanel& panel) {
+  panel.SelectedVariables.clear();
+  panel.IndependentVariables.clear();
+  data.SelectedVariableCount = 0;
+}
+
+void ResetPanel(DataSet& data, ProcedurePanel& panel) {
+  ClearPanelLists(data, panel);
+  ResetControl(data, panel);
+  data.RoleVariable = {};
+  panel.Text5.clear();
+  panel.Text6.clear();
+}
+
+}  // namespace tessara

@@ -1,0 +1,110 @@
+#include "procedures/run.h"
+
+#include "procedures/descriptives.h"
+#include "procedures/frequencies.h"
+
+namespace tessara {
+namespace {
+
+constexpr const char* kAborted = "Procedure Aborted";
+constexpr const char* kTryAgain = "Try Again!";
+constexpr const char* kComesNext =
+    "This procedure comes next: it is on its way and will be part of a coming release of Tessara.";
+
+// How the loop over the analysis variables goes on.
+enum class Step { kNextVariable, kEndRun };
+
+Step Refuse(Platform& platform, const char* title, const char* text) {
+  platform.ShowMessage({title, text});
+  return Step::kEndRun;
+}
+
+Step ComesNext(Platform& platform) { return Refuse(platform, kTryAgain, kComesNext); }
+
+Step ComesNextForPairs(const ProcedureRun& run) {
+  if (run.panel.IndependentVariables.empty()) {
+    return Refuse(run.platform, kAborted, "Please select an independent variable.");
+  }
+  return ComesNext(run.platform);
+}
+
+Step Correlate(const ProcedureRun& run) {
+  if (!run.panel.checks.Check2) return ComesNextForPairs(run);
+  if (run.panel.SelectedVariables.size() < 2) {
+    return Refuse(run.platform, kAborted, "Please select two analysis variables.");
+  }
+  return ComesNext(run.platform);
+}
+
+// The selected procedure for the variable in the main role.
+Step RunForVariable(ProcedureRun& run) {
+  switch (run.panel.selected) {
+    case Procedure::kFrequencies:
+      RunFrequencies(run);
+      return Step::kNextVariable;
+    case Procedure::kDescriptives:
+      RunDescriptives(run);
+      return Step::kNextVariable;
+    case Procedure::kCorrelation:
+      return Correlate(run);
+    case Procedure::kCrosstabulation:
+    case Procedure::kTTest:
+    case Procedure::kAnova:
+    case Procedure::kRegression:
+    case Procedure::kDiagnostic:
+      return ComesNextForPairs(run);
+    case Procedure::kExplore:
+    case Procedure::kListVariables:
+    case Procedure::kSummaryTables:
+    case Procedure::kRandomSample:
+    case Procedure::kRepeatedSampling:
+      return ComesNext(run.platform);
+    case Procedure::kNone:
+      break;
+  }
+  return Refuse(run.platform, kTryAgain, "Please select a statistical procedure.");
+}
+
+Step RunForAllVariables(ProcedureRun& run) {
+  for (const std::size_t column : run.panel.SelectedVariables) {
+    run.data.RoleVariable[kMainRole] = column;
+    if (RunForVariable(run) == Step::kEndRun) return Step::kEndRun;
+  }
+  return Step::kNextVariable;
+}
+
+// A request to cut the data to the cases that pass the control, and not a run.
+bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
+  return ControlIsSet(data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
+}
+
+}  // namespace
+
+RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Platform& platform) {
+  const WaitCursor wait(platform);
+  RunOutcome outcome;
+  if (IsSubsetRequest(data, panel)) {
+    ComesNext(platform);
+    outcome.refused = true;
+    return outcome;
+  }
+  if (panel.SelectedVariables.empty()) {
+    Refuse(platform, kAborted, "Please select a dependent variable.");
+    outcome.refused = true;
+    return outcome;
+  }
+  if (panel.selected == Procedure::kRegression) ClearBox(output);
+  BeginRun(output);
+  ProcedureRun run{.data = data, .panel = panel, .output = output, .platform = platform};
+  outcome.refused = RunForAllVariables(run) == Step::kEndRun;
+  // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
+  // log.
+  if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
+  // Frequencies and Descriptives are done; what they share with the independent variables is still to come.
+  if (!outcome.refused && !panel.IndependentVariables.empty()) ComesNext(platform);
+  outcome.aborted = run.aborted;
+  outcome.show_output = !outcome.refused && !outcome.aborted;
+  return outcome;
+}
+
+}  // namespace tessara

@@ -1,0 +1,106 @@
+#include "procedures/examples.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessara {
+namespace {
+
+struct Example {
+  Procedure procedure;
+  RegressionKind kind;
+  std::string_view title;        // a line of the report, or its beginning
+  std::string_view sample_file;  // the data set on which a student can repeat it
+};
+
+constexpr RegressionKind kLeast = RegressionKind::kLeastSquares;
+
+const Example kExamples[] = {
+    {Procedure::kFrequencies, kLeast, "Frequencies\n", "survey.dcs"},
+    {Procedure::kDescriptives, kLeast, "Descriptive Statistics\n", "iris.dcs"},
+    {Procedure::kCrosstabulation, kLeast, "Crosstabulation: SURVIVED (Rows)  by  SEX (Columns)\n", "titanic.dcs"},
+    {Procedure::kTTest, kLeast, "Two-Sample Difference of Means\n", "survey.dcs"},
+    {Procedure::kAnova, kLeast, "Analysis of Variance (ANOVA) --- SEPWID (Means)  by  SPECIES (Groups)\n", "iris.dcs"},
+    {Procedure::kCorrelation, kLeast, "Pearson's Correlation\n", "cars.dcs"},
+    {Procedure::kRegression, kLeast, "---------------------------- Multiple OLS Regression ---", "cars.dcs"},
+    {Procedure::kRegression, RegressionKind::kLogistic, "------------------------------ Logistic Regression ---",
+     "titanic.dcs"},
+    {Procedure::kListVariables, kLeast, "List Variables\n", "cars.dcs"},
+    {Procedure::kDiagnostic, kLeast, "Diagnostic Accuracy: TEST (Test)  by  DISEASE (Reference)\n", "survey.dcs"},
+    {Procedure::kRandomSample, kLeast, "RANDOM SAMPLE\n", "titanic.dcs"},
+    {Procedure::kRepeatedSampling, kLeast, "REPEATED RANDOM SAMPLING\n", "iris.dcs"},
+    {Procedure::kExplore, kLeast, "Explore Descriptive Statistics by Subgroup\n", "iris.dcs"},
+    {Procedure::kSummaryTables, kLeast, "                          First class   Second class", "titanic.dcs"},
+};
+
+std::vector<std::string_view> Lines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    lines.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  return lines;
+}
+
+TEST(Examples, NoProcedureHasNoExample) { EXPECT_TRUE(ExampleOfOutput(Procedure::kNone, kLeast).empty()); }
+
+TEST(Examples, EveryReportStartsWithItsTitle) {
+  for (const Example& example : kExamples) {
+    EXPECT_TRUE(ExampleOfOutput(example.procedure, example.kind).starts_with(example.title)) << example.title;
+  }
+}
+
+TEST(Examples, EveryTextNamesItsSampleFileAndTellsWhatToWatchFor) {
+  for (const Example& example : kExamples) {
+    const std::string_view text = ExampleOfOutput(example.procedure, example.kind);
+    EXPECT_NE(text.find(example.sample_file), std::string_view::npos) << example.title;
+    EXPECT_NE(text.find("\n\nWHEN TO USE IT. "), std::string_view::npos) << example.title;
+    EXPECT_NE(text.find("\n\nWHAT TO WATCH FOR. "), std::string_view::npos) << example.title;
+  }
+}
+
+TEST(Examples, OnlyPlainCharactersAndBareLineFeeds) {
+  for (const Example& example : kExamples) {
+    for (const char c : ExampleOfOutput(example.procedure, example.kind)) {
+      EXPECT_TRUE(c == '\n' || c == '\t' || (c >= ' ' && c <= '~')) << example.title << static_cast<int>(c);
+    }
+  }
+}
+
+TEST(Examples, NoLineIsWiderThanThePane) {
+  for (const Example& example : kExamples) {
+    for (const std::string_view line : Lines(ExampleOfOutput(example.procedure, example.kind))) {
+      EXPECT_LE(line.size(), 100u) << line;
+    }
+  }
+}
+
+TEST(Examples, TheTextEndsWithOneLineEnd) {
+  for (const Example& example : kExamples) {
+    const std::string_view text = ExampleOfOutput(example.procedure, example.kind);
+    ASSERT_GE(text.size(), 2u) << example.title;
+    EXPECT_EQ(text.back(), '\n') << example.title;
+    EXPECT_NE(text[text.size() - 2], '\n') << example.title;
+  }
+}
+
+// The figures of R for these data: sum 876.5, mean 5.843333, standard deviation 0.8280661; chi-square 456.8742; the
+// coefficients of lm(mpg ~ wt + hp) and of the binomial glm on the 2201 people.
+TEST(Examples, FiguresAreThoseOfTheSampleFiles) {
+  const auto contains = [](Procedure procedure, RegressionKind kind, std::string_view line) {
+    return ExampleOfOutput(procedure, kind).find(line) != std::string_view::npos;
+  };
+  EXPECT_TRUE(contains(Procedure::kDescriptives, kLeast, "Mean                           5.8433    Pop Std "));
+  EXPECT_TRUE(
+      contains(Procedure::kCrosstabulation, kLeast, "Pearson                     456.874          1      0.0000"));
+  EXPECT_TRUE(contains(Procedure::kRegression, kLeast, "         WT        -3.87783        0.63273"));
+  EXPECT_TRUE(contains(Procedure::kRegression, RegressionKind::kLogistic, "        SEX          2.2940      0.1199"));
+}
+
+}  // namespace
+}  // namespace tessara
