@@ -76,7 +76,7 @@ class FrmMain : public QMainWindow {
   void ShowWantedView();
   void ShowSession();
   void Perform(WidgetAction action);
-  void ToggleHelpPane();
+  void ShowHelpPane(std::string_view page);
   void ShowAbout();
   void NoteRecentFile();
   void StoreSize();
@@ -97,7 +97,6 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<FrmSplash2> splash_;
   Path noted_file_;
   bool clipboard_has_text_ = false;
-  bool tips_waiting_ = false;
   int busy_ = 0;  // operations that run now
 };
 

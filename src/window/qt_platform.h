@@ -10,6 +10,7 @@
 class QLabel;
 class QPrinter;
 class QSoundEffect;
+class QTextDocument;
 class QWidget;
 
 // The outside as the window gives it to the core.
@@ -36,8 +37,10 @@ class QtPlatform : public Platform {
   // The frame that dialogs belong to, its three panes, and what it does ahead of each dialog.
   void AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog);
 
-  // Prints and prints again are one job each; the printer that the user chose stays chosen.
+  // The printer that the user chose last.
   QPrinter& Printer();
+  // Prints a page of the help. False when the printer refuses.
+  virtual bool PrintDocument(const QTextDocument& document);
 
   std::optional<ChosenFile> AskOpenFile(const FileDialog& dialog) override;
   std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;

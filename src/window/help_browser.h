@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QTextBrowser>
+
+#include "platform/platform.h"
+
+// Local pages of the Help folder: navigate, back, forward and print. A page that is not there shows a line that says
+// so.
+
+namespace tessara {
+
+class QtPlatform;
+
+class HelpBrowser : public QTextBrowser {
+  Q_OBJECT
+
+ public:
+  HelpBrowser(QtPlatform& platform, QWidget* parent);
+
+  // A page of the Help folder, "UserManual1.html" or "UserManual3.html#means".
+  void ShowPage(const QString& page);
+  void PrintPage();
+
+  QVariant loadResource(int type, const QUrl& name) override;
+
+ private:
+  void Follow(const QUrl& link);
+  QString HelpFolder() const;
+
+  QtPlatform& platform_;
+};
+
+// The buttons back, forward and print of a browser: Image1(0) to Image1(2).
+QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent);
+
+}  // namespace tessara
