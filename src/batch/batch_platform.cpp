@@ -4,15 +4,14 @@
 #include <utility>
 
 #include "batch/script_line.h"
-#include "numerics/code_page.h"
 #include "platform/files.h"
 #include "platform/module.h"
 
 namespace tessara {
 namespace {
 
-// Pages in UTF-8, each ended by a zero byte. Yields whether the file was written.
-using WritePdfRoutine = bool(const char* utf8_path, const char* const* pages, int page_count);
+// Pages are bytes of the code page, each ended by a zero byte. Yields 0 when the file was written.
+using WritePdfRoutine = int(const char* utf8_path, const char* const* pages, int page_count);
 
 WritePdfRoutine* FindPdfRoutine() {
   return reinterpret_cast<WritePdfRoutine*>(FindModuleRoutine("tessara-print", "TessaraWritePdf"));
@@ -21,11 +20,10 @@ WritePdfRoutine* FindPdfRoutine() {
 bool WritePdf(const Path& path, const std::vector<std::string>& pages) {
   WritePdfRoutine* write = FindPdfRoutine();
   if (!write) return false;
-  std::vector<std::string> texts;
   std::vector<const char*> starts;
-  texts.reserve(pages.size());
-  for (const std::string& page : pages) starts.push_back(texts.emplace_back(ToUtf8(page)).c_str());
-  return write(PathToUtf8(path).c_str(), starts.data(), static_cast<int>(starts.size()));
+  starts.reserve(pages.size());
+  for (const std::string& page : pages) starts.push_back(page.c_str());
+  return write(PathToUtf8(path).c_str(), starts.data(), static_cast<int>(starts.size())) == 0;
 }
 
 bool WritePlainText(const Path& path, const std::vector<std::string>& pages) {
