@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QLocale>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPainter>
