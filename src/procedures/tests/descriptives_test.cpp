@@ -225,7 +225,7 @@ TEST_F(ZScores, TheirNotEqualToComparesNumbers) {
 TEST(Descriptives, AStepOfTheSumThatOverflowsIsAbandonedAlone) {
   TestRun run({{"X", Texts({"1e308", "1e308", "-1e308", "3"}), "", "", {}}});
   const std::string report = run.Report(RunDescriptives);
-  EXPECT_NE(report.find("Sum                           3.0000"), std::string::npos) << report;
+  EXPECT_NE(report.find("Sum                            3.0000"), std::string::npos) << report;
 }
 
 // Against a literal reading of the passes, on columns in which every kind of cell occurs.
