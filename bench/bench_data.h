@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+#include "data/data_file.h"
+#include "platform/scripted_platform.h"
+#include "presentation/output_log.h"
+#include "procedures/panel.h"
+#include "procedures/run.h"
+
+// The data file that the benchmarks work on: the one that TESSARA_BENCH_FILE names.
+
+namespace tessara {
+
+Path BenchFile();
+
+struct BenchData {
+  BenchData();
+
+  // One run of a procedure on a variable; its report is dropped.
+  void Run(Procedure procedure, std::size_t column);
+
+  ScriptedPlatform platform;
+  DataSet data;
+  ProcedurePanel panel;
+  OutputLog output;
+};
+
+// Columns of the benchmark data.
+inline constexpr std::size_t kCodedColumn = 2;  // Q1
+inline constexpr std::size_t kSexColumn = 10;
+inline constexpr std::size_t kAgeColumn = 11;
+inline constexpr std::size_t kNumberColumn = 12;  // X1
+
+}  // namespace tessara

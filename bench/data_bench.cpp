@@ -1,0 +1,78 @@
+// The data store: reading, finding the field ends, loading, saving, and what a change costs.
+
+#include <benchmark/benchmark.h>
+
+#include "bench_data.h"
+#include "platform/files.h"
+
+namespace tessara {
+namespace {
+
+void ReadFile(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(ReadWholeFile(BenchFile()));
+}
+BENCHMARK(ReadFile)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The floor for a load: the bytes read, and the end of every field noted.
+void ReadAndFindFieldEnds(benchmark::State& state) {
+  for (auto _ : state) {
+    const auto bytes = ReadWholeFile(BenchFile());
+    std::vector<std::uint32_t> ends(bytes->size());
+    std::size_t count = 0;
+    const std::string_view text = bytes->text();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      ends[count] = static_cast<std::uint32_t>(i);
+      count += text[i] == kFieldSeparator || text[i] == '\n';
+    }
+    benchmark::DoNotOptimize(count);
+  }
+}
+BENCHMARK(ReadAndFindFieldEnds)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void Load(benchmark::State& state) {
+  for (auto _ : state) {
+    BenchData bench;
+    benchmark::DoNotOptimize(bench.data.RecordCount);
+  }
+}
+BENCHMARK(Load)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void Save(benchmark::State& state) {
+  BenchData bench;
+  const Path target = BenchFile().string() + ".saved";
+  for (auto _ : state) {
+    bench.platform.save_answers.push_back(ChosenFile{target, "saved"});
+    SaveDataFileAs(bench.data, bench.platform);
+  }
+  std::filesystem::remove(target);
+}
+BENCHMARK(Save)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void FirstParseOfAColumn(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    BenchData bench;
+    state.ResumeTiming();
+    benchmark::DoNotOptimize(bench.data.matrix.Numbers(kNumberColumn, bench.data.RecordCount).values.data());
+  }
+}
+BENCHMARK(FirstParseOfAColumn)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void FirstChangedCell(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    BenchData bench;
+    state.ResumeTiming();
+    bench.data.matrix.SetText(kFirstRecordRow, kNumberColumn, "1");
+  }
+}
+BENCHMARK(FirstChangedCell)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void AddedColumn(benchmark::State& state) {
+  BenchData bench;
+  for (auto _ : state) benchmark::DoNotOptimize(bench.data.matrix.AddColumn());
+}
+BENCHMARK(AddedColumn)->Iterations(1000);
+
+}  // namespace
+}  // namespace tessara
