@@ -5,10 +5,6 @@
 #include <limits>
 #include <utility>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 namespace tessara {
 namespace {
 
@@ -16,27 +12,6 @@ constexpr std::size_t kMostChunkLines = 4096;
 constexpr std::size_t kChunkIndexSize = std::size_t{1} << 17;  // bytes; two of them fit a core's second-level cache
 constexpr std::size_t kIndexBytesPerTextByte = 8;
 constexpr std::size_t kIndexBytesAlways = std::size_t{1} << 16;
-
-// Which of 64 bytes end a field: one bit a byte.
-std::uint64_t FieldEnds(const char* text) {
-#if defined(__SSE2__)
-  const __m128i separator = _mm_set1_epi8(kFieldSeparator);
-  const __m128i line_feed = _mm_set1_epi8('\n');
-  std::uint64_t ends = 0;
-  for (int part = 0; part < 4; ++part) {
-    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text) + part);
-    const __m128i hits = _mm_or_si128(_mm_cmpeq_epi8(bytes, separator), _mm_cmpeq_epi8(bytes, line_feed));
-    ends |= static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm_movemask_epi8(hits))) << (16 * part);
-  }
-  return ends;
-#else
-  std::uint64_t ends = 0;
-  for (int place = 0; place < 64; ++place) {
-    ends |= static_cast<std::uint64_t>(text[place] == kFieldSeparator || text[place] == '\n') << place;
-  }
-  return ends;
-#endif
-}
 
 std::optional<std::string_view> ScanField(std::string_view line, std::size_t column) {
   for (; column > 1; --column) {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/field_ends.h"
 #include "numerics/tagged_value.h"
 #include "platform/files.h"
 
@@ -19,8 +20,6 @@
 // memory instead of from every record. Ends are 32-bit offsets from the chunk's start.
 
 namespace tessara {
-
-inline constexpr char kFieldSeparator = '\x01';
 
 class LoadedText {
  public:
