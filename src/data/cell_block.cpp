@@ -19,15 +19,14 @@ void CellBlock::CompactCell::SetShortText(std::string_view text) {
   bytes_[kMarkPlace] = static_cast<unsigned char>(text.size());
 }
 
-void CellBlock::CompactCell::SetLongText(const char* text, std::size_t length) {
+void CellBlock::CompactCell::SetLongText(const char* text, std::size_t length, unsigned char mark) {
   std::memcpy(bytes_, &text, sizeof text);
   std::uint64_t size = length;
   std::memcpy(bytes_ + 8, &size, sizeof size);  // a length never reaches the eighth byte, which is the mark
-  bytes_[kMarkPlace] = kLongTextMark;
+  bytes_[kMarkPlace] = mark;
 }
 
 std::size_t CellBlock::CompactCell::LongTextLength() const {
-  if (bytes_[kMarkPlace] != kLongTextMark) return 0;
   std::uint64_t size = 0;
   std::memcpy(&size, bytes_ + 8, 7);
   return static_cast<std::size_t>(size);
@@ -37,6 +36,13 @@ const char* CellBlock::CompactCell::LongText() const {
   const char* text = nullptr;
   std::memcpy(&text, bytes_, sizeof text);
   return text;
+}
+
+char* CellBlock::CompactCell::RoomToReuse(std::size_t length) const {
+  if (bytes_[kMarkPlace] != kStoredTextMark || LongTextLength() < length) return nullptr;
+  char* room = nullptr;
+  std::memcpy(&room, bytes_, sizeof room);
+  return room;
 }
 
 CellBlock::CompactCell& CellBlock::At(std::size_t index) {
@@ -65,9 +71,10 @@ char* CellBlock::Room(std::size_t length) {
 
 void CellBlock::Set(std::size_t index, const TaggedView& value) {
   if (value.is_text() && value.text().size() > CompactCell::kInlineLimit) {
-    char* room = Room(value.text().size());
-    std::memcpy(room, value.text().data(), value.text().size());
-    At(index).SetLongText(room, value.text().size());
+    char* room = index < cells_.size() ? cells_[index].RoomToReuse(value.text().size()) : nullptr;
+    if (!room) room = Room(value.text().size());
+    std::memmove(room, value.text().data(), value.text().size());  // the text may stand in that very room
+    At(index).SetLongText(room, value.text().size(), CompactCell::kStoredTextMark);
   } else if (value.is_text()) {
     char copy[CompactCell::kInlineLimit];  // the text may stand in a cell that is about to move
     const std::size_t length = value.text().copy(copy, sizeof copy);
@@ -81,7 +88,7 @@ void CellBlock::Set(std::size_t index, const TaggedView& value) {
 
 void CellBlock::SetLoaded(std::size_t index, std::string_view text) {
   if (text.size() > CompactCell::kInlineLimit) {
-    At(index).SetLongText(text.data(), text.size());
+    At(index).SetLongText(text.data(), text.size(), CompactCell::kLoadedTextMark);
   } else {
     At(index).SetShortText(text);
   }

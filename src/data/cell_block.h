@@ -35,19 +35,22 @@ class CellBlock {
     void SetEmpty() { bytes_[kMarkPlace] = kEmptyMark; }
     void SetNumber(double number);
     void SetShortText(std::string_view text);
-    void SetLongText(const char* text, std::size_t length);
-    // The room of a long text in the store, to be used again.
+    void SetLongText(const char* text, std::size_t length, unsigned char mark);
+    // The room of the cell's own text in the store, when a text of that length goes into it; else nothing.
+    char* RoomToReuse(std::size_t length) const;
+
+    static constexpr std::size_t kInlineLimit = 15;
+    static constexpr unsigned char kStoredTextMark = 0xF2;  // bytes 0 to 7 the address, 8 to 14 the length
+    static constexpr unsigned char kLoadedTextMark = 0xF3;  // the same, of bytes that are not the block's to change
+
+   private:
     std::size_t LongTextLength() const;
     const char* LongText() const;
 
-    static constexpr std::size_t kInlineLimit = 15;
-
-   private:
     // The last byte tells the kind: 0 to 15 is the length of a short text.
     static constexpr std::size_t kMarkPlace = 15;
     static constexpr unsigned char kEmptyMark = 0xF0;
     static constexpr unsigned char kNumberMark = 0xF1;
-    static constexpr unsigned char kLongTextMark = 0xF2;  // bytes 0 to 7 the address, 8 to 14 the length
 
     alignas(8) unsigned char bytes_[16] = {};
   };
@@ -70,7 +73,7 @@ inline TaggedView CellBlock::CompactCell::View() const {
     std::memcpy(&number, bytes_, sizeof number);
     return number;
   }
-  if (mark == kLongTextMark) return std::string_view(LongText(), LongTextLength());
+  if (mark == kStoredTextMark || mark == kLoadedTextMark) return std::string_view(LongText(), LongTextLength());
   return {};
 }
 

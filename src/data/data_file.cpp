@@ -42,12 +42,13 @@ std::string_view FirstLine(std::string_view text) {
   return line;
 }
 
-// A count of the banner: a number of 0 or more, rounded half to even. Each stands or fails alone.
+// A count of the banner: a number of 0 or more, rounded half to even. Each stands or fails alone. A number beyond all
+// counting is a count still, one that no memory holds.
 std::optional<std::size_t> ParseCount(std::string_view text) {
-  const auto number = ParseNumber(text);
   constexpr double kMost = 9007199254740992.0;  // beyond it a double cannot count
-  if (!number || RoundHalfEven(*number) < 0 || *number > kMost) return std::nullopt;
-  return static_cast<std::size_t>(RoundHalfEven(*number));
+  const auto number = ParseNumber(text);
+  if (!number || *number < 0) return std::nullopt;
+  return static_cast<std::size_t>(std::min(RoundHalfEven(*number), kMost));
 }
 
 // Record count: the text up to the first blank. Variable count: between the first and the second one.
@@ -275,7 +276,8 @@ void RepairSampleFiles(Platform& platform) {
   bool failed = false;
   for (std::filesystem::directory_iterator entry(program / kHelpFolder, error), end; !error && entry != end;
        entry.increment(error)) {
-    if (entry->path().extension() != kDataFileEnding) continue;
+    std::error_code ignored;
+    if (entry->path().extension() != kDataFileEnding || entry->is_directory(ignored)) continue;
     failed |= !CopyFileOver(entry->path(), program / kDataFolder / entry->path().filename());
   }
   if (error || failed) {

@@ -13,7 +13,9 @@ constexpr std::size_t kChunkIndexSize = std::size_t{1} << 17;  // bytes; two of 
 constexpr std::size_t kIndexBytesPerTextByte = 8;
 constexpr std::size_t kIndexBytesAlways = std::size_t{1} << 16;
 
+// A field of a line with its line end.
 std::optional<std::string_view> ScanField(std::string_view line, std::size_t column) {
+  if (line.ends_with('\n')) line.remove_suffix(line.ends_with("\r\n") ? 2 : 1);
   for (; column > 1; --column) {
     const std::size_t separator = line.find(kFieldSeparator);
     if (separator == std::string_view::npos) return std::nullopt;
@@ -76,7 +78,7 @@ class LoadedText::Splitter {
   void EndField(const char* end) {
     if (line_fields_ == target_.column_limit_) return;
     ++line_fields_;
-    ends_.push_back(static_cast<std::uint32_t>(end - base_));  // of no use in a chunk that is too long for 32 bits
+    ends_.push_back(static_cast<std::uint32_t>(end - base_));  // runs over in a chunk that is too long for 32 bits
   }
 
   void EndLine(const char* end, const char* next) {
@@ -104,7 +106,7 @@ class LoadedText::Splitter {
     const std::size_t index_size = (fields_ + 1) * chunk.stride;
     if (text_size > std::numeric_limits<std::uint32_t>::max() ||
         index_size * sizeof(std::uint32_t) > kIndexBytesAlways + kIndexBytesPerTextByte * text_size) {
-      KeepLines(chunk);
+      KeepLineByLine(chunk);
     } else {
       chunk.ends = std::make_unique_for_overwrite<std::uint32_t[]>(index_size);
       TurnIntoColumns(chunk);
@@ -125,15 +127,18 @@ class LoadedText::Splitter {
     }
   }
 
-  void KeepLines(Chunk& chunk) const {
+  void KeepLineByLine(Chunk& chunk) const {
+    chunk.lines.reserve(counts_.size());
+    chunk.line_ends.reserve(ends_.size());
+    std::size_t first = 0;
     for (std::size_t line = 0; line < counts_.size(); ++line) {
       const char* const start = starts_[line];
-      const char* end = last_line_end_;
-      if (line + 1 < counts_.size()) {
-        end = starts_[line + 1] - 1;
-        if (end > start && end[-1] == '\r') --end;
-      }
-      chunk.lines.emplace_back(start, static_cast<std::size_t>(end - start));
+      const char* const next = line + 1 < counts_.size() ? starts_[line + 1] : line_start_;
+      chunk.lines.push_back({{start, static_cast<std::size_t>(next - start)}, first, counts_[line]});
+      // Offsets from the line's own start; the ones from the chunk's may have run over, their differences have not.
+      const auto offset = static_cast<std::uint32_t>(start - base_);
+      for (std::size_t end = first; end < first + counts_[line]; ++end) chunk.line_ends.push_back(ends_[end] - offset);
+      first += counts_[line];
     }
   }
 
@@ -166,12 +171,20 @@ std::optional<std::string_view> LoadedText::Field(std::size_t row, std::size_t c
   if (row >= row_count_ || column == 0 || column > column_limit_) return std::nullopt;
   const Chunk& chunk = chunks_[row >> line_bits_];
   const std::size_t line = row & ((std::size_t{1} << line_bits_) - 1);
-  if (!chunk.ends) return ScanField(chunk.lines[line], column);
+  if (!chunk.ends) return chunk.FieldOfLine(chunk.lines[line], column);
   if (column > chunk.fields) return std::nullopt;
   const std::uint32_t* before = chunk.ends.get() + (column - 1) * chunk.stride + line;
   const std::uint32_t end = before[chunk.stride];
   if (end == 0) return std::nullopt;
   return std::string_view(chunk.base + *before + 1, end - *before - 1);
+}
+
+std::optional<std::string_view> LoadedText::Chunk::FieldOfLine(const Line& line, std::size_t column) const {
+  if (column > line.fields) return std::nullopt;
+  if (line.text.size() > std::numeric_limits<std::uint32_t>::max()) return ScanField(line.text, column);
+  const std::uint32_t* end = line_ends.data() + line.first_end + (column - 1);
+  const std::size_t start = column == 1 ? 0 : std::size_t{end[-1]} + 1;
+  return line.text.substr(start, *end - start);
 }
 
 std::optional<std::string_view> LoadedText::LeadingFields(std::size_t row, std::size_t column_count) const {

@@ -44,8 +44,15 @@ class LoadedText {
   void ForEachField(std::size_t column, std::size_t first_row, std::size_t count, Visit visit) const;
 
  private:
-  // Lines are a power of two to a chunk. A chunk whose index would be out of all proportion to its text, or whose text
-  // is too long for 32 bits, keeps only its lines; its fields are found by a scan when they are asked for.
+  struct Line {
+    std::string_view text;  // with its line end
+    std::size_t first_end;  // the place of its first field's end
+    std::uint32_t fields;
+  };
+
+  // Lines are a power of two to a chunk. A chunk whose index by fields would be out of all proportion to its text (a
+  // long line among short ones), or whose text is too long for 32 bits, is indexed line by line. Only the fields of a
+  // line that is itself too long for 32 bits are found by a scan when they are asked for.
   struct Chunk {
     const char* base = nullptr;  // the byte ahead of the chunk's first line
     // Field by field, `stride` apart (a little more than the lines, so that the fields of a line do not share one cache
@@ -53,8 +60,12 @@ class LoadedText {
     // byte ahead of the line.
     std::unique_ptr<std::uint32_t[]> ends;
     std::size_t stride = 0;
-    std::size_t fields = 0;               // most fields of a line of the chunk
-    std::vector<std::string_view> lines;  // instead of `ends`
+    std::size_t fields = 0;  // most fields of a line of the chunk
+    // Instead of `ends`: the lines, and the ends of their fields as offsets from the start of their own line.
+    std::vector<Line> lines;
+    std::vector<std::uint32_t> line_ends;
+
+    std::optional<std::string_view> FieldOfLine(const Line& line, std::size_t column) const;
   };
 
   class Splitter;

@@ -41,7 +41,7 @@ void Progress::ProgressHide(bool flag) {
     if (shown_) platform_.HideProgress();
     shown_ = false;
     count_ = 0;
-  } else if (!off_) {
+  } else {
     platform_.ShowProgress(minimum_, maximum_, caption_);
     shown_ = true;
   }

@@ -1,6 +1,5 @@
 #include "platform/files.h"
 
-#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -77,25 +76,14 @@ bool TakeName(const Path& from, const Path& to) {
 #endif
 }
 
-unsigned long ProcessNumber() {
-#if defined(_WIN32)
-  return GetCurrentProcessId();
-#else
-  return static_cast<unsigned long>(::getpid());
-#endif
-}
-
 WriteResult ResultOfError(int error) {
   return error == ENOENT || error == ENOTDIR ? WriteResult::kPathNotFound : WriteResult::kRefused;
 }
 
-// Beside the target, hidden, and of a name that no other writer takes.
+// Beside the target, hidden, and of a name that no other writer takes, one that was stopped by a crash among them. It
+// is short, so that a target with the longest of names can be written too.
 Path TemporaryBeside(const Path& target) {
-  static std::atomic<unsigned> counter{0};
-  Path name = ".";
-  name += target.filename();
-  name += ".saving-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++counter);
-  return target.parent_path() / name;
+  return target.parent_path() / (".saving-" + std::to_string(SystemEntropy()));
 }
 
 }  // namespace
