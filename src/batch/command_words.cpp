@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <iterator>
 
 #include "batch/script_line.h"
 
@@ -76,9 +77,8 @@ WordParser& WordParser::operator=(WordParser&&) noexcept = default;
 CommandWords WordParser::Parse(std::span<const std::string> words) {
   std::vector<std::string> reversed;
   reversed.reserve(words.size());
-  for (auto word = words.rbegin(); word != words.rend(); ++word) {
-    reversed.push_back(NeedsGuard(*word) ? kGuard + *word : *word);
-  }
+  std::transform(words.rbegin(), words.rend(), std::back_inserter(reversed),
+                 [](const std::string& word) { return NeedsGuard(word) ? kGuard + word : word; });
   CommandWords result;
   try {
     body_->app.parse(std::move(reversed));

@@ -10,7 +10,7 @@ constexpr std::size_t kShortestSlot = 3;
 }  // namespace
 
 std::string ValueLabels::Apply(const TaggedView& label_lookup) const {
-  const std::string text = TextOf(label_lookup);
+  std::string text = TextOf(label_lookup);
   for (const Entry& entry : table) {
     if (entry.value == text) return entry.label;
   }

@@ -53,7 +53,8 @@ std::optional<DecimalDigits> DigitsOfFewDecimals(double value) {
   constexpr double kSixteenDigits = 1e15;
   const double scaled = std::fabs(value) * kScale;
   if (!(scaled < kSixteenDigits)) return std::nullopt;
-  const auto whole = static_cast<std::int64_t>(scaled + 0.5);
+  // Where the sum rounds, the test below finds out.
+  const auto whole = static_cast<std::int64_t>(scaled + 0.5);  // NOLINT(bugprone-incorrect-roundings)
   if (static_cast<double>(whole) / kScale != std::fabs(value)) return std::nullopt;
   DecimalDigits result;
   result.negative = value < 0;

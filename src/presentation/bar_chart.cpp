@@ -61,9 +61,10 @@ BarTable MakeBarTable(const std::vector<double>& values, double minimum, double 
 
   BarTable table;
   for (std::size_t k = 0; k < bars; ++k) {
-    const std::string lower = MaskedNumber(Edge(minimum, width, k), "0.00");
-    const std::string upper = MaskedNumber(Edge(minimum, width, k + 1), "0.00");
-    table.bars.push_back({IntervalLabel(lower + " to " + upper), Bar(counts[k], largest), counts[k]});
+    std::string interval = MaskedNumber(Edge(minimum, width, k), "0.00");
+    interval += " to ";
+    interval += MaskedNumber(Edge(minimum, width, k + 1), "0.00");
+    table.bars.push_back({IntervalLabel(interval), Bar(counts[k], largest), counts[k]});
   }
   return table;
 }

@@ -25,15 +25,13 @@ std::size_t ForEachAcceptedNumber(const DataSet& data, std::size_t column, const
   const MissingTest missing(data.matrix, column, data.MissingSet[kMainRole], numbers);
   std::size_t excluded = 0;
   for (std::size_t record = 0; record < data.RecordCount; ++record) {
-    if (missing.Drops(record)) {
+    const bool dropped = missing.Drops(record);
+    if (!dropped && numbers.classes[record] != CellClass::kNumber) continue;  // ahead of the control
+    if (dropped || (!passing.empty() && passing[record] == 0)) {
       ++excluded;
-    } else if (numbers.classes[record] != CellClass::kNumber) {
       continue;
-    } else if (!passing.empty() && passing[record] == 0) {
-      ++excluded;
-    } else {
-      accept(record, numbers.values[record], record - excluded);
     }
+    accept(record, numbers.values[record], record - excluded);
   }
   return excluded;
 }

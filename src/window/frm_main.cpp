@@ -122,6 +122,10 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
 FrmMain::~FrmMain() {
   platform_.AttachFrame(nullptr, {}, {});
   QApplication::clipboard()->disconnect(this);
+  // The views look at the session to the last: they go ahead of it.
+  disconnect(workspace_, nullptr, this, nullptr);
+  delete help_pane_;
+  delete takeCentralWidget();
 }
 
 void FrmMain::BuildStatusBar() {

@@ -112,7 +112,7 @@ void QtPlatform::AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes
   before_dialog_ = std::move(before_dialog);
   for (std::size_t i = 0; i < panes.size(); ++i) {
     panes_[i] = panes[i];
-    if (!pane_texts_[i].empty()) panes_[i]->setText(ToQt(pane_texts_[i]));
+    if (panes_[i] && !pane_texts_[i].empty()) panes_[i]->setText(ToQt(pane_texts_[i]));
   }
 }
 

@@ -1,0 +1,280 @@
+#include <QDockWidget>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include "window/variable_lists.h"
+#include "window_fixture.h"
+
+namespace tessara {
+
+// The frame as a user meets it: menus, tabs, panes, the help pane, files that are opened in several ways.
+class FrameTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<WindowFixture> window_;
+  WindowFixture& window() { return *window_; }
+
+  Path WriteScores(const char* name = "scores.dcs") {
+    return window().WriteDataFile(name, {"AGE", "SEX"}, {{"34", "1"}, {"41", "2"}, {"29", "2"}, {"55", "1"}});
+  }
+  void OpenByMenu(const Path& path) {
+    window().script().open_answers.push_back(WindowFixture::Chosen(path));
+    window().Trigger(102);
+  }
+  // The help pane's own box: the procedure panel has one of that name too.
+  QAbstractButton* ShowAtStart() {
+    return window().Find<QDockWidget>("TaskPanel")->findChild<QAbstractButton*>("Check11");
+  }
+  QTabWidget* Workspace() { return window().Find<QTabWidget>("workspace"); }
+  bool Drop(const Path& path) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(PathToQt(path))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window().frame(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window().frame(), &drop);
+    return true;
+  }
+
+ private slots:
+  void init() { window_ = std::make_unique<WindowFixture>(); }
+  void cleanup() { window_.reset(); }
+
+  void TabsStandInTheirOrder() {
+    window().Start();
+    QStringList tabs;
+    for (int i = 0; i < Workspace()->count(); ++i) {
+      tabs += Workspace()->tabText(i);
+      QVERIFY(!Workspace()->tabIcon(i).isNull());
+    }
+    QCOMPARE(tabs.join(","), "Data Grid,Stat Procs,Output,Charts,Brevarum,Glossary,Handbook");
+    QCOMPARE(window().session().ActiveView, View::ViewDataGrid);
+  }
+
+  void WithQuickTipsOnTipsIsOnTopAfterTheStart() {
+    window().store().Write("Op16", "0");
+    window().Start();
+    QTRY_COMPARE(window().session().ActiveView, View::ViewTips);
+  }
+
+  void AnEmptyDataSetIsThereAtTheStart() {
+    window().Start();
+    QCOMPARE(window().Pane(1), "Ready");
+    QCOMPARE(window().Pane(2), "1000 Records");
+    QCOMPARE(window().Pane(3), "20 Variables");
+  }
+
+  void OpenByTheMenuShowsTheFile() {
+    window().Start();
+    OpenByMenu(WriteScores());
+    QCOMPARE(window().script().open_dialogs.size(), std::size_t{1});
+    QCOMPARE(window().script().open_dialogs[0].title, std::string("Open"));
+    QCOMPARE(window().script().open_dialogs[0].filter, std::string("Tessara data files (*.dcs)|*.dcs"));
+    QCOMPARE(window().Pane(2), "4 Records");
+    QCOMPARE(window().Pane(3), "2 Variables");
+    QVERIFY(window().frame().windowTitle().contains("scores.dcs"));
+  }
+
+  void AFileOfTheCommandLineIsOpenBeforeTheFirstViewShows() {
+    window().Start(WriteScores());
+    QCOMPARE(window().Pane(2), "4 Records");
+    QCOMPARE(window().session().data.DataFileTitle.find("scores.dcs") != std::string::npos, true);
+  }
+
+  void ADroppedDataFileIsOpenedAndOthersAreNot() {
+    window().Start();
+    QVERIFY(Drop(WriteScores()));
+    QTRY_COMPARE(window().Pane(2), "4 Records");
+    QVERIFY(!Drop(window().WriteFile("notes.txt", "x")));
+    QCOMPARE(window().Pane(2), "4 Records");
+  }
+
+  void RecentFilesOpenAgainAfterARestart() {
+    const Path scores = WriteScores();
+    window().Start();
+    OpenByMenu(scores);
+    window().Trigger(101);
+    QCOMPARE(window().Pane(2), "1000 Records");
+    window().End();
+    window().Start();
+    auto* recent = window().Find<QMenu>("RecentFiles");
+    QVERIFY(!recent->actions().isEmpty());
+    QVERIFY(recent->actions()[0]->text().contains("scores.dcs"));
+    recent->actions()[0]->trigger();
+    QTRY_COMPARE(window().Pane(2), "4 Records");
+  }
+
+  void AFileThatHasVanishedLeavesTheDataAndShowsNoBox() {
+    const Path scores = WriteScores();
+    window().Start();
+    OpenByMenu(scores);
+    std::filesystem::remove(scores);
+    window().frame().OpenFile(scores);
+    QCOMPARE(window().Pane(2), "4 Records");
+    QVERIFY(window().script().messages.empty());
+  }
+
+  void SaveWritesAndSaysSo() {
+    window().Start();
+    const Path scores = WriteScores();
+    OpenByMenu(scores);
+    std::string expected = WindowFixture::ReadFile(scores);
+    expected.insert(expected.find("\r\n"), "\x01");  // the field of the notes, which the file lacked
+    window().Trigger(103);
+    QCOMPARE(window().Pane(1), "Save Completed");
+    QCOMPARE(WindowFixture::ReadFile(scores), expected);
+  }
+
+  void TheWholeJobByMouse() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QRadioButton>("Option1")->click();
+    auto* list = window().Find<VariableListView>("List1");
+    const QModelIndex sex = list->model()->index(2, 0);  // behind "None" and AGE
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(sex).center());
+    window().Find<QAbstractButton>("Image2(0)")->click();
+    window().Find<QPushButton>("RunButton")->click();
+    QCoreApplication::processEvents();
+    QCOMPARE(window().session().ActiveView, View::ViewOutput);
+    const QString report = window().Find<QPlainTextEdit>("RichText1")->toPlainText();
+    QVERIFY(report.startsWith("Frequencies\n\nVariable: SEX     \n\n"));
+    QVERIFY(report.contains("1                               2        50.00          50.00\n"));
+    QVERIFY(report.contains("<Page Break>"));
+  }
+
+  void TheWholeJobByKeyboard() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    auto* descriptives = window().Find<QRadioButton>("Option2");
+    descriptives->setFocus();
+    QTest::keyClick(descriptives, Qt::Key_Space);
+    auto* list = window().Find<VariableListView>("List1");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Home);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    window().Command(308)->trigger();
+    QCoreApplication::processEvents();
+    const QString report = window().Find<QPlainTextEdit>("RichText1")->toPlainText();
+    QVERIFY(report.startsWith("Descriptive Statistics\nVariable: AGE     \n"));
+    QVERIFY(report.contains("Mean                          39.7500"));  // (34 + 41 + 29 + 55) / 4
+  }
+
+  void WithOp10OffTheOutputStaysBehind() {
+    window().store().Write("Op10", "1");
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QRadioButton>("Option1")->click();
+    auto* list = window().Find<VariableListView>("List1");
+    list->setCurrentIndex(list->model()->index(1, 0));
+    window().Find<QAbstractButton>("Image2(0)")->click();
+    window().Command(308)->trigger();
+    QCOMPARE(window().session().ActiveView, View::ViewStatProcs);
+    QVERIFY(!window().session().output.MostRecentText.empty());
+  }
+
+  void ARefusedRunShowsItsBoxAndNoOutput() {
+    window().Start();
+    window().ShowView(View::ViewStatProcs);
+    window().Command(308)->trigger();
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+    QCOMPARE(window().script().messages[0].text, std::string("Please select a dependent variable."));
+    QCOMPARE(window().session().ActiveView, View::ViewStatProcs);
+  }
+
+  void CommandsShowInTheirViews() {
+    window().Start(WriteScores());
+    struct Row {
+      View view;
+      bool open, run, print, convert, toggle;
+    };
+    const Row rows[] = {{View::ViewDataGrid, true, false, false, false, false},
+                        {View::ViewStatProcs, false, true, false, false, false},
+                        {View::ViewOutput, true, false, true, true, true},
+                        {View::ViewCharts, false, false, true, false, false},
+                        {View::ViewHandbook, false, false, true, false, false}};
+    for (const Row& row : rows) {
+      window().ShowView(row.view);
+      QCOMPARE(window().Command(102)->isVisible(), row.open);
+      QCOMPARE(window().Command(308)->isVisible(), row.run);
+      QCOMPARE(window().Command(106)->isVisible(), row.print);
+      QCOMPARE(window().Command(211)->isVisible(), row.convert);
+      QCOMPARE(window().Command(350)->isVisible(), row.toggle);
+    }
+  }
+
+  void TheHelpPaneShowsThePageOfTheView() {
+    window().WriteFile(window().program_folder() / "Help" / "UserManual1.html", "<p>About the grid</p>");
+    window().WriteFile(window().program_folder() / "Help" / "UserManual5.html", "<p>About the output</p>");
+    window().Start();
+    auto* pane = window().Find<QDockWidget>("TaskPanel");
+    QVERIFY(!pane->isVisible());
+    window().Trigger(602);
+    QVERIFY(pane->isVisible());
+    QCOMPARE(pane->windowTitle(), "Help Window");
+    auto* browser = window().Find<QTextEdit>("WebBrowser1");
+    QTRY_VERIFY(browser->toPlainText().contains("About the grid"));
+    window().ShowView(View::ViewOutput);
+    QTRY_VERIFY(browser->toPlainText().contains("About the output"));
+    window().ShowView(View::ViewCharts);  // its page is missing: no crash, the program goes on
+    window().Trigger(602);
+    QVERIFY(!pane->isVisible());
+  }
+
+  void Check11WritesOp4AtItsClick() {
+    window().Start();
+    window().Trigger(602);
+    auto* box = ShowAtStart();
+    QVERIFY(!box->isChecked());
+    box->click();
+    QCOMPARE(window().Setting("Op4"), std::string("1"));
+    box->click();
+    QCOMPARE(window().Setting("Op4"), std::string("0"));
+  }
+
+  void WithOp4OnTheHelpPaneIsThereAtTheStart() {
+    window().store().Write("Op4", "1");
+    window().Start();
+    QVERIFY(window().Find<QDockWidget>("TaskPanel")->isVisible());
+    QVERIFY(ShowAtStart()->isChecked());
+  }
+
+  void AStoredSizeBelowTheLeastIsRaised() {
+    window().store().Write("Op7", "300");
+    window().store().Write("Op8", "20000");
+    window().Start();
+    QTRY_COMPARE(window().frame().height(), 7400 / 15);
+    QCOMPARE(window().frame().width(), 20000 / 15);
+  }
+
+  void TheSizeIsStoredAtTheClose() {
+    window().Start();
+    window().frame().resize(900, 700);
+    window().frame().close();
+    QCOMPARE(window().Setting("Op8"), std::to_string(900 * 15));
+    QCOMPARE(window().Setting("Op7"), std::to_string(700 * 15));
+  }
+
+  void RepairAsksAndCopies() {
+    window().WriteFile(window().program_folder() / "Help" / "iris.dcs", "the original");
+    const Path practice = window().WriteFile("iris.dcs", "spoiled");
+    window().Start();
+    window().script().message_answers = {Answer::kCancel};
+    window().Trigger(402);
+    QCOMPARE(window().script().messages.back().title, std::string("Repair Practice Data Files"));
+    QCOMPARE(WindowFixture::ReadFile(practice), std::string("spoiled"));
+    window().script().message_answers = {Answer::kOk};
+    window().Trigger(402);
+    QCOMPARE(WindowFixture::ReadFile(practice), std::string("the original"));
+  }
+};
+
+}  // namespace tessara
+
+QTEST_MAIN(tessara::FrameTest)
+#include "frame_test.moc"
