@@ -34,6 +34,8 @@ format_check() {
 fuzz_run() {
   corpus=build/fuzz/corpus-$1
   mkdir -p "$corpus"
+  cp installed/Data/women.dcs "$corpus"
+  [ -d /dev/shm ] && export TMPDIR=/dev/shm  # the loader's target writes a file at each step
   build/fuzz/bin/"$1" -max_total_time=10 -rss_limit_mb=2048 -timeout=20 -print_final_stats=1 "$corpus"
 }
 
