@@ -76,6 +76,17 @@ TEST(Progress, TheNextJobShowsAgainBehindACancelledOne) {
   EXPECT_EQ(platform.progress[1].caption, "two");
 }
 
+TEST(Progress, TheNextJobCountsFromZero) {
+  ScriptedPlatform platform;
+  Progress progress(platform);
+  progress.ProgressOpen(0, 1000, "one", 1);
+  progress.ProgressStep(1000);
+  progress.ProgressOpen(0, 4000, "two", 1);
+  EXPECT_EQ(progress.ProgressCount(), 0);
+  progress.ProgressStep(20);
+  EXPECT_EQ(platform.progress.at(1).last_value, 20);
+}
+
 TEST(Progress, ASmallJobHidesTheFormOfTheOneAhead) {
   ScriptedPlatform platform;
   Progress progress(platform);
