@@ -21,6 +21,8 @@ extern "C" TESSARA_EXPORT int TessaraWritePdf(const char* utf8_path, const char*
   char name[] = "tessara";
   char* arguments[] = {name, nullptr};
   if (!QCoreApplication::instance()) {
+    // The caller's standard error is for its own messages.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application = std::make_unique<QGuiApplication>(argument_count, arguments);
   }

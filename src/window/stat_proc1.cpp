@@ -45,7 +45,7 @@ QString Names(const DataSet& data, const std::vector<std::size_t>& columns) {
   for (std::size_t i = 0; i < columns.size() && i < kMostNamesInSummary; ++i) {
     names += ToQt(data.VariableName(columns[i]));
   }
-  const QString text = names.join(", ");
+  QString text = names.join(", ");
   if (columns.size() <= kMostNamesInSummary) return text;
   return text + QString(" and %1 more").arg(columns.size() - kMostNamesInSummary);
 }
@@ -67,7 +67,7 @@ StatProc1::StatProc1(Session& session, QWidget* parent) : ViewForm(session, View
   connect(procedures_, &ProcedureBox::Selected, this, &StatProc1::ProcedureSelected);
   connect(procedures_, &ProcedureBox::Changed, this, &StatProc1::PanelChanged);
   connect(example_, &ExamplePane::FoldPressed, this, [this] { PressFace(Face::kExample); });
-  ShowSession();
+  StatProc1::ShowSession();
   ApplyFaces();
 }
 

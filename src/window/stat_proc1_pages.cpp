@@ -56,7 +56,7 @@ void StatisticsPage::ShowData(const DataSet& data_set) {
     captions_[i]->setText(label.left(value));
     values_[i]->setText(label.mid(value));
   }
-  usage_->setValue(static_cast<int>(statistics.usage_bar + 0.5));
+  usage_->setValue(qRound(statistics.usage_bar));
 }
 
 NotesPage::NotesPage(Session& session, QWidget* parent)
