@@ -126,6 +126,7 @@ FrmMain::~FrmMain() {
   disconnect(workspace_, nullptr, this, nullptr);
   delete help_pane_;
   delete takeCentralWidget();
+  workspace_ = nullptr;
 }
 
 void FrmMain::BuildStatusBar() {
@@ -410,6 +411,17 @@ void FrmMain::closeEvent(QCloseEvent* event) {
   splash_.reset();
   setUpdatesEnabled(false);  // the data may be gone
   event->accept();
+}
+
+void FrmMain::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  FitTabs();
+}
+
+void FrmMain::FitTabs() {
+  if (!workspace_) return;
+  workspace_->setIconSize({kSmallIcon, kSmallIcon});
+  if (workspace_->tabBar()->sizeHint().width() > workspace_->width()) workspace_->setIconSize({0, 0});
 }
 
 void FrmMain::changeEvent(QEvent* event) {

@@ -58,6 +58,7 @@ class FrmMain : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -72,6 +73,8 @@ class FrmMain : public QMainWindow {
   void StartTimers(const FrameStart& start);
   void EndSplash();
   void TabChanged();
+  // In a narrow window the tabs leave their icons out, so that all of them stay in sight.
+  void FitTabs();
   void StoreViews();
   void ShowWantedView();
   void ShowSession();

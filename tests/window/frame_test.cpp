@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "window/variable_lists.h"
@@ -54,6 +55,17 @@ class FrameTest : public QObject {
     }
     QCOMPARE(tabs.join(","), "Data Grid,Stat Procs,Output,Charts,Brevarum,Glossary,Handbook");
     QCOMPARE(window().session().ActiveView, View::ViewDataGrid);
+  }
+
+  void AllTabsStayInSightInTheLeastSize() {
+    window().store().Write("Op16", "0");
+    window().Start();
+    window().frame().resize(9800 / 15, 7400 / 15);
+    QCoreApplication::processEvents();
+    QVERIFY(Workspace()->tabBar()->sizeHint().width() <= Workspace()->width());
+    window().frame().resize(1400, 900);
+    QCoreApplication::processEvents();
+    QVERIFY(Workspace()->iconSize().width() > 0);  // and with room enough they have their icons
   }
 
   void WithQuickTipsOnTipsIsOnTopAfterTheStart() {
