@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "data/missing_test.h"
-#include "data/used_range.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/probability.h"
@@ -158,11 +157,8 @@ void RunDescriptives(ProcedureRun& run) {
     return;
   }
   {
-    const UsedRange used(data);
-    LoadMissingSet(data, kMainRole);
-    const CaseControl control(data, run.panel.control);
-    run.ChartFootnote = control.ChartFootnote();
-
+    const RunCases begun(run);
+    const CaseControl& control = begun.control;
     DescriptiveCases cases = GatherDescriptives(data, control, column);
     if (cases.values.size() < 2) {
       run.ReportError(ErrorMessage(kTitle, data.VariableName(column),

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "data/cell_key.h"
-#include "data/used_range.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
@@ -179,11 +178,8 @@ void RunFrequencies(ProcedureRun& run) {
     run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
     return;
   }
-  const UsedRange used(data);
-  LoadMissingSet(data, kMainRole);
-  const CaseControl control(data, run.panel.control);
-  run.ChartFootnote = control.ChartFootnote();
-
+  const RunCases begun(run);
+  const CaseControl& control = begun.control;
   const FrequencyCases cases = GatherFrequencies(data, control, column);
   if (cases.accepted < 1) {
     run.ReportError(

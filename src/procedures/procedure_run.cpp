@@ -15,4 +15,9 @@ void ProcedureRun::ReportError(std::string_view pending_text) {
   tessara::ReportError(output, pending_text);
 }
 
+RunCases::RunCases(ProcedureRun& run) : used(run.data), control(run.data, run.panel.control) {
+  LoadMissingSet(run.data, kMainRole);
+  run.ChartFootnote = control.ChartFootnote();
+}
+
 }  // namespace tessara

@@ -3,8 +3,10 @@
 #include <string>
 
 #include "data/data_set.h"
+#include "data/used_range.h"
 #include "platform/platform.h"
 #include "presentation/output_log.h"
+#include "procedures/case_control.h"
 #include "procedures/panel.h"
 
 // The run check: tests the selection of the panel and calls the procedures. It goes on past every numeric failure.
@@ -25,6 +27,15 @@ struct ProcedureRun {
   void AppendReport(std::string report);
   // Sends a title and message to the output log in the error frame, and marks the run.
   void ReportError(std::string_view pending_text);
+};
+
+// What every procedure that reads cases begins with: the counts cut to the used range for as long as the object lives,
+// the missing values of the main variable, and the case control.
+struct RunCases {
+  explicit RunCases(ProcedureRun& run);
+
+  UsedRange used;
+  CaseControl control;
 };
 
 struct RunOutcome {
