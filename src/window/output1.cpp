@@ -16,6 +16,7 @@
 #include "presentation/print_pages.h"
 #include "window/page_painter.h"
 #include "window/qt_platform.h"
+#include "window/segment_button.h"
 #include "window/text.h"
 #include "window/text_page.h"
 #include "window/theme.h"
@@ -68,10 +69,9 @@ QAction* Output1::MakeAction(const char* name, const char* icon, const QString& 
 
 // Both texts by name, the one that shows pressed.
 QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButtonGroup* group) {
-  auto* button = new QToolButton(this);
+  auto* button = new SegmentButton(this);
   button->setObjectName(name);
   button->setText(caption);
-  button->setCheckable(true);
   button->setFocusPolicy(Qt::StrongFocus);
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
   button->setStyleSheet(kSwitchStyle);

@@ -11,6 +11,7 @@
 #include "window/control_panel.h"
 #include "window/elided_label.h"
 #include "window/procedure_box.h"
+#include "window/segment_button.h"
 #include "window/stat_proc1_pages.h"
 #include "window/text.h"
 
@@ -78,14 +79,13 @@ QWidget* StatProc1::BuildViewbar() {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   for (const FaceButton& row : kFaceButtons) {
-    auto* button = new QToolButton(bar);
+    auto* button = new SegmentButton(bar);
     button->setObjectName(QString("Viewbar1(%1)").arg(static_cast<int>(row.face)));
     button->setText(row.caption);
     button->setToolTip(row.tooltip);
     button->setAccessibleName(row.tooltip);
     button->setIcon(QIcon::fromTheme(row.icon));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setCheckable(true);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, this, [this, face = row.face] { PressFace(face); });
     face_buttons_[static_cast<std::size_t>(row.face)] = button;
