@@ -25,11 +25,6 @@ namespace tessara {
 namespace {
 
 constexpr int kToggleOutput = 350;
-// The text that shows has the accent colour, so that the two states tell apart in every style.
-constexpr const char* kSwitchStyle =
-    "QToolButton { padding: 0.3em 0.5em; border: 1px solid palette(mid); background: palette(button); }"
-    "QToolButton:hover, QToolButton:focus { border-color: palette(highlight); }"
-    "QToolButton:checked { background: palette(highlight); color: palette(highlighted-text); }";
 
 }  // namespace
 
@@ -74,7 +69,6 @@ QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButt
   button->setText(caption);
   button->setFocusPolicy(Qt::StrongFocus);
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  button->setStyleSheet(kSwitchStyle);
   button->setMinimumWidth(button->sizeHint().width());  // never cut, whatever room there is
   group->addButton(button);
   return button;
