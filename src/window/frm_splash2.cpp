@@ -33,7 +33,7 @@ FrmSplash2::FrmSplash2() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWind
   setAutoFillBackground(true);
 
   auto* texts = new QVBoxLayout;
-  texts->addStretch();
+  texts->addStretch(1);
   auto* name = Line("Tessara", 2.6, this);
   QFont name_font = name->font();
   name_font.setWeight(QFont::DemiBold);
@@ -45,7 +45,7 @@ FrmSplash2::FrmSplash2() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWind
   version->setObjectName("Version");
   version->setForegroundRole(QPalette::PlaceholderText);
   texts->addWidget(version);
-  texts->addStretch();
+  texts->addStretch(1);
 
   const int gap = fontMetrics().height() * 2;
   auto* layout = new QHBoxLayout(this);

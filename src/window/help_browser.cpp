@@ -74,6 +74,7 @@ QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent) {
   QToolButton* back = add(0, "go-previous", HelpBrowser::tr("Back"));
   QToolButton* forward = add(1, "go-next", HelpBrowser::tr("Forward"));
   QToolButton* print = add(2, "document-print", HelpBrowser::tr("Print this page"));
+  layout->addStretch();
   back->setEnabled(false);
   forward->setEnabled(false);
   QObject::connect(back, &QToolButton::clicked, browser, &QTextBrowser::backward);

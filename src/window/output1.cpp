@@ -69,6 +69,7 @@ QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButt
   button->setText(caption);
   button->setFocusPolicy(Qt::StrongFocus);
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  button->setMinimumWidth(button->sizeHint().width());  // never cut, whatever room there is
   group->addButton(button);
   return button;
 }
@@ -106,8 +107,8 @@ QWidget* Output1::MakeHead() {
   layout->addStretch();
 
   QAction* find = MakeAction("FindText", "edit-find", tr("Find in Output (Ctrl+F)"));
-  QAction* smaller = MakeAction("ZoomOut", "zoom-out", tr("Smaller Type (Ctrl+-)"));
-  QAction* larger = MakeAction("ZoomIn", "zoom-in", tr("Larger Type (Ctrl++)"));
+  QAction* smaller = MakeAction("ZoomOut", "list-remove", tr("Smaller Type (Ctrl+-)"));
+  QAction* larger = MakeAction("ZoomIn", "list-add", tr("Larger Type (Ctrl++)"));
   connect(find, &QAction::triggered, this, &Output1::ShowFindBar);
   connect(smaller, &QAction::triggered, this, [this] { page_->ZoomStep(-1); });
   connect(larger, &QAction::triggered, this, [this] { page_->ZoomStep(1); });
@@ -116,7 +117,7 @@ QWidget* Output1::MakeHead() {
   zoom_->setAutoRaise(true);
   zoom_->setFocusPolicy(Qt::TabFocus);
   zoom_->setToolTip(tr("Usual Size (Ctrl+0)"));
-  zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height());
+  zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height() / 2);
   connect(zoom_, &QToolButton::clicked, this, [this] { page_->SetZoom(100); });
   layout->addWidget(MakeTool(find));
   layout->addWidget(MakeTool(smaller));

@@ -1,5 +1,6 @@
 #include "window/page_view.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -9,7 +10,8 @@
 namespace tessara {
 namespace {
 
-constexpr int kIconSize = 64;
+constexpr int kIconSize = 66;
+constexpr int kDrawnSize = 22;
 constexpr int kTextColumns = 52;
 
 // The icon of the page, drawn anew when the palette or the screen changes.
@@ -20,7 +22,9 @@ class PageIcon : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    icon_.paint(&painter, rect());
+    // The theme's drawings are made for a toolbar: asked for at a finer scale, they are sharp at this size too.
+    const qreal scale = devicePixelRatioF() * kIconSize / kDrawnSize;
+    painter.drawPixmap(rect(), icon_.pixmap(QSize(kDrawnSize, kDrawnSize), scale));
   }
 
  private:
@@ -46,7 +50,11 @@ PageView::PageView(Session& the_session, View the_view, const PageText& page, QW
   layout->addStretch(2);
   layout->addWidget(new PageIcon(ThemeIcon(page.icon), this), 0, Qt::AlignHCenter);
   layout->addWidget(title);
-  layout->addWidget(text, 0, Qt::AlignHCenter);
+  auto* middle = new QHBoxLayout;  // an aligned label would get the height of fewer lines than it wraps into
+  middle->addStretch();
+  middle->addWidget(text);
+  middle->addStretch();
+  layout->addLayout(middle);
   layout->addStretch(3);
   setAccessibleName(page.title);
   setAccessibleDescription(page.text);

@@ -1,5 +1,6 @@
 #include "window/text_page.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
@@ -46,13 +47,15 @@ void TextPage::ZoomStep(int steps) { SetZoom((zoom_ / kZoomStep + steps) * kZoom
 
 void TextPage::ApplyType() {
   QFont type = FixedPitchFont();
-  type.setPointSizeF(QFont().pointSizeF() * zoom_ / 100.0);
+  type.setPointSizeF(QApplication::font().pointSizeF() * zoom_ / 100.0);
   setFont(type);
   document()->setDefaultFont(type);
   document()->setDocumentMargin(QFontMetricsF(type).height() * 1.5);
   setTabStopDistance(QFontMetricsF(type).horizontalAdvance('0') * 8);
   setCursorWidth(2);
-  empty_text_->setFont(QFont());
+  QFont words = QApplication::font();
+  words.setResolveMask(QFont::AllPropertiesResolved);  // and not the type of the sheet
+  empty_text_->setFont(words);
   PlaceSheet();
 }
 

@@ -50,6 +50,8 @@ Tips::Tips(QtPlatform& platform, Session& the_session, QWidget* parent)
     auto* label = new QToolButton(this);
     label->setObjectName(QString("Label1(%1)").arg(tip));
     label->setText(title);
+    label->setIcon(ThemeIcon("help-hint"));
+    label->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     label->setCheckable(true);
     label->setChecked(tip == 0);
     label->setAutoRaise(true);
