@@ -19,7 +19,7 @@ void BenchData::Run(Procedure procedure, std::size_t column) {
   panel.selected = procedure;
   panel.SelectedVariables = {column};
   data.SelectedVariableCount = 1;
-  tessara::Run(data, panel, output, platform);
+  tessara::Run(data, panel, output, charts, platform);
   output = {};
 }
 

@@ -24,6 +24,7 @@ struct BenchData {
   DataSet data;
   ProcedurePanel panel;
   OutputLog output;
+  ChartStore charts;
 };
 
 // Columns of the benchmark data.

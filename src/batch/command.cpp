@@ -32,6 +32,36 @@ constexpr OptionRow kDescriptivesOptions[] = {
     {"--save-z", "", "save the z-scores as another variable", OptionValue::kNone},
 };
 
+constexpr OptionRow kCrosstabOptions[] = {
+    {"--no-chi-square", "", "leave the chi-square tests out", OptionValue::kNone},
+    {"--risk", "", "add odds ratio and relative risk of a 2 by 2 table", OptionValue::kNone},
+    {"--association", "", "add the measures of association", OptionValue::kNone},
+    {"--agreement", "", "add Kappa, of as many rows as columns", OptionValue::kNone},
+};
+
+constexpr OptionRow kTTestOptions[] = {
+    {"--groups", "A B", "the values of the two groups", OptionValue::kTwo},
+};
+
+constexpr OptionRow kAnovaOptions[] = {
+    {"--summary", "", "add the statistics of each group", OptionValue::kNone},
+    {"--post-hoc", "", "add the Bonferroni comparisons", OptionValue::kNone},
+};
+
+constexpr OptionRow kListOptions[] = {
+    {"--max", "N", "list no more than N cases", OptionValue::kNeeded},
+};
+
+constexpr OptionRow kRegressionOptions[] = {
+    {"--summary", "", "add summary statistics of the cases in the model", OptionValue::kNone},
+    {"--save-residuals", "", "save the residuals as another variable", OptionValue::kNone},
+};
+
+constexpr OptionRow kLogisticOptions[] = {
+    {"--summary", "", "add summary statistics of the cases in the model", OptionValue::kNone},
+    {"--save-predicted", "", "save predicted values and residuals as other variables", OptionValue::kNone},
+};
+
 constexpr CommandRow kCommands[] = {
     {"open",
      "PATH",
@@ -97,6 +127,70 @@ constexpr CommandRow kCommands[] = {
      "Reports mean, median, spread and a one-sample t-test against 0, one report a variable.\n"
      "Variables behind \"by\" are compared with each of those ahead of it.\n",
      "descriptives AGE WEIGHT --chart", kDescriptivesOptions, kAnyNumber, "VAR", procedure_commands::Descriptives},
+    {"crosstab", "VAR... by VAR... [OPTIONS]", "compare one categorical variable to another",
+     "Counts a table with the variable ahead of \"by\" in its rows and the one behind it in its\n"
+     "columns, and tests whether they are related. Chi-square tests are on.\n",
+     "crosstab SMOKE by SEX --risk", kCrosstabOptions, kAnyNumber, "VAR", procedure_commands::Crosstab},
+    {"t-test", "VAR... by VAR --groups A B", "compare two independent means",
+     "Compares the mean of the variable ahead of \"by\" in the cases that have the value A and\n"
+     "in those that have the value B of the variable behind it.\n",
+     "t-test WEIGHT by SEX --groups 1 2", kTTestOptions, kAnyNumber, "VAR", procedure_commands::TTest},
+    {"anova", "VAR... by VAR... [--summary] [--post-hoc]", "compare two or more independent means",
+     "One-way analysis of variance of the variable ahead of \"by\" over the groups that the\n"
+     "values of the one behind it make.\n",
+     "anova WEIGHT by GROUP --summary --post-hoc", kAnovaOptions, kAnyNumber, "VAR", procedure_commands::Anova},
+    {"correlation",
+     "VAR... by VAR...",
+     "compare two continuous variables",
+     "Pearson's correlation with its test and a scattergram, for each variable ahead of \"by\"\n"
+     "with each behind it.\n",
+     "correlation WEIGHT by HEIGHT",
+     {},
+     kAnyNumber,
+     "VAR",
+     procedure_commands::Correlation},
+    {"correlation-matrix",
+     "VAR...",
+     "correlate each pair of variables",
+     "Pearson's correlations of all pairs of the variables as a square matrix. Each pair uses\n"
+     "the cases that are valid in both.\n",
+     "correlation-matrix AGE WEIGHT HEIGHT",
+     {},
+     kAnyNumber,
+     "VAR",
+     procedure_commands::CorrelationMatrix},
+    {"regression", "VAR by VAR... [--summary] [--save-residuals]", "least squares regression",
+     "Regression of the variable ahead of \"by\" on those behind it, by ordinary least squares.\n",
+     "regression WEIGHT by HEIGHT AGE --save-residuals", kRegressionOptions, kAnyNumber, "VAR",
+     procedure_commands::Regression},
+    {"logistic", "VAR by VAR... [--summary] [--save-predicted]", "logistic regression",
+     "Logistic regression of a variable coded 1 and 0 on those behind \"by\".\n",
+     "logistic SMOKE by AGE --save-predicted", kLogisticOptions, kAnyNumber, "VAR", procedure_commands::Logistic},
+    {"diagnostic",
+     "VAR... by VAR...",
+     "diagnostic accuracy",
+     "Compares an ordered test result with a reference standard of two values, the second of\n"
+     "them disease: sensitivity, specificity and the like for each cut point, and the area\n"
+     "under the ROC curve.\n",
+     "diagnostic RATING by DISEASE",
+     {},
+     kAnyNumber,
+     "VAR",
+     procedure_commands::Diagnostic},
+    {"list", "VAR... [--max N]", "list the values of up to seven variables",
+     "Lists the values of the variables side by side, one line a case.\n", "list SEX AGE --max 20", kListOptions,
+     kAnyNumber, "VAR", procedure_commands::List},
+    {"charts",
+     "",
+     "print the chart tables of the latest run",
+     "Prints the charts that the latest procedure left, tab-delimited: for each a line with\n"
+     "\"chart\", title, titles of both axes and footnote, then its rows. The log gets nothing\n"
+     "from it.\n",
+     "charts",
+     {},
+     0,
+     "",
+     output_commands::Charts},
     {"recent",
      "",
      "print the most recent output",
@@ -130,26 +224,10 @@ constexpr CommandRow kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "import",      "export",
-    "split",       "print-notes",
-    "dictionary",  "cell",
-    "add-rows",    "add-column",
-    "delete-rows", "delete-columns",
-    "format",      "copy-format",
-    "recode",      "compute",
-    "combine",     "compare-dates",
-    "trim",        "find",
-    "replace",     "undo",
-    "sample",      "iterations",
-    "subset",      "explore",
-    "correlation", "correlation-matrix",
-    "list",        "crosstab",
-    "diagnostic",  "t-test",
-    "anova",       "regression",
-    "logistic",    "table",
-    "charts",      "brevarum",
-    "calculator",  "glossary",
-    "word",        "excel",
+    "import",      "export",   "split",       "print-notes",   "dictionary", "cell",       "add-rows", "add-column",
+    "delete-rows", "format",   "copy-format", "recode",        "compute",    "combine",    "trim",     "delete-columns",
+    "find",        "replace",  "undo",        "compare-dates", "sample",     "iterations", "subset",   "table",
+    "explore",     "brevarum", "calculator",  "glossary",      "word",       "excel",
 };
 
 // How many letters must be put in, left out or replaced to make one word of the other.

@@ -91,9 +91,19 @@ namespace procedure_commands {
 CommandResult Control(Batch& batch, const CommandWords& words);
 CommandResult Frequencies(Batch& batch, const CommandWords& words);
 CommandResult Descriptives(Batch& batch, const CommandWords& words);
+CommandResult Crosstab(Batch& batch, const CommandWords& words);
+CommandResult TTest(Batch& batch, const CommandWords& words);
+CommandResult Anova(Batch& batch, const CommandWords& words);
+CommandResult Correlation(Batch& batch, const CommandWords& words);
+CommandResult CorrelationMatrix(Batch& batch, const CommandWords& words);
+CommandResult List(Batch& batch, const CommandWords& words);
+CommandResult Diagnostic(Batch& batch, const CommandWords& words);
+CommandResult Regression(Batch& batch, const CommandWords& words);
+CommandResult Logistic(Batch& batch, const CommandWords& words);
 }  // namespace procedure_commands
 
 namespace output_commands {
+CommandResult Charts(Batch& batch, const CommandWords& words);
 CommandResult Recent(Batch& batch, const CommandWords& words);
 CommandResult TabDelimitedText(Batch& batch, const CommandWords& words);
 CommandResult Print(Batch& batch, const CommandWords& words);

@@ -25,8 +25,9 @@ std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::str
   const auto unknown = std::ranges::find_if(left, LooksLikeOption);
   if (unknown != left.end()) return "unknown option " + Quoted(*unknown);
   const std::string text = error.what();
-  if (const std::size_t colon = text.find(": "); colon != std::string::npos)
-    return text.substr(0, colon) + " needs a value";
+  if (const std::size_t colon = text.find(": "); colon != std::string::npos) {
+    return text.substr(0, colon) + (text.find(": 2 required") == colon ? " needs two values" : " needs a value");
+  }
   return "--" + text.substr(0, text.find(' ')) + " takes no value";
 }
 
@@ -37,11 +38,22 @@ std::string_view LongName(std::string_view names) {
   return comma == std::string_view::npos ? names : names.substr(comma + 1);
 }
 
-std::optional<std::string> CommandWords::Value(std::string_view option) const {
-  for (const auto& [name, value] : options) {
-    if (name == option) return value;
-  }
-  return std::nullopt;
+namespace {
+
+using NamedValues = std::vector<std::pair<std::string_view, std::string>>;
+
+std::optional<std::string> FindValue(const NamedValues& values, std::string_view option) {
+  const auto found = std::ranges::find(values, option, &NamedValues::value_type::first);
+  if (found == values.end()) return std::nullopt;
+  return found->second;
+}
+
+}  // namespace
+
+std::optional<std::string> CommandWords::Value(std::string_view option) const { return FindValue(options, option); }
+
+std::optional<std::string> CommandWords::SecondValue(std::string_view option) const {
+  return FindValue(second_values, option);
 }
 
 struct WordParser::Body {
@@ -60,6 +72,7 @@ WordParser::WordParser(std::span<const OptionRow> options, WordOrder order) : bo
     if (row.takes == OptionValue::kNone) option->disable_flag_override();
     if (row.takes == OptionValue::kNeeded) option->expected(1);
     if (row.takes == OptionValue::kPossible) option->expected(0, 1);
+    if (row.takes == OptionValue::kTwo) option->expected(2);
     option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);  // Parse tells of repetitions
     body_->options.emplace_back(LongName(row.names), option);
   }
@@ -87,10 +100,12 @@ CommandWords WordParser::Parse(std::span<const std::string> words) {
     return result;
   }
   for (const auto& [name, option] : body_->options) {
+    const std::vector<std::string>& values = option->results();
     if (option->count() == 0) continue;
-    if (option->count() > 1) result.error = std::string(name) + " is given twice";
-    const std::string value = option->results().empty() ? std::string() : option->results().front();
-    result.options.emplace_back(name, Unguarded(value));
+    const bool takes_two = option->get_items_expected_min() == 2;
+    if (option->count() > (takes_two ? 2u : 1u)) result.error = std::string(name) + " is given twice";
+    result.options.emplace_back(name, values.empty() ? std::string() : Unguarded(values.front()));
+    if (takes_two) result.second_values.emplace_back(name, Unguarded(values.back()));
   }
   const std::vector<std::string> plain = body_->plain_words ? body_->plain_words->results() : body_->app.remaining();
   for (const std::string& word : plain) result.words.push_back(Unguarded(word));

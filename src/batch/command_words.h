@@ -13,7 +13,7 @@
 
 namespace tessara {
 
-enum class OptionValue { kNone, kNeeded, kPossible };
+enum class OptionValue { kNone, kNeeded, kPossible, kTwo };
 
 struct OptionRow {
   std::string_view names;  // "--chart" or "-s,--script"
@@ -24,11 +24,13 @@ struct OptionRow {
 
 struct CommandWords {
   std::vector<std::string> words;
-  std::vector<std::pair<std::string_view, std::string>> options;  // long name with its dashes, value
+  std::vector<std::pair<std::string_view, std::string>> options;        // long name with its dashes, value
+  std::vector<std::pair<std::string_view, std::string>> second_values;  // of the options that take two
   std::string error;  // what could not be understood; empty when all is well
 
   bool Has(std::string_view option) const { return Value(option).has_value(); }
   std::optional<std::string> Value(std::string_view option) const;
+  std::optional<std::string> SecondValue(std::string_view option) const;
 };
 
 enum class WordOrder {

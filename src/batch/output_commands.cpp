@@ -1,10 +1,16 @@
 #include "batch/command.h"
 #include "batch/script_line.h"
 #include "platform/files.h"
+#include "presentation/chart_data.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
 
 namespace tessara::output_commands {
+
+CommandResult Charts(Batch& batch, const CommandWords&) {
+  batch.stream.PrintText(ChartsText(batch.session.charts));
+  return Done();
+}
 
 CommandResult Recent(Batch& batch, const CommandWords&) {
   batch.stream.PrintText(batch.session.output.MostRecentText);

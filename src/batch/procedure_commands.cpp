@@ -50,6 +50,16 @@ CommandResult RunPrepared(Batch& batch) {
   return {outcome.refused || outcome.aborted ? BatchStatus::kRefused : BatchStatus::kAllWell, {}};
 }
 
+// A line of a procedure: the variables into the lists, the options into the panel by `set_options`, and the run.
+template <typename SetOptions>
+CommandResult RunProcedure(Batch& batch, const CommandWords& words, Procedure procedure, SetOptions set_options) {
+  const VariableLists variables = ReadVariableLists(batch.session.data, words.words);
+  if (!variables.error.empty()) return NotUnderstood(variables.error);
+  PreparePanel(batch, procedure, variables);
+  set_options(batch.session.panel);
+  return RunPrepared(batch);
+}
+
 }  // namespace
 
 CommandResult Control(Batch& batch, const CommandWords& words) {
@@ -79,20 +89,71 @@ CommandResult Control(Batch& batch, const CommandWords& words) {
 }
 
 CommandResult Frequencies(Batch& batch, const CommandWords& words) {
-  const VariableLists variables = ReadVariableLists(batch.session.data, words.words);
-  if (!variables.error.empty()) return NotUnderstood(variables.error);
-  PreparePanel(batch, Procedure::kFrequencies, variables);
-  batch.session.panel.checks.Check2 = words.Has("--dispersion");
-  return RunPrepared(batch);
+  return RunProcedure(batch, words, Procedure::kFrequencies,
+                      [&](ProcedurePanel& panel) { panel.checks.Check2 = words.Has("--dispersion"); });
 }
 
 CommandResult Descriptives(Batch& batch, const CommandWords& words) {
-  const VariableLists variables = ReadVariableLists(batch.session.data, words.words);
-  if (!variables.error.empty()) return NotUnderstood(variables.error);
-  PreparePanel(batch, Procedure::kDescriptives, variables);
-  batch.session.panel.checks.Check1 = words.Has("--chart");
-  batch.session.panel.checks.Check2 = words.Has("--save-z");
-  return RunPrepared(batch);
+  return RunProcedure(batch, words, Procedure::kDescriptives, [&](ProcedurePanel& panel) {
+    panel.checks.Check1 = words.Has("--chart");
+    panel.checks.Check2 = words.Has("--save-z");
+  });
+}
+
+CommandResult Crosstab(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kCrosstabulation, [&](ProcedurePanel& panel) {
+    panel.checks.Check1 = words.Has("--association");
+    panel.checks.Check2 = !words.Has("--no-chi-square");
+    panel.checks.Check11 = words.Has("--agreement");
+    panel.checks.Check12 = words.Has("--risk");
+  });
+}
+
+CommandResult Diagnostic(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kDiagnostic, [](ProcedurePanel&) {});
+}
+
+CommandResult TTest(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kTTest, [&](ProcedurePanel& panel) {
+    panel.Text5 = HeldText(words.Value("--groups").value_or(""));
+    panel.Text6 = HeldText(words.SecondValue("--groups").value_or(""));
+  });
+}
+
+CommandResult Anova(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kAnova, [&](ProcedurePanel& panel) {
+    panel.checks.Check1 = words.Has("--post-hoc");
+    panel.checks.Check2 = words.Has("--summary");
+  });
+}
+
+CommandResult Correlation(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kCorrelation, [](ProcedurePanel&) {});
+}
+
+CommandResult CorrelationMatrix(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kCorrelation, [](ProcedurePanel& panel) { panel.checks.Check2 = true; });
+}
+
+CommandResult List(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kListVariables,
+                      [&](ProcedurePanel& panel) { panel.Text7 = HeldText(words.Value("--max").value_or("")); });
+}
+
+CommandResult Regression(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kRegression, [&](ProcedurePanel& panel) {
+    panel.regression = RegressionKind::kLeastSquares;
+    panel.checks.Check1 = words.Has("--save-residuals");
+    panel.checks.Check2 = words.Has("--summary");
+  });
+}
+
+CommandResult Logistic(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kRegression, [&](ProcedurePanel& panel) {
+    panel.regression = RegressionKind::kLogistic;
+    panel.checks.Check1 = words.Has("--save-predicted");
+    panel.checks.Check2 = words.Has("--summary");
+  });
 }
 
 }  // namespace tessara::procedure_commands

@@ -22,8 +22,10 @@ inline constexpr std::size_t kMostGridVariables = 300;
 inline constexpr std::size_t kGridRecordsAboveLimit = 100;
 inline constexpr std::string_view kUntitledGrid = "Data Grid";
 
-// The roles of a variable in a run. Role 1 is the main variable, role 4 the control variable.
+// The roles of a variable in a run. Role 1 is the main variable, role 2 the independent variable that it is compared
+// with, role 4 the control variable.
 inline constexpr std::size_t kMainRole = 1;
+inline constexpr std::size_t kIndependentRole = 2;
 inline constexpr std::size_t kControlRole = 4;
 
 struct ListedVariable {

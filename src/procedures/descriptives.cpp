@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/missing_test.h"
+#include "numerics/case_values.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/probability.h"
@@ -33,16 +34,6 @@ std::size_t ForEachAcceptedNumber(const DataSet& data, std::size_t column, const
     accept(record, numbers.values[record], record - excluded);
   }
   return excluded;
-}
-
-// The middle of the values in ascending order; their order in the array changes.
-Number Median(std::vector<double>& values) {
-  const std::size_t half = values.size() / 2;
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(half);
-  std::nth_element(values.begin(), middle, values.end());
-  Number median = *middle;
-  if (values.size() % 2 == 0) median = (median + *std::max_element(values.begin(), middle)) / 2;
-  return median;
 }
 
 }  // namespace
@@ -87,7 +78,7 @@ DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases) {
       return square * square;
     });
   }
-  result.median = Median(values);
+  result.median = MedianOf(values);
 
   result.population_variance = squares / n;
   result.population_deviation = Sqrt(result.population_variance);

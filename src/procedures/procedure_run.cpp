@@ -12,12 +12,19 @@ void ProcedureRun::AppendReport(std::string report) {
 
 void ProcedureRun::ReportError(std::string_view pending_text) {
   aborted = true;
+  ClearCharts(charts);
   tessara::ReportError(output, pending_text);
+}
+
+void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {
+  for (Chart& chart : made) chart.footnote = ChartFootnote;
+  KeepCharts(charts, kind, std::move(made));
 }
 
 RunCases::RunCases(ProcedureRun& run) : used(run.data), control(run.data, run.panel.control) {
   LoadMissingSet(run.data, kMainRole);
   run.ChartFootnote = control.ChartFootnote();
+  ClearCharts(run.charts);
 }
 
 }  // namespace tessara

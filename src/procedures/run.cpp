@@ -21,15 +21,28 @@ Step Refuse(Platform& platform, const char* title, const char* text) {
 
 Step ComesNext(Platform& platform) { return Refuse(platform, kTryAgain, kComesNext); }
 
-Step ComesNextForPairs(const ProcedureRun& run) {
+using RunProcedure = void (*)(ProcedureRun& run);
+
+// The procedure for each of the independent variables, in list order.
+void RunForIndependents(ProcedureRun& run, RunProcedure procedure) {
+  for (const std::size_t column : run.panel.IndependentVariables) {
+    run.data.RoleVariable[kIndependentRole] = column;
+    procedure(run);
+  }
+}
+
+// The same for a procedure that cannot do without one.
+Step Compare(ProcedureRun& run, RunProcedure procedure) {
   if (run.panel.IndependentVariables.empty()) {
     return Refuse(run.platform, kAborted, "Please select an independent variable.");
   }
-  return ComesNext(run.platform);
+  if (!procedure) return ComesNext(run.platform);
+  RunForIndependents(run, procedure);
+  return Step::kNextVariable;
 }
 
-Step Correlate(const ProcedureRun& run) {
-  if (!run.panel.checks.Check2) return ComesNextForPairs(run);
+Step Correlate(ProcedureRun& run) {
+  if (!run.panel.checks.Check2) return Compare(run, nullptr);
   if (run.panel.SelectedVariables.size() < 2) {
     return Refuse(run.platform, kAborted, "Please select two analysis variables.");
   }
@@ -48,13 +61,18 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kCorrelation:
       return Correlate(run);
     case Procedure::kCrosstabulation:
+      return Compare(run, nullptr);
     case Procedure::kTTest:
+      return Compare(run, nullptr);
     case Procedure::kAnova:
+      return Compare(run, nullptr);
     case Procedure::kRegression:
+      return Compare(run, nullptr);
     case Procedure::kDiagnostic:
-      return ComesNextForPairs(run);
-    case Procedure::kExplore:
+      return Compare(run, nullptr);
     case Procedure::kListVariables:
+      return ComesNext(run.platform);
+    case Procedure::kExplore:
     case Procedure::kSummaryTables:
     case Procedure::kRandomSample:
     case Procedure::kRepeatedSampling:
@@ -80,7 +98,7 @@ bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
 
 }  // namespace
 
-RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Platform& platform) {
+RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, ChartStore& charts, Platform& platform) {
   const WaitCursor wait(platform);
   RunOutcome outcome;
   if (IsSubsetRequest(data, panel)) {
@@ -95,7 +113,9 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Pl
   }
   if (panel.selected == Procedure::kRegression) ClearBox(output);
   BeginRun(output);
-  ProcedureRun run{.data = data, .panel = panel, .output = output, .platform = platform};
+  ClearCharts(charts);
+  charts.SelectedVariableCount = panel.SelectedVariables.size();
+  ProcedureRun run{.data = data, .panel = panel, .output = output, .charts = charts, .platform = platform};
   outcome.refused = RunForAllVariables(run) == Step::kEndRun;
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "data/data_set.h"
 #include "data/used_range.h"
 #include "platform/platform.h"
+#include "presentation/chart_data.h"
 #include "presentation/output_log.h"
 #include "procedures/case_control.h"
 #include "procedures/panel.h"
@@ -18,6 +20,7 @@ struct ProcedureRun {
   DataSet& data;
   const ProcedurePanel& panel;
   OutputLog& output;
+  ChartStore& charts;
   Platform& platform;
 
   bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
@@ -25,12 +28,15 @@ struct ProcedureRun {
 
   // Sends a finished report to the output log.
   void AppendReport(std::string report);
-  // Sends a title and message to the output log in the error frame, and marks the run.
+  // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
   void ReportError(std::string_view pending_text);
+  // Leaves the charts of a procedure, with the run's footnote: only while a single variable is selected.
+  void LeaveCharts(ChartKind kind, std::vector<Chart> made);
+  bool WantsCharts() const { return panel.SelectedVariables.size() < 2; }
 };
 
 // What every procedure that reads cases begins with: the counts cut to the used range for as long as the object lives,
-// the missing values of the main variable, and the case control.
+// the missing values of the main variable, the case control, and no charts.
 struct RunCases {
   explicit RunCases(ProcedureRun& run);
 
@@ -46,6 +52,6 @@ struct RunOutcome {
 
 // Runs the selected procedure for the analysis variables, in list order; each is the main variable in its turn. The
 // wait cursor stands as long as the run lasts.
-RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Platform& platform);
+RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, ChartStore& charts, Platform& platform);
 
 }  // namespace tessara

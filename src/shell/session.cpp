@@ -127,7 +127,7 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 RunOutcome RunPanel(Session& session) {
-  const RunOutcome outcome = Run(session.data, session.panel, session.output, session.platform);
+  const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   if (outcome.show_output && session.settings.show_output()) session.wanted_view = View::ViewOutput;
   RefreshStatus(session);  // a procedure may have added variables
   return outcome;

@@ -8,6 +8,7 @@
 #include "data/data_set.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
+#include "presentation/chart_data.h"
 #include "presentation/output_log.h"
 #include "procedures/panel.h"
 #include "procedures/run.h"
@@ -42,6 +43,7 @@ struct Session {
   DataSet data;
   ProcedurePanel panel;
   OutputLog output;
+  ChartStore charts;
 
   View ActiveView = View::ViewDataGrid;
   bool help_pane_visible = false;

@@ -60,6 +60,17 @@ TEST(WordParser, TellsWhatIsWrong) {
   EXPECT_EQ(ParseFor("frequencies", {"A", "--dispersion=no"}).error, "--dispersion takes no value");
 }
 
+TEST(WordParser, AnOptionOfTwoValues) {
+  const CommandWords words = ParseFor("t-test", {"AGE", "--groups", "-1", "[b]", "by", "SEX"});
+  EXPECT_EQ(words.error, "");
+  EXPECT_EQ(words.Value("--groups"), "-1");
+  EXPECT_EQ(words.SecondValue("--groups"), "[b]");
+  EXPECT_EQ(words.words, (Words{"AGE", "by", "SEX"}));
+  EXPECT_FALSE(ParseFor("t-test", {"AGE"}).SecondValue("--groups"));
+  EXPECT_EQ(ParseFor("t-test", {"AGE", "by", "SEX", "--groups", "1"}).error, "--groups needs two values");
+  EXPECT_EQ(ParseFor("t-test", {"A", "--groups", "1", "2", "--groups", "1", "2"}).error, "--groups is given twice");
+}
+
 TEST(WordParser, KeepsNothingFromLineToLine) {
   WordParser parser(FindCommand("descriptives")->options, WordOrder::kAnywhere);
   EXPECT_EQ(parser.Parse(Words{"A", "--chart"}).words, Words{"A"});
@@ -125,8 +136,8 @@ TEST(ReadCommandLine, TellsWhatIsWrong) {
       {{"--nothing"}, "unknown option \"--nothing\""},
       {{"a.dcs", "--nothing"}, "unknown option \"--nothing\""},
       {{"a.dcs", "frequences", "A"}, "unknown command \"frequences\"; the nearest is \"frequencies\""},
-      {{"a.dcs", "crosstab", "A"}, "the command \"crosstab\" is not available in this version"},
-      {{"anova"}, "the command \"anova\" is not available in this version"},
+      {{"a.dcs", "explore", "A"}, "the command \"explore\" is not available in this version"},
+      {{"compute"}, "the command \"compute\" is not available in this version"},
       {{"-s"}, "--script needs a value"},
       {{"-s", "a", "-s", "b"}, "--script is given twice"},
       {{"-s", "a", "new", "-s", "b"}, "--script is given twice"},

@@ -32,7 +32,7 @@ class RunTest : public testing::Test {
   }
 
   RunOutcome RunNow() {
-    const RunOutcome outcome = tessara::Run(data, panel, output, platform);
+    const RunOutcome outcome = tessara::Run(data, panel, output, charts, platform);
     EXPECT_EQ(platform.wait_cursors, 0);  // off on every path
     EXPECT_EQ(platform.most_wait_cursors, 1);
     return outcome;
@@ -64,6 +64,7 @@ class RunTest : public testing::Test {
   DataSet data;
   ProcedurePanel panel;
   OutputLog output;
+  ChartStore charts;
   ScriptedPlatform platform;
 };
 

@@ -16,10 +16,10 @@ namespace tessara {
 
 struct TestColumn {
   std::string name;
-  std::vector<TaggedValue> cells;  // records from the first
-  std::string label;
-  std::string missing_spec;
-  std::vector<std::string> value_labels;
+  std::vector<TaggedValue> cells = {};  // records from the first
+  std::string label = {};
+  std::string missing_spec = {};
+  std::vector<std::string> value_labels = {};
 };
 
 inline DataSet MakeTestData(const std::vector<TestColumn>& columns) {
@@ -58,9 +58,15 @@ struct TestRun {
     panel.control = {relation, value};
   }
 
+  // The variable that the main one is compared with.
+  void Independent(std::size_t column) {
+    data.RoleVariable[kIndependentRole] = column;
+    panel.IndependentVariables = {column};
+  }
+
   // The report without its separator.
   std::string Report(void (*procedure)(ProcedureRun&)) {
-    ProcedureRun run{.data = data, .panel = panel, .output = output, .platform = platform};
+    ProcedureRun run{.data = data, .panel = panel, .output = output, .charts = charts, .platform = platform};
     procedure(run);
     aborted = run.aborted;
     footnote = run.ChartFootnote;
@@ -72,6 +78,7 @@ struct TestRun {
   DataSet data;
   ProcedurePanel panel;
   OutputLog output;
+  ChartStore charts;
   ScriptedPlatform platform;
   bool aborted = false;
   std::string footnote;

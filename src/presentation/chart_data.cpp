@@ -1,0 +1,134 @@
+#include "presentation/chart_data.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "numerics/number_text.h"
+#include "numerics/text.h"
+#include "presentation/bar_chart.h"
+
+namespace tessara {
+namespace {
+
+constexpr const char* kFrequency = "Frequency";
+constexpr const char* kNoChart = "No Chart Available";
+
+// A field of a tab-delimited line: what would break the line apart becomes a blank.
+std::string Field(std::string_view text) {
+  std::string field(text);
+  std::ranges::replace_if(
+      field, [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
+  return field;
+}
+
+bool HasIntervals(const Chart& chart) { return chart.values != nullptr; }
+
+}  // namespace
+
+void ClearCharts(ChartStore& store) {
+  store.kind = ChartKind::kNone;
+  store.charts.clear();
+  store.summary.clear();
+  ++store.Revision;
+}
+
+void KeepCharts(ChartStore& store, ChartKind kind, std::vector<Chart> charts) {
+  store.kind = kind;
+  store.charts = std::move(charts);
+  ++store.Revision;
+}
+
+Chart BarsChart(std::string title, std::string horizontal_title, std::string vertical_title,
+                std::vector<std::string> labels, std::vector<Chart::Series> series) {
+  Chart chart;
+  chart.type = ChartType::kBars;
+  chart.title = std::move(title);
+  chart.horizontal_title = std::move(horizontal_title);
+  chart.vertical_title = std::move(vertical_title);
+  chart.labels = std::move(labels);
+  chart.series = std::move(series);
+  return chart;
+}
+
+Chart IntervalChart(ChartType type, std::string title, std::string horizontal_title, ChartValues values) {
+  Chart chart;
+  chart.type = type;
+  chart.title = std::move(title);
+  chart.horizontal_title = std::move(horizontal_title);
+  chart.vertical_title = kFrequency;
+  chart.values = std::move(values);
+  return chart;
+}
+
+Chart ScatterChart(std::string title, std::string horizontal_title, std::string vertical_title, ChartValues x,
+                   ChartValues y) {
+  Chart chart;
+  chart.type = ChartType::kScatter;
+  chart.title = std::move(title);
+  chart.horizontal_title = std::move(horizontal_title);
+  chart.vertical_title = std::move(vertical_title);
+  chart.x = std::move(x);
+  chart.y = std::move(y);
+  return chart;
+}
+
+Chart WithRows(const Chart& chart) {
+  Chart filled = chart;
+  if (!HasIntervals(chart) || chart.values->empty()) return filled;
+  const auto [least, greatest] = std::ranges::minmax_element(*chart.values);
+  Chart::Series counts{kFrequency, {}};
+  filled.labels.clear();
+  for (const BarTable::Bar& bar : MakeBarTable(*chart.values, *least, *greatest - *least).bars) {
+    filled.labels.emplace_back(Trimmed(bar.label));
+    counts.values.push_back(static_cast<double>(bar.count));
+  }
+  filled.series = {std::move(counts)};
+  return filled;
+}
+
+ChartTable ChartRows(const Chart& chart) {
+  ChartTable table;
+  if (chart.type == ChartType::kScatter) {
+    const std::size_t points = chart.x && chart.y ? std::min(chart.x->size(), chart.y->size()) : 0;
+    for (std::size_t i = 0; i < points; ++i) table.push_back({(*chart.x)[i], (*chart.y)[i]});
+    return table;
+  }
+  const Chart filled = WithRows(chart);
+  for (std::size_t row = 0; row < filled.labels.size(); ++row) {
+    std::vector<TaggedValue> cells = {filled.labels[row]};
+    for (const Chart::Series& series : filled.series) cells.emplace_back(series.values[row]);
+    table.push_back(std::move(cells));
+  }
+  return table;
+}
+
+std::optional<Chart> ShowChart(const ChartStore& store, std::size_t view, Platform& platform) {
+  if (store.SelectedVariableCount > 1) {
+    platform.ShowMessage(
+        {kNoChart, "Charts are not shown when there is more than one variable in a stat procedure list box."});
+    return std::nullopt;
+  }
+  if (view >= store.charts.size()) {
+    platform.ShowMessage({kNoChart, "Charts are not available for this procedure."});
+    return std::nullopt;
+  }
+  return WithRows(store.charts[view]);
+}
+
+std::string ChartsText(const ChartStore& store) {
+  std::string text;
+  for (const Chart& chart : store.charts) {
+    text += "chart\t" + Field(chart.title) + '\t' + Field(chart.horizontal_title) + '\t' + Field(chart.vertical_title) +
+            '\t' + Field(chart.footnote) + "\r\n";
+    for (const std::vector<TaggedValue>& row : ChartRows(chart)) {
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        if (i > 0) text += '\t';
+        text += Field(TextOf(row[i]));
+      }
+      text += "\r\n";
+    }
+  }
+  return text;
+}
+
+}  // namespace tessara

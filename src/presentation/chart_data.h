@@ -1,0 +1,92 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "numerics/tagged_value.h"
+#include "platform/platform.h"
+
+// What the last procedure left for the charts. A chart is its titles, a footnote and a table of rows with a label and
+// values; how it is drawn is the front end's.
+
+namespace tessara {
+
+inline constexpr std::size_t kChartViews = 4;
+
+// Which procedure filled the charts.
+enum class ChartKind { kNone, kFrequencies, kDescriptives, kCorrelation, kTTest, kCrosstabulation, kDiagnostic };
+
+enum class ChartType {
+  kBars,              // categories: bars with gaps
+  kHistogram,         // intervals: bars without gaps
+  kLine,              // intervals: a line through their middles
+  kHistogramAndLine,  // both
+  kScatter,           // points
+};
+
+// Values of cases, shared by the charts that show them.
+using ChartValues = std::shared_ptr<const std::vector<double>>;
+
+struct Chart {
+  struct Series {
+    std::string name;
+    std::vector<double> values;  // one for each row
+  };
+
+  ChartType type = ChartType::kBars;
+  std::string title;
+  std::string horizontal_title;  // of the axis along the rows; in a scatter chart that of x
+  std::string vertical_title;    // of the axis of the values; in a scatter chart that of y
+  std::string footnote;          // the words of the control caption
+
+  std::vector<std::string> labels;  // one for each row; none in a scatter chart, whose rows are its points
+  std::vector<Series> series;       // bars: one or more; intervals: one; scatter: x, y
+
+  ChartValues values;  // of the interval kinds, whose rows are counted when the chart is looked at
+  ChartValues x;       // of a scatter chart
+  ChartValues y;
+};
+
+// The table of a chart: labels and values, a row each. The first column holds the label, the columns behind it the
+// series; a scatter chart has x and y instead.
+using ChartTable = std::vector<std::vector<TaggedValue>>;
+
+struct ChartStore {
+  ChartKind kind = ChartKind::kNone;
+  std::vector<Chart> charts;              // the first views, kChartViews at most
+  std::string summary;                    // the short summary beside an enlarged chart
+  std::size_t SelectedVariableCount = 0;  // analysis variables of the last run
+  std::uint64_t Revision = 0;             // counts up when the charts change
+};
+
+// Forgets the charts. A run begins with it, and a procedure that gives no chart leaves it so.
+void ClearCharts(ChartStore& store);
+
+// Takes the charts of a procedure in the place of the former ones.
+void KeepCharts(ChartStore& store, ChartKind kind, std::vector<Chart> charts);
+
+// One bar for each label.
+Chart BarsChart(std::string title, std::string horizontal_title, std::string vertical_title,
+                std::vector<std::string> labels, std::vector<Chart::Series> series);
+// The frequencies of the values in the intervals that the text bar chart has.
+Chart IntervalChart(ChartType type, std::string title, std::string horizontal_title, ChartValues values);
+Chart ScatterChart(std::string title, std::string horizontal_title, std::string vertical_title, ChartValues x,
+                   ChartValues y);
+
+// The rows of a chart: labels of the intervals are without the blanks that fill them in a report.
+ChartTable ChartRows(const Chart& chart);
+
+// An interval chart's labels and counts, filled in; other charts as they are.
+Chart WithRows(const Chart& chart);
+
+// A view of the last run, from 0, to be shown enlarged; nothing, and a box that says why, where there is none.
+std::optional<Chart> ShowChart(const ChartStore& store, std::size_t view, Platform& platform);
+
+// All charts as tab-delimited text: for each a line "chart", title, both axis titles and footnote, then its rows.
+std::string ChartsText(const ChartStore& store);
+
+}  // namespace tessara
