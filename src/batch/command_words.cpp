@@ -26,7 +26,8 @@ std::string WhatIsWrong(const CLI::ParseError& error, const std::vector<std::str
   if (unknown != left.end()) return "unknown option " + Quoted(*unknown);
   const std::string text = error.what();
   if (const std::size_t colon = text.find(": "); colon != std::string::npos) {
-    return text.substr(0, colon) + (text.find(": 2 required") == colon ? " needs two values" : " needs a value");
+    const bool wants_two = text.compare(colon, 12, ": 2 required") == 0;
+    return text.substr(0, colon) + (wants_two ? " needs two values" : " needs a value");
   }
   return "--" + text.substr(0, text.find(' ')) + " takes no value";
 }
@@ -103,7 +104,8 @@ CommandWords WordParser::Parse(std::span<const std::string> words) {
     const std::vector<std::string>& values = option->results();
     if (option->count() == 0) continue;
     const bool takes_two = option->get_items_expected_min() == 2;
-    if (option->count() > (takes_two ? 2u : 1u)) result.error = std::string(name) + " is given twice";
+    if (takes_two && values.size() < 2) result.error = std::string(name) + " needs two values";
+    if (values.size() > (takes_two ? 2u : 1u)) result.error = std::string(name) + " is given twice";
     result.options.emplace_back(name, values.empty() ? std::string() : Unguarded(values.front()));
     if (takes_two) result.second_values.emplace_back(name, Unguarded(values.back()));
   }

@@ -17,7 +17,7 @@ TEST(GatherNumberCases, DeletionIsListwiseAndEachVariableHasItsOwnMissingValues)
   // Record 2: Y is missing by its own value; record 3: X is blank; record 4: X is no number; record 5: 9 is missing in
   // Y only, so X may be 9.
   DataSet data = MakeTestData(
-      {{"Y", Texts({"1", "9", "3", "4", "5", "6"}), "", "9^^^^^^"}, {"X", Texts({"10", "20", "", "abc", "9", "60"})}});
+      {{"Y", Texts({"1", "9", "3", "4", "5", "6"}), "", "9||||||"}, {"X", Texts({"10", "20", "", "abc", "9", "60"})}});
   const CaseControl control(data, {});
   const std::size_t columns[] = {1, 2};
   const NumberCases cases = GatherNumberCases(data, control, columns);
@@ -28,7 +28,7 @@ TEST(GatherNumberCases, DeletionIsListwiseAndEachVariableHasItsOwnMissingValues)
 }
 
 TEST(GatherNumberCases, BoundsAndControl) {
-  TestRun run({{"Y", Texts({"1", "2", "3", "4"}), "", "^^^^2^3^"}, {"C", Texts({"a", "a", "b", "a"})}});
+  TestRun run({{"Y", Texts({"1", "2", "3", "4"}), "", "||||2|3|"}, {"C", Texts({"a", "a", "b", "a"})}});
   run.Control(2, ControlRelation::kEqualTo, "a");
   const CaseControl control(run.data, run.panel.control);
   const std::size_t columns[] = {1};
@@ -46,7 +46,7 @@ TEST(GatherNumberCases, NoRecords) {
 }
 
 TEST(CodedColumn, EqualCellsHaveOneCode) {
-  const DataSet data = MakeTestData({{"G", {"b", "a", "b", 5.0, "5", ""}, "", "a^^^^^^"}});
+  const DataSet data = MakeTestData({{"G", {"b", "a", "b", 5.0, "5", ""}, "", "a||||||"}});
   const CodedColumn coded = ReadCodedColumn(data, 1);
   EXPECT_EQ(coded.codes, (std::vector<std::uint32_t>{0, 1, 0, 2, 3, 4}));
   EXPECT_EQ(coded.missing, (CaseFlags{0, 1, 0, 0, 0, 1}));
