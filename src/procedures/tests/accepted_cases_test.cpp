@@ -49,7 +49,7 @@ TEST(CodedColumn, EqualCellsHaveOneCode) {
   const DataSet data = MakeTestData({{"G", {"b", "a", "b", 5.0, "5", ""}, "", "a||||||"}});
   const CodedColumn coded = ReadCodedColumn(data, 1);
   EXPECT_EQ(coded.codes, (std::vector<std::uint32_t>{0, 1, 0, 2, 3, 4}));
-  EXPECT_EQ(coded.missing, (CaseFlags{0, 1, 0, 0, 0, 1}));
+  EXPECT_EQ(coded.missing, (CaseFlags{0, 1, 0, 0, 1}));
   CaseFlags records(6, 1);
   DropMissing(coded, records);
   EXPECT_EQ(records, (CaseFlags{1, 0, 1, 1, 1, 0}));
