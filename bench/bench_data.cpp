@@ -1,6 +1,7 @@
 #include "bench_data.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace tessara {
 
@@ -15,10 +16,13 @@ BenchData::BenchData() {
   LoadDataFile(data, platform);
 }
 
-void BenchData::Run(Procedure procedure, std::size_t column) {
+void BenchData::Run(Procedure procedure, std::size_t column) { Run(procedure, {column}, {}); }
+
+void BenchData::Run(Procedure procedure, std::vector<std::size_t> columns, std::vector<std::size_t> independents) {
   panel.selected = procedure;
-  panel.SelectedVariables = {column};
-  data.SelectedVariableCount = 1;
+  panel.SelectedVariables = std::move(columns);
+  panel.IndependentVariables = std::move(independents);
+  data.SelectedVariableCount = panel.SelectedVariables.size();
   tessara::Run(data, panel, output, charts, platform);
   output = {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "data/data_file.h"
 #include "platform/scripted_platform.h"
@@ -17,8 +18,9 @@ Path BenchFile();
 struct BenchData {
   BenchData();
 
-  // One run of a procedure on a variable; its report is dropped.
+  // One run of a procedure on a variable, or on variables and independent ones; its report is dropped.
   void Run(Procedure procedure, std::size_t column);
+  void Run(Procedure procedure, std::vector<std::size_t> columns, std::vector<std::size_t> independents);
 
   ScriptedPlatform platform;
   DataSet data;
@@ -29,8 +31,10 @@ struct BenchData {
 
 // Columns of the benchmark data.
 inline constexpr std::size_t kCodedColumn = 2;  // Q1
+inline constexpr std::size_t kOutcomeColumn = 9;
 inline constexpr std::size_t kSexColumn = 10;
 inline constexpr std::size_t kAgeColumn = 11;
-inline constexpr std::size_t kNumberColumn = 12;  // X1
+inline constexpr std::size_t kNumberColumn = 12;  // X1, and X2 to X6 behind it
+inline constexpr std::size_t kRegionColumn = 19;
 
 }  // namespace tessara

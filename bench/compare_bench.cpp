@@ -1,0 +1,80 @@
+// The procedures of two and more variables, behind the load and the first parse of their columns.
+
+#include <benchmark/benchmark.h>
+
+#include "bench_data.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::size_t kX1 = kNumberColumn;
+constexpr std::size_t kX2 = kX1 + 1;
+constexpr std::size_t kX3 = kX1 + 2;
+constexpr std::size_t kX4 = kX1 + 3;
+constexpr std::size_t kX5 = kX1 + 4;
+constexpr std::size_t kX6 = kX1 + 5;
+
+// The first run parses the columns and is not timed.
+void Time(benchmark::State& state, BenchData& bench, Procedure procedure, const std::vector<std::size_t>& columns,
+          const std::vector<std::size_t>& independents) {
+  bench.Run(procedure, columns, independents);
+  for (auto _ : state) bench.Run(procedure, columns, independents);
+}
+
+void Crosstab5By6(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.checks.Check1 = bench.panel.checks.Check2 = true;
+  bench.panel.checks.Check11 = bench.panel.checks.Check12 = true;
+  Time(state, bench, Procedure::kCrosstabulation, {kCodedColumn}, {kRegionColumn});
+}
+BENCHMARK(Crosstab5By6)->Unit(benchmark::kMillisecond);
+
+void TTest(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.Text5 = "1";
+  bench.panel.Text6 = "2";
+  Time(state, bench, Procedure::kTTest, {kX1}, {kSexColumn});
+}
+BENCHMARK(TTest)->Unit(benchmark::kMillisecond);
+
+void AnovaOver5Groups(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.checks.Check1 = bench.panel.checks.Check2 = true;
+  Time(state, bench, Procedure::kAnova, {kX1}, {kCodedColumn});
+}
+BENCHMARK(AnovaOver5Groups)->Unit(benchmark::kMillisecond);
+
+void Correlation(benchmark::State& state) {
+  BenchData bench;
+  Time(state, bench, Procedure::kCorrelation, {kX1}, {kX2});
+}
+BENCHMARK(Correlation)->Unit(benchmark::kMillisecond);
+
+void CorrelationMatrix6By6(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.checks.Check2 = true;
+  Time(state, bench, Procedure::kCorrelation, {kX1, kX2, kX3, kX4, kX5, kX6}, {});
+}
+BENCHMARK(CorrelationMatrix6By6)->Unit(benchmark::kMillisecond);
+
+void LeastSquares5Predictors(benchmark::State& state) {
+  BenchData bench;
+  Time(state, bench, Procedure::kRegression, {kX1}, {kX2, kX3, kX4, kX5, kAgeColumn});
+}
+BENCHMARK(LeastSquares5Predictors)->Unit(benchmark::kMillisecond);
+
+void Logistic5Predictors(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.regression = RegressionKind::kLogistic;
+  Time(state, bench, Procedure::kRegression, {kOutcomeColumn}, {kX1, kX2, kX3, kAgeColumn, kSexColumn});
+}
+BENCHMARK(Logistic5Predictors)->Unit(benchmark::kMillisecond);
+
+void ListOf3Variables(benchmark::State& state) {
+  BenchData bench;
+  Time(state, bench, Procedure::kListVariables, {1, kX1, kRegionColumn}, {});
+}
+BENCHMARK(ListOf3Variables)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tessara
