@@ -1,6 +1,7 @@
 #include "procedures/crosstabulation.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "numerics/masks.h"
