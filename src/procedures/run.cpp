@@ -1,6 +1,8 @@
 #include "procedures/run.h"
 
+#include "procedures/crosstabulation.h"
 #include "procedures/descriptives.h"
+#include "procedures/diagnostic.h"
 #include "procedures/frequencies.h"
 
 namespace tessara {
@@ -54,6 +56,7 @@ Step RunForVariable(ProcedureRun& run) {
   switch (run.panel.selected) {
     case Procedure::kFrequencies:
       RunFrequencies(run);
+      RunForIndependents(run, RunCrosstabulation);
       return Step::kNextVariable;
     case Procedure::kDescriptives:
       RunDescriptives(run);
@@ -61,7 +64,7 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kCorrelation:
       return Correlate(run);
     case Procedure::kCrosstabulation:
-      return Compare(run, nullptr);
+      return Compare(run, RunCrosstabulation);
     case Procedure::kTTest:
       return Compare(run, nullptr);
     case Procedure::kAnova:
@@ -69,7 +72,7 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kRegression:
       return Compare(run, nullptr);
     case Procedure::kDiagnostic:
-      return Compare(run, nullptr);
+      return Compare(run, RunDiagnostic);
     case Procedure::kListVariables:
       return ComesNext(run.platform);
     case Procedure::kExplore:
@@ -120,8 +123,10 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
-  // Frequencies and Descriptives are done; what they share with the independent variables is still to come.
-  if (!outcome.refused && !panel.IndependentVariables.empty()) ComesNext(platform);
+  // Descriptives are done; their comparison by the independent variables is still to come.
+  if (!outcome.refused && panel.selected == Procedure::kDescriptives && !panel.IndependentVariables.empty()) {
+    ComesNext(platform);
+  }
   outcome.aborted = run.aborted;
   outcome.show_output = !outcome.refused && !outcome.aborted;
   return outcome;

@@ -3,9 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "data/data_file.h"
+#include "procedures/crosstabulation.h"
+#include "procedures/diagnostic.h"
+#include "procedures/tests/test_data.h"
 
 namespace tessara {
 namespace {
@@ -100,6 +106,40 @@ TEST(Examples, FiguresAreThoseOfTheSampleFiles) {
       contains(Procedure::kCrosstabulation, kLeast, "Pearson                     456.874          1      0.0000"));
   EXPECT_TRUE(contains(Procedure::kRegression, kLeast, "         WT        -3.87783        0.63273"));
   EXPECT_TRUE(contains(Procedure::kRegression, RegressionKind::kLogistic, "        SEX          2.2940      0.1199"));
+}
+
+// The report of a procedure on a sample file, with bare line feeds.
+std::string ReportOnSampleFile(void (*procedure)(ProcedureRun&), const std::string& file, const std::string& main,
+                               const std::string& independent, const PanelChecks& checks) {
+  TestRun run({{"A"}});
+  run.data.WaitingPath = std::filesystem::path(TESSARA_SOURCE_DIR) / "installed" / "Data" / file;
+  LoadDataFile(run.data, run.platform);
+  const auto column = [&](const std::string& name) {
+    return std::ranges::find(run.data.VarList, name, &ListedVariable::name)->column;
+  };
+  run.data.RoleVariable[kMainRole] = column(main);
+  run.Independent(column(independent));
+  run.panel.checks = checks;
+  std::string report = run.Report(procedure);
+  std::erase(report, '\r');
+  return report;
+}
+
+// Line ends at the end of a report are left out in front of the words for the student.
+bool StartsWithReport(std::string_view example, std::string report) {
+  report.resize(report.find_last_not_of('\n') + 1);
+  return example.starts_with(report + "\n\nThe example is ");
+}
+
+TEST(Examples, TheCrosstabulationIsTheReportOnItsSampleFile) {
+  EXPECT_TRUE(StartsWithReport(ExampleOfOutput(Procedure::kCrosstabulation, kLeast),
+                               ReportOnSampleFile(RunCrosstabulation, "titanic.dcs", "SURVIVED", "SEX",
+                                                  {.Check1 = true, .Check2 = true, .Check12 = true})));
+}
+
+TEST(Examples, DiagnosticAccuracyIsTheReportOnItsSampleFile) {
+  EXPECT_TRUE(StartsWithReport(ExampleOfOutput(Procedure::kDiagnostic, kLeast),
+                               ReportOnSampleFile(RunDiagnostic, "survey.dcs", "TEST", "DISEASE", {})));
 }
 
 }  // namespace
