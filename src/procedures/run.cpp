@@ -1,7 +1,9 @@
 #include "procedures/run.h"
 
+#include "procedures/anova.h"
 #include "procedures/descriptives.h"
 #include "procedures/frequencies.h"
+#include "procedures/t_test.h"
 
 namespace tessara {
 namespace {
@@ -63,9 +65,9 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kCrosstabulation:
       return Compare(run, nullptr);
     case Procedure::kTTest:
-      return Compare(run, nullptr);
+      return Compare(run, RunTTest);
     case Procedure::kAnova:
-      return Compare(run, nullptr);
+      return Compare(run, RunAnova);
     case Procedure::kRegression:
       return Compare(run, nullptr);
     case Procedure::kDiagnostic:
@@ -121,7 +123,8 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
   // Frequencies and Descriptives are done; what they share with the independent variables is still to come.
-  if (!outcome.refused && !panel.IndependentVariables.empty()) ComesNext(platform);
+  const bool describes = panel.selected == Procedure::kFrequencies || panel.selected == Procedure::kDescriptives;
+  if (!outcome.refused && describes && !panel.IndependentVariables.empty()) ComesNext(platform);
   outcome.aborted = run.aborted;
   outcome.show_output = !outcome.refused && !outcome.aborted;
   return outcome;
