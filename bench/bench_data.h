@@ -28,6 +28,7 @@ struct BenchData {
 };
 
 // Columns of the benchmark data.
+inline constexpr std::size_t kIdColumn = 1;
 inline constexpr std::size_t kCodedColumn = 2;  // Q1
 inline constexpr std::size_t kSexColumn = 10;
 inline constexpr std::size_t kAgeColumn = 11;

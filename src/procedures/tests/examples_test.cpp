@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "data/data_file.h"
+#include "platform/scripted_platform.h"
+#include "procedures/run.h"
 
 namespace tessara {
 namespace {
@@ -100,6 +105,49 @@ TEST(Examples, FiguresAreThoseOfTheSampleFiles) {
       contains(Procedure::kCrosstabulation, kLeast, "Pearson                     456.874          1      0.0000"));
   EXPECT_TRUE(contains(Procedure::kRegression, kLeast, "         WT        -3.87783        0.63273"));
   EXPECT_TRUE(contains(Procedure::kRegression, RegressionKind::kLogistic, "        SEX          2.2940      0.1199"));
+}
+
+// The report that a run on a sample file prints, one variable by another.
+std::string LiveReport(std::string_view sample_file, ProcedurePanel panel, std::string_view main,
+                       std::string_view independent) {
+  DataSet data;
+  ScriptedPlatform platform;
+  MakeEmptyDataSet(data);
+  data.WaitingPath = std::filesystem::path(TESSARA_SOURCE_DIR) / "installed" / "Data" / sample_file;
+  EXPECT_EQ(LoadDataFile(data, platform), LoadOutcome::kLoaded);
+  for (std::size_t column = 1; column <= data.VariableCount; ++column) {
+    if (data.VariableName(column) == main) panel.SelectedVariables = {column};
+    if (data.VariableName(column) == independent) panel.IndependentVariables = {column};
+  }
+  OutputLog output;
+  ChartStore charts;
+  Run(data, panel, output, charts, platform);
+  std::string report = output.MostRecentText;
+  std::erase(report, '\r');
+  return report;
+}
+
+// The report of an example, as far as the words about it, stands at the beginning of the live one.
+void ExpectLive(std::string_view example, const std::string& report) {
+  const std::size_t end = example.find("\n\nThe example is ");
+  ASSERT_NE(end, std::string_view::npos);
+  EXPECT_EQ(report.substr(0, end + 1), example.substr(0, end + 1));
+}
+
+TEST(Examples, TheTTestPrintsItsExample) {
+  ProcedurePanel panel;
+  panel.selected = Procedure::kTTest;
+  panel.Text5 = "1";
+  panel.Text6 = "2";
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("survey.dcs", panel, "PRESSURE", "SEX"));
+}
+
+TEST(Examples, TheAnalysisOfVariancePrintsItsExample) {
+  ProcedurePanel panel;
+  panel.selected = Procedure::kAnova;
+  panel.checks.Check1 = true;
+  panel.checks.Check2 = true;
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("iris.dcs", panel, "SEPWID", "SPECIES"));
 }
 
 }  // namespace
