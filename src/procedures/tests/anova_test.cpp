@@ -253,8 +253,8 @@ TEST(Anova, EqualMeansLeaveNothingBetweenTheGroups) {
                 kFHead + "                           0.00          1.0000\r\n\r\n\r\n");
 }
 
-// Three totals of 1/3 + 1/3: in doubles the sum of T^2 / n is a little below G^2 / N for some such means; whatever the
-// rounding, nothing below 0 is left.
+// Three groups with the same mean have nothing between them. For many of these means the doubles leave a little less
+// than nothing, which would be no sum of squares and give an F without a p.
 TEST(Anova, RoundingBringsNoSumOfSquaresBelowZero) {
   for (int numerator = 1; numerator < 400; ++numerator) {
     GroupStats stats;
