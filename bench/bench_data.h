@@ -30,6 +30,7 @@ struct BenchData {
 };
 
 // Columns of the benchmark data.
+inline constexpr std::size_t kIdColumn = 1;
 inline constexpr std::size_t kCodedColumn = 2;  // Q1
 inline constexpr std::size_t kOutcomeColumn = 9;
 inline constexpr std::size_t kSexColumn = 10;

@@ -1,9 +1,11 @@
 #include "procedures/run.h"
 
+#include "procedures/anova.h"
 #include "procedures/crosstabulation.h"
 #include "procedures/descriptives.h"
 #include "procedures/diagnostic.h"
 #include "procedures/frequencies.h"
+#include "procedures/t_test.h"
 
 namespace tessara {
 namespace {
@@ -66,9 +68,9 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kCrosstabulation:
       return Compare(run, RunCrosstabulation);
     case Procedure::kTTest:
-      return Compare(run, nullptr);
+      return Compare(run, RunTTest);
     case Procedure::kAnova:
-      return Compare(run, nullptr);
+      return Compare(run, RunAnova);
     case Procedure::kRegression:
       return Compare(run, nullptr);
     case Procedure::kDiagnostic:

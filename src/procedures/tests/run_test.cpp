@@ -122,8 +122,8 @@ TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
 
 TEST_F(RunTest, ProceduresToComeSaySoOnce) {
   for (const Procedure procedure :
-       {Procedure::kTTest, Procedure::kAnova, Procedure::kCorrelation, Procedure::kRegression, Procedure::kExplore,
-        Procedure::kListVariables, Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+       {Procedure::kCorrelation, Procedure::kRegression, Procedure::kExplore, Procedure::kListVariables,
+        Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
     Select(procedure, {1, 2}, {2, 1});
@@ -215,6 +215,32 @@ TEST_F(RunTest, DiagnosticAccuracyForEachReference) {
   const std::string& text = output.MostRecentText;
   EXPECT_LT(text.find("-- Error --"), text.find("V2 (Test)  by  V1 (Reference)"));
   EXPECT_NE(text.find("V2 (Test)  by  V1 (Reference)"), std::string::npos);
+}
+
+// V1 and V2 have three cases, too few for a t-test, which says so once for each pair.
+TEST_F(RunTest, ComparisonsRunForEveryPairOfVariables) {
+  for (const Procedure procedure : {Procedure::kTTest, Procedure::kAnova}) {
+    SCOPED_TRACE(FindProcedureRow(procedure)->caption);
+    Select(procedure, {1, 2}, {2, 1});
+    panel.Text5 = "1";
+    panel.Text6 = "4";
+    const RunOutcome outcome = RunNow();
+    EXPECT_FALSE(outcome.refused);
+    EXPECT_EQ(outcome.aborted, procedure == Procedure::kTTest);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(Occurrences(output.MostRecentText, std::string(kReportSeparator)), 4u);
+    const bool t_test = procedure == Procedure::kTTest;
+    std::size_t last = 0;
+    for (const char* pair : {"V1#V2", "V1#V1", "V2#V2", "V2#V1"}) {
+      const std::string y(pair, 2);
+      const std::string x(pair + 3, 2);
+      const std::size_t at = output.MostRecentText.find(t_test ? "T-Test Comparison: " + y + " by " + x
+                                                               : "--- " + y + " (Means)  by  " + x + " (Groups)");
+      ASSERT_NE(at, std::string::npos) << pair;
+      EXPECT_GE(at, last) << pair;
+      last = at;
+    }
+  }
 }
 
 TEST_F(RunTest, AnErrorFrameMarksTheRunAndTheNextVariableGetsItsTurn) {
