@@ -1,7 +1,10 @@
 #include "procedures/run.h"
 
+#include "procedures/correlation.h"
+#include "procedures/correlation_matrix.h"
 #include "procedures/descriptives.h"
 #include "procedures/frequencies.h"
+#include "procedures/list_variables.h"
 
 namespace tessara {
 namespace {
@@ -12,7 +15,11 @@ constexpr const char* kComesNext =
     "This procedure comes next: it is on its way and will be part of a coming release of Tessara.";
 
 // How the loop over the analysis variables goes on.
-enum class Step { kNextVariable, kEndRun };
+enum class Step {
+  kNextVariable,
+  kLeaveLoop,  // the procedure has done all variables at once
+  kEndRun,     // refused
+};
 
 Step Refuse(Platform& platform, const char* title, const char* text) {
   platform.ShowMessage({title, text});
@@ -42,11 +49,12 @@ Step Compare(ProcedureRun& run, RunProcedure procedure) {
 }
 
 Step Correlate(ProcedureRun& run) {
-  if (!run.panel.checks.Check2) return Compare(run, nullptr);
+  if (!run.panel.checks.Check2) return Compare(run, RunCorrelation);
   if (run.panel.SelectedVariables.size() < 2) {
     return Refuse(run.platform, kAborted, "Please select two analysis variables.");
   }
-  return ComesNext(run.platform);
+  RunCorrelationMatrix(run);
+  return Step::kLeaveLoop;
 }
 
 // The selected procedure for the variable in the main role.
@@ -71,7 +79,8 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kDiagnostic:
       return Compare(run, nullptr);
     case Procedure::kListVariables:
-      return ComesNext(run.platform);
+      RunListVariables(run);
+      return Step::kLeaveLoop;
     case Procedure::kExplore:
     case Procedure::kSummaryTables:
     case Procedure::kRandomSample:
@@ -86,9 +95,15 @@ Step RunForVariable(ProcedureRun& run) {
 Step RunForAllVariables(ProcedureRun& run) {
   for (const std::size_t column : run.panel.SelectedVariables) {
     run.data.RoleVariable[kMainRole] = column;
-    if (RunForVariable(run) == Step::kEndRun) return Step::kEndRun;
+    if (const Step step = RunForVariable(run); step != Step::kNextVariable) return step;
   }
   return Step::kNextVariable;
+}
+
+// Frequencies and Descriptives are done, but what they share with the independent variables is still to come.
+bool IndependentsAreToCome(const ProcedurePanel& panel) {
+  return !panel.IndependentVariables.empty() &&
+         (panel.selected == Procedure::kFrequencies || panel.selected == Procedure::kDescriptives);
 }
 
 // A request to cut the data to the cases that pass the control, and not a run.
@@ -120,8 +135,7 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
-  // Frequencies and Descriptives are done; what they share with the independent variables is still to come.
-  if (!outcome.refused && !panel.IndependentVariables.empty()) ComesNext(platform);
+  if (!outcome.refused && IndependentsAreToCome(panel)) ComesNext(platform);
   outcome.aborted = run.aborted;
   outcome.show_output = !outcome.refused && !outcome.aborted;
   return outcome;
