@@ -1,5 +1,6 @@
 #include "procedures/correlation_matrix.h"
 
+#include <bit>
 #include <cstdint>
 #include <utility>
 
@@ -48,14 +49,18 @@ PearsonStatistics ComputeCompletePair(std::span<const double> y, std::span<const
   return ComputePearson(y.size(), sums, {.y = AllEqual(y), .x = AllEqual(x)});
 }
 
-// The pairs of the accepted cases, `n` of them. The values of all others count as 0, which changes no sum and costs no
-// branch.
+// The value of an accepted case, 0 of any other: without a branch, whatever the pattern of the missing values.
+double AcceptedOrZero(double value, std::uint8_t accepted) {
+  const std::uint64_t all_bits_or_none = 0 - std::uint64_t{accepted};
+  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(value) & all_bits_or_none);
+}
+
+// The pairs of the accepted cases, `n` of them. All others count as 0, which changes no sum.
 PearsonStatistics ComputePairAmong(std::span<const double> y, std::span<const double> x, const CaseFlags& accepted,
                                    std::size_t n) {
   const PairSums sums = SumPairs(y.size(), [&](std::size_t i, double& y_value, double& x_value) {
-    const double factor = accepted[i];
-    y_value = y[i] * factor;
-    x_value = x[i] * factor;
+    y_value = AcceptedOrZero(y[i], accepted[i]);
+    x_value = AcceptedOrZero(x[i], accepted[i]);
   });
   return ComputePearson(n, sums, {.y = AllEqualAmong(y, accepted), .x = AllEqualAmong(x, accepted)});
 }

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
 #include "procedures/accepted_cases.h"
@@ -17,18 +16,42 @@
 namespace tessara {
 namespace {
 
-constexpr int kRuleLength = 96;
 constexpr std::array<std::size_t, kMostListedVariables + 1> kWidths = {0, 70, 35, 25, 19, 16, 13, 11};
 
-// Behind two blanks, right-aligned in a width, cut when longer.
-void AppendPlace(std::string& line, std::string_view text, std::size_t width) {
-  text = text.substr(0, width);
-  line.append(2 + width - text.size(), ' ').append(text);
-}
+// The layout of a line: its seven places behind the number. A place without a variable is two blanks.
+class ListLine {
+ public:
+  explicit ListLine(std::size_t variables)
+      : width_(kWidths[variables]), length_(2 * kMostListedVariables + variables * width_) {}
 
-// The places without a variable are two blanks each.
-void AppendUnusedPlaces(std::string& line, std::size_t variables) {
-  line.append(2 * (kMostListedVariables - variables), ' ');
+  std::size_t length() const { return length_; }
+
+  // Begins the places of a line, all blank, at the end of `text`.
+  void Begin(std::string& text) {
+    place_ = text.size();
+    text.append(length_, ' ');
+  }
+  // Fills the next place: two blanks, then the cell, cut when it is longer than the place and else right-aligned.
+  void Fill(std::string& text, std::string_view cell) {
+    place_ += 2 + width_;
+    const std::size_t shown = std::min(cell.size(), width_);
+    std::copy_n(cell.data(), shown, text.data() + place_ - shown);
+  }
+
+ private:
+  std::size_t width_;
+  std::size_t length_;
+  std::size_t place_ = 0;
+};
+
+// A line's number under the mask "00000".
+void AppendLineNumber(std::string& text, std::size_t number) {
+  constexpr std::size_t kDigits = 5;
+  std::array<char, 20> digits;
+  const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  const std::size_t count = static_cast<std::size_t>(end - digits.data());
+  if (count < kDigits) text.append(kDigits - count, '0');
+  text.append(digits.data(), count);
 }
 
 // The greatest number of lines. A text that is not numeric fails the conversion: the limit stays 0, and nothing is
@@ -38,39 +61,48 @@ Number LineLimit(const std::string& max_observations, std::size_t record_count) 
   return ToNumber(max_observations);
 }
 
-// The listed lines: cells as they stand, missing values too.
-std::string ListedLines(const DataSet& data, const CaseFlags& passing, std::span<const std::size_t> columns,
-                        double limit) {
-  const std::size_t width = kWidths[columns.size()];
-  std::size_t most = CountCases(passing);
-  if (limit < static_cast<double>(most)) most = static_cast<std::size_t>(std::max(limit, 0.0));
-  std::string lines;
-  lines.reserve(most * (sizeof("0000000\r\n") + 2 * kMostListedVariables + columns.size() * width));
+// How many of the passing records are listed.
+std::size_t CountListed(const CaseFlags& passing, double limit) {
+  const std::size_t count = CountCases(passing);
+  if (limit >= static_cast<double>(count)) return count;
+  return static_cast<std::size_t>(std::max(limit, 0.0));
+}
+
+// The lines: cells as they stand, missing values too. Written straight into the report: a second copy of a million
+// lines costs more time than the lines.
+void AppendLines(std::string& report, const DataSet& data, const CaseFlags& passing,
+                 std::span<const std::size_t> columns, std::size_t most) {
+  ListLine line(columns.size());
   NumberBuffer buffer;
   std::size_t listed = 0;
-  for (std::size_t record = 0; record < passing.size() && listed < most; ++record) {
+  for (std::size_t record = 0; listed < most; ++record) {
     if (passing[record] == 0) continue;  // does not count toward the limit
-    ++listed;
-    AppendMasked(static_cast<double>(listed), "00000", lines);
+    AppendLineNumber(report, ++listed);
+    line.Begin(report);
     for (const std::size_t column : columns) {
-      AppendPlace(lines, TextOf(data.matrix.Cell(kFirstRecordRow + record, column), buffer), width);
+      line.Fill(report, TextOf(data.matrix.Cell(kFirstRecordRow + record, column), buffer));
     }
-    AppendUnusedPlaces(lines, columns.size());
-    lines += "\r\n";
+    report += "\r\n";
   }
-  return lines;
 }
 
 std::string ListReport(const DataSet& data, const CaseControl& control, std::span<const std::size_t> columns,
                        double limit) {
+  constexpr std::size_t kNumberAndLineEnd = 9;
+  const CaseFlags passing = PassingRecords(data, control);
+  const std::size_t most = CountListed(passing, limit);
+  const std::string rule = DashedRule(96) + "\r\n";
+  ListLine line(columns.size());
+
   std::string report = control.ControlCaption();
+  report.reserve(report.size() + 1000 + most * (kNumberAndLineEnd + line.length()));
   report += "List Variables\r\n\r\n";
   report += "  Obs";
-  for (const std::size_t column : columns) AppendPlace(report, data.VariableName(column), kWidths[columns.size()]);
-  AppendUnusedPlaces(report, columns.size());
-  report += "\r\n" + DashedRule(kRuleLength) + "\r\n";
-  report += ListedLines(data, PassingRecords(data, control), columns, limit);
-  report += DashedRule(kRuleLength) + "\r\n\r\n\r\n";
+  line.Begin(report);
+  for (const std::size_t column : columns) line.Fill(report, data.VariableName(column));
+  report += "\r\n" + rule;
+  AppendLines(report, data, passing, columns, most);
+  report += rule + "\r\n\r\n";
   return report;
 }
 
