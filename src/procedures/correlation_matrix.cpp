@@ -1,7 +1,9 @@
 #include "procedures/correlation_matrix.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <functional>
 #include <utility>
 
 #include "numerics/case_values.h"
@@ -72,8 +74,9 @@ std::optional<CorrelationStore::Cell> ComputeCell(const PreparedVariable& y, con
     if (y.values.size() < 2) return std::nullopt;
     return CellOf(ComputeCompletePair(y.values, x.values));
   }
-  common.resize(y.values.size());
-  for (std::size_t i = 0; i < common.size(); ++i) common[i] = static_cast<std::uint8_t>(y.accepted[i] & x.accepted[i]);
+  common.resize(y.accepted.size());
+  std::transform(y.accepted.begin(), y.accepted.end(), x.accepted.begin(), common.begin(),
+                 std::bit_and<std::uint8_t>());
   const std::size_t n = CountCases(common);
   if (n < 2) return std::nullopt;
   return CellOf(ComputePairAmong(y.values, x.values, common, n));

@@ -24,21 +24,23 @@ struct PairSums {
   }
 };
 
-// Adds up `count` cases; read(i, y, x) sets the values of case i. Each sum runs in one double. A case dropped later on
-// may stand as 0, 0: it changes no sum. A step that would leave the range of a double is abandoned alone.
+// Adds up `count` cases; read(i, y, x) sets the values of case i. Each sum runs in one double. A case that
+// does not count may be read as 0, 0: it changes no sum. A step that would leave the range of a double is abandoned
+// alone.
 template <typename ReadPair>
 PairSums SumPairs(std::size_t count, ReadPair read) {
-  PairSums sums;
+  double sum_y = 0, sum_x = 0, sum_yy = 0, sum_xx = 0, sum_xy = 0;  // apart from the struct, so as to stay in registers
   double y = 0;
   double x = 0;
   for (std::size_t i = 0; i < count; ++i) {
     read(i, y, x);
-    sums.y += y;
-    sums.x += x;
-    sums.yy += y * y;
-    sums.xx += x * x;
-    sums.xy += x * y;
+    sum_y += y;
+    sum_x += x;
+    sum_yy += y * y;
+    sum_xx += x * x;
+    sum_xy += x * y;
   }
+  PairSums sums = {.y = sum_y, .x = sum_x, .yy = sum_yy, .xx = sum_xx, .xy = sum_xy};
   if (sums.AllFinite()) return sums;  // an infinite or undefined step would have stayed to the end
 
   const auto add = [](double& sum, double term) {
