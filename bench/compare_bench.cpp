@@ -50,6 +50,13 @@ void Correlation(benchmark::State& state) {
 }
 BENCHMARK(Correlation)->Unit(benchmark::kMillisecond);
 
+// The p of unrelated variables takes a step for every second degree of freedom.
+void CorrelationOfUnrelatedVariables(benchmark::State& state) {
+  BenchData bench;
+  Time(state, bench, Procedure::kCorrelation, {kX1}, {kSexColumn});
+}
+BENCHMARK(CorrelationOfUnrelatedVariables)->Unit(benchmark::kMillisecond);
+
 void CorrelationMatrix6By6(benchmark::State& state) {
   BenchData bench;
   bench.panel.checks.Check2 = true;
@@ -70,11 +77,11 @@ void Logistic5Predictors(benchmark::State& state) {
 }
 BENCHMARK(Logistic5Predictors)->Unit(benchmark::kMillisecond);
 
-void ListOf3Variables(benchmark::State& state) {
+void ListOf7Variables(benchmark::State& state) {
   BenchData bench;
-  Time(state, bench, Procedure::kListVariables, {1, kX1, kRegionColumn}, {});
+  Time(state, bench, Procedure::kListVariables, {1, kX1, kX2, kX3, kX4, kX5, kX6}, {});
 }
-BENCHMARK(ListOf3Variables)->Unit(benchmark::kMillisecond);
+BENCHMARK(ListOf7Variables)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tessara

@@ -1,10 +1,13 @@
 #include "procedures/run.h"
 
 #include "procedures/anova.h"
+#include "procedures/correlation.h"
+#include "procedures/correlation_matrix.h"
 #include "procedures/crosstabulation.h"
 #include "procedures/descriptives.h"
 #include "procedures/diagnostic.h"
 #include "procedures/frequencies.h"
+#include "procedures/list_variables.h"
 #include "procedures/t_test.h"
 
 namespace tessara {
@@ -16,7 +19,11 @@ constexpr const char* kComesNext =
     "This procedure comes next: it is on its way and will be part of a coming release of Tessara.";
 
 // How the loop over the analysis variables goes on.
-enum class Step { kNextVariable, kEndRun };
+enum class Step {
+  kNextVariable,
+  kLeaveLoop,  // the procedure has done all variables at once
+  kEndRun,     // refused
+};
 
 Step Refuse(Platform& platform, const char* title, const char* text) {
   platform.ShowMessage({title, text});
@@ -46,11 +53,12 @@ Step Compare(ProcedureRun& run, RunProcedure procedure) {
 }
 
 Step Correlate(ProcedureRun& run) {
-  if (!run.panel.checks.Check2) return Compare(run, nullptr);
+  if (!run.panel.checks.Check2) return Compare(run, RunCorrelation);
   if (run.panel.SelectedVariables.size() < 2) {
     return Refuse(run.platform, kAborted, "Please select two analysis variables.");
   }
-  return ComesNext(run.platform);
+  RunCorrelationMatrix(run);
+  return Step::kLeaveLoop;
 }
 
 // The selected procedure for the variable in the main role.
@@ -76,7 +84,8 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kDiagnostic:
       return Compare(run, RunDiagnostic);
     case Procedure::kListVariables:
-      return ComesNext(run.platform);
+      RunListVariables(run);
+      return Step::kLeaveLoop;
     case Procedure::kExplore:
     case Procedure::kSummaryTables:
     case Procedure::kRandomSample:
@@ -91,7 +100,7 @@ Step RunForVariable(ProcedureRun& run) {
 Step RunForAllVariables(ProcedureRun& run) {
   for (const std::size_t column : run.panel.SelectedVariables) {
     run.data.RoleVariable[kMainRole] = column;
-    if (RunForVariable(run) == Step::kEndRun) return Step::kEndRun;
+    if (const Step step = RunForVariable(run); step != Step::kNextVariable) return step;
   }
   return Step::kNextVariable;
 }

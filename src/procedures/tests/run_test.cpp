@@ -117,13 +117,59 @@ TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
   ExpectRefusal(RunNow(), kAborted, "Please select two analysis variables.");
   platform.messages.clear();
   panel.SelectedVariables = {1, 2};
-  ExpectComesNext(RunNow());
+  const RunOutcome outcome = RunNow();
+  EXPECT_TRUE(outcome.show_output);
+  EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST_F(RunTest, TheMatrixRunsOnceForAllVariables) {
+  Select(Procedure::kCorrelation, {1, 2, 1}, {2});
+  panel.checks.Check2 = true;
+  const RunOutcome outcome = RunNow();
+  EXPECT_FALSE(outcome.refused);
+  EXPECT_TRUE(platform.messages.empty());
+  EXPECT_EQ(Occurrences(output.MostRecentText, std::string(kReportSeparator)), 1u);
+  EXPECT_EQ(Occurrences(output.MostRecentText, "Correlation Matrix"), 1u);
+}
+
+// V3 is blank: no pair with it has a case, but the matrix is printed all the same.
+TEST_F(RunTest, APairOfTheMatrixWithoutCasesMarksTheRun) {
+  Select(Procedure::kCorrelation, {1, 3});
+  panel.checks.Check2 = true;
+  const RunOutcome outcome = RunNow();
+  EXPECT_TRUE(outcome.aborted);
+  EXPECT_FALSE(outcome.show_output);
+  EXPECT_EQ(Occurrences(output.MostRecentText, "-- Error --"), 2u);
+  EXPECT_EQ(Occurrences(output.MostRecentText, "Correlation Matrix"), 1u);
+}
+
+TEST_F(RunTest, CorrelationRunsForEachPairInListOrder) {
+  Select(Procedure::kCorrelation, {2, 1}, {1, 2});
+  const RunOutcome outcome = RunNow();
+  EXPECT_FALSE(outcome.refused);
+  EXPECT_FALSE(outcome.aborted);
+  EXPECT_TRUE(outcome.show_output);
+  EXPECT_TRUE(platform.messages.empty());
+  const std::string& text = output.MostRecentText;
+  EXPECT_EQ(Occurrences(text, "Pearson's Correlation\r\n"), 4u);
+  EXPECT_EQ(Occurrences(text, std::string(kReportSeparator)), 4u);
+  EXPECT_LT(text.find("Pearson's Correlation\r\nV2: "), text.find("Pearson's Correlation\r\nV1: "));
+  EXPECT_LT(text.find("          V1: \r\n"), text.find("          V2: \r\n"));
+}
+
+TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
+  Select(Procedure::kListVariables, {2, 1}, {2});
+  const RunOutcome outcome = RunNow();
+  EXPECT_FALSE(outcome.refused);
+  EXPECT_TRUE(outcome.show_output);
+  EXPECT_TRUE(platform.messages.empty());
+  EXPECT_EQ(Occurrences(output.MostRecentText, "List Variables\r\n"), 1u);
+  EXPECT_EQ(Occurrences(output.MostRecentText, "\r\n00003  "), 1u);
 }
 
 TEST_F(RunTest, ProceduresToComeSaySoOnce) {
-  for (const Procedure procedure :
-       {Procedure::kCorrelation, Procedure::kRegression, Procedure::kExplore, Procedure::kListVariables,
-        Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+  for (const Procedure procedure : {Procedure::kRegression, Procedure::kExplore, Procedure::kSummaryTables,
+                                    Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
     Select(procedure, {1, 2}, {2, 1});
@@ -262,8 +308,9 @@ TEST_F(RunTest, AMarkOfOneRunIsGoneInTheNext) {
 }
 
 TEST_F(RunTest, TheFullCountsStandBehindARun) {
-  for (const Procedure procedure : {Procedure::kFrequencies, Procedure::kDescriptives}) {
-    Select(procedure, {1, 3});
+  for (const Procedure procedure :
+       {Procedure::kFrequencies, Procedure::kDescriptives, Procedure::kCorrelation, Procedure::kListVariables}) {
+    Select(procedure, {1, 3}, {2});
     RunNow();
     EXPECT_EQ(data.RecordCount, kNewRecordCount);
     EXPECT_EQ(data.VariableCount, kNewVariableCount);
