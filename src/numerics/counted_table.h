@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "numerics/checked.h"
@@ -15,12 +16,14 @@ namespace tessara {
 
 // Counts of `rows` by `columns` categories, row by row, with their totals.
 struct CountedTable {
-  CountedTable(std::size_t rows, std::size_t columns, std::vector<double> cells);
+  CountedTable() = default;
+  // Cells that are not given count 0.
+  CountedTable(std::size_t row_count, std::size_t column_count, std::vector<double> counts);
 
   double Cell(std::size_t row, std::size_t column) const { return cells[row * columns + column]; }
 
-  std::size_t rows;
-  std::size_t columns;
+  std::size_t rows = 0;
+  std::size_t columns = 0;
   std::vector<double> cells;
   std::vector<double> row_totals;
   std::vector<double> column_totals;
@@ -30,9 +33,9 @@ struct CountedTable {
 struct TableStatistics {
   std::size_t low_cells = 0;  // cells with an expected count below 5
   double df = 0;
-  Number chi_square;        // Pearson's
-  Number likelihood_ratio;  // G, twice the sum of O ln(O / E)
-  std::optional<double> chi_square_p;
+  Number chi_square;                   // Pearson's
+  Number likelihood_ratio;             // G, twice the sum of O ln(O / E)
+  std::optional<double> chi_square_p;  // nothing where it fails, of a chi-square of 0 for example
   std::optional<double> likelihood_p;
 
   Number cramers_v;
@@ -48,7 +51,7 @@ struct TableStatistics {
   bool kappa_is_perfect = false;   // all cases agree: neither error nor significance is given
   std::string kappa_significance;  // "1.0000", ".0001", a p under ".0000", or "  NA"
 
-  // Of a table with one degree of freedom.
+  // Of a table with one degree of freedom, which is one of 2 by 2.
   Number yates_chi_square;
   std::optional<double> yates_p;
   std::optional<double> fisher_p;  // below 100 cases only
@@ -61,11 +64,12 @@ struct TableStatistics {
 // and Kruskal (1954), kappa after Cohen (1960), with the standard error of a kappa of 0.
 TableStatistics ComputeTableStatistics(const CountedTable& table);
 
-// Kappa of agreement from the observed and the expected share of agreeing cases among n.
+// Kappa of agreement from the observed and the expected share of agreeing cases among n. What fails stays 0.
 struct Agreement {
   Number kappa;
   Number standard_error;
-  // "1.0000" where 100 z rounds to 0, `beyond` where it is above 459, else twice the normal tail under `mask`.
+  // "1.0000" where 100 z rounds to 0 (half to even, and also where z failed), `beyond` where it is above 459, else
+  // twice the normal tail under `mask`.
   std::string significance;
 };
 Agreement ComputeAgreement(Checked observed, Checked expected, Checked n, std::string_view mask,
