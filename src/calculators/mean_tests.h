@@ -17,7 +17,7 @@ namespace tessara {
 
 // Two samples, by pooled and by separate variances.
 struct TwoMeansBoxes {
-  std::string_view label1, label2;
+  std::string_view label1 = {}, label2 = {};
   std::string_view mean1, mean2;
   std::string_view deviation1, deviation2;
   std::string_view cases1, cases2;

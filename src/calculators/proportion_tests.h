@@ -14,7 +14,7 @@
 namespace tessara {
 
 struct TwoProportionsBoxes {
-  std::string_view label1, label2;
+  std::string_view label1 = {}, label2 = {};
   std::string_view proportion1, proportion2;
   std::string_view cases1, cases2;
 };
