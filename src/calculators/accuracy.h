@@ -12,10 +12,10 @@ namespace tessara {
 
 // The texts in T1 to T4, row by row.
 struct AccuracyBoxes {
-  std::string without_disease_negative;  // T- D-
-  std::string with_disease_negative;     // T- D+
-  std::string without_disease_positive;  // T+ D-
-  std::string with_disease_positive;     // T+ D+
+  std::string without_disease_negative = {};  // T- D-
+  std::string with_disease_negative = {};     // T- D+
+  std::string without_disease_positive = {};  // T+ D-
+  std::string with_disease_positive = {};     // T+ D+
 };
 
 struct AccuracyCells {

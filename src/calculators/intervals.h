@@ -35,9 +35,9 @@ CriticalValues CriticalTOf(double df);
 
 // The texts in T1, T2 and T3.
 struct MeanIntervalBoxes {
-  std::string n;
-  std::string mean;
-  std::string deviation;
+  std::string n = {};
+  std::string mean = {};
+  std::string deviation = {};
 };
 
 struct MeanInterval {
@@ -55,8 +55,8 @@ Calculation CalculateMeanInterval(const MeanIntervalBoxes& boxes);
 
 // The texts in T1 and T2.
 struct ProportionIntervalBoxes {
-  std::string n;
-  std::string proportion;
+  std::string n = {};
+  std::string proportion = {};
 };
 
 struct ProportionInterval {
