@@ -49,6 +49,7 @@ struct MeanInterval {
 };
 
 MeanInterval ComputeMeanInterval(double n, double mean, double deviation);
+std::string MeanIntervalShortReport(const MeanInterval& interval);
 
 // The whole calculation. A box that is not numeric and an n of 1 are answered by a message alone.
 Calculation CalculateMeanInterval(const MeanIntervalBoxes& boxes);
@@ -68,6 +69,7 @@ struct ProportionInterval {
 
 // With the z of 1.65, 1.96 and 2.58, whatever n is.
 ProportionInterval ComputeProportionInterval(double n, double proportion);
+std::string ProportionIntervalShortReport(const ProportionInterval& interval);
 
 // The whole calculation. A box that is not numeric and a proportion above 1 are answered by a message alone.
 Calculation CalculateProportionInterval(const ProportionIntervalBoxes& boxes);

@@ -52,6 +52,8 @@ struct SampleSizes {
 
 SampleSizes ComputeSampleSizes(const SampleSizePlan& plan);
 
+std::string SampleSizeShortReport(const SampleSizes& sizes);
+
 // The whole calculation. An empty box and a text that is not numeric count 0. The narrative is empty when neither part
 // is filled.
 Calculation CalculateSampleSize(const SampleSizeBoxes& boxes);

@@ -29,12 +29,12 @@ std::vector<std::string> MessagesOf(const AccuracyCalculation& result) {
   return texts;
 }
 
-class GoodTest : public testing::Test {
+class UsefulDiagnosticTest : public testing::Test {
  protected:
   const AccuracyCalculation result = CalculateAccuracy({"90", "5", "10", "45"});
 };
 
-TEST_F(GoodTest, LongReport) {
+TEST_F(UsefulDiagnosticTest, LongReport) {
   EXPECT_EQ(result.calculation.report,
             "Diagnostic Accuracy\r\n"
             "\r\n"
@@ -56,7 +56,7 @@ TEST_F(GoodTest, LongReport) {
             "Negative Likelihood Ratio     0.111\r\n");
 }
 
-TEST_F(GoodTest, ShortReport) {
+TEST_F(UsefulDiagnosticTest, ShortReport) {
   EXPECT_EQ(result.calculation.short_report,
             "Sensitivity                   0.900\r\n"
             "Specificity                   0.900\r\n"
@@ -66,7 +66,7 @@ TEST_F(GoodTest, ShortReport) {
             "Negative Likelihood Ratio     0.111\r\n");
 }
 
-TEST_F(GoodTest, Narrative) {
+TEST_F(UsefulDiagnosticTest, Narrative) {
   EXPECT_EQ(result.calculation.narrative,
             "Sensitivity:   90.00% of diseased cases had a positive test.\r\n"
             "\r\n"
@@ -83,7 +83,7 @@ TEST_F(GoodTest, Narrative) {
                 kDashes);
 }
 
-TEST_F(GoodTest, TheTotalsStandBesideTheBoxesWithALeadingBlank) {
+TEST_F(UsefulDiagnosticTest, TheTotalsStandBesideTheBoxesWithALeadingBlank) {
   ASSERT_TRUE(result.totals);
   EXPECT_EQ(result.totals->test_negative, " 95");
   EXPECT_EQ(result.totals->test_positive, " 55");
@@ -95,7 +95,7 @@ TEST_F(GoodTest, TheTotalsStandBesideTheBoxesWithALeadingBlank) {
 }
 
 // Sensitivity 10/40 and specificity 15/60: a ratio of .25 / .75 and one of .75 / .25.
-TEST(Accuracy, ATestThatMisleads) {
+TEST(TypedAccuracy, ATestThatMisleads) {
   const std::string narrative = *CalculateAccuracy({"15", "30", "45", "10"}).calculation.narrative;
   EXPECT_TRUE(Contains(
       narrative, "Pos. LR:   A ratio of 0.333 indicates a positive test does not increase the odds of disease.\r\n"));
@@ -105,13 +105,13 @@ TEST(Accuracy, ATestThatMisleads) {
 }
 
 // All four a half: both ratios are 1, neither above nor below it.
-TEST(Accuracy, ATestThatTellsNothing) {
+TEST(TypedAccuracy, ATestThatTellsNothing) {
   const std::string narrative = *CalculateAccuracy({"10", "10", "10", "10"}).calculation.narrative;
   EXPECT_TRUE(Contains(narrative, "A ratio of 1.000 indicates a positive test does not increase"));
   EXPECT_TRUE(Contains(narrative, "A ratio of 1.000 indicates a negative test does not increase"));
 }
 
-TEST(Accuracy, APerfectTestHasANegativeRatioOfZero) {
+TEST(TypedAccuracy, APerfectTestHasANegativeRatioOfZero) {
   const AccuracyCalculation result = CalculateAccuracy({"40", "0", "0", "30"});
   EXPECT_EQ(MessagesOf(result), std::vector<std::string>{kPositiveMessage});
   EXPECT_EQ(result.calculation.short_report,
@@ -127,7 +127,7 @@ TEST(Accuracy, APerfectTestHasANegativeRatioOfZero) {
 }
 
 // Nobody is missed, but 5 are alarmed: a sensitivity of 1 is not enough for a negative ratio.
-TEST(Accuracy, ASensitivityOfOneAloneHasNoNegativeRatio) {
+TEST(TypedAccuracy, ASensitivityOfOneAloneHasNoNegativeRatio) {
   const AccuracyCalculation result = CalculateAccuracy({"35", "0", "5", "30"});
   EXPECT_EQ(MessagesOf(result), std::vector<std::string>{kNegativeMessage});
   EXPECT_TRUE(Contains(*result.calculation.report,
@@ -137,7 +137,7 @@ TEST(Accuracy, ASensitivityOfOneAloneHasNoNegativeRatio) {
 }
 
 // Every measure divides by 0 and is 0; both ratios have their message, and the report stands.
-TEST(Accuracy, ZerosInAllCellsStillGetTheirReport) {
+TEST(TypedAccuracy, ZerosInAllCellsStillGetTheirReport) {
   const AccuracyCalculation result = CalculateAccuracy({"0", "0", "0", "0"});
   EXPECT_EQ(MessagesOf(result), (std::vector<std::string>{kPositiveMessage, kNegativeMessage}));
   EXPECT_EQ(result.calculation.short_report,
@@ -152,13 +152,13 @@ TEST(Accuracy, ZerosInAllCellsStillGetTheirReport) {
 }
 
 // Only diseased cases, all found: T1 is 0, so the rule of the perfect test does not hold, and the specificity is 0.
-TEST(Accuracy, WithoutHealthyCasesTheTestIsNotPerfect) {
+TEST(TypedAccuracy, WithoutHealthyCasesTheTestIsNotPerfect) {
   const AccuracyCalculation result = CalculateAccuracy({"0", "0", "0", "30"});
   EXPECT_EQ(MessagesOf(result), std::vector<std::string>{kNegativeMessage});
   EXPECT_TRUE(Contains(*result.calculation.report, "Positive Likelihood Ratio   1.000\r\n"));
 }
 
-TEST(Accuracy, EveryCellMustBeNumeric) {
+TEST(TypedAccuracy, EveryCellMustBeNumeric) {
   const AccuracyBoxes refused[] = {
       {}, {"", "1", "2", "3"}, {"1", "x", "2", "3"}, {"1", "2", "-", "3"}, {"1", "2", "3", ","}};
   for (const AccuracyBoxes& boxes : refused) {
@@ -171,13 +171,13 @@ TEST(Accuracy, EveryCellMustBeNumeric) {
   }
 }
 
-TEST(Accuracy, CommasAreStrippedAndWideCountsPushTheirLine) {
+TEST(TypedAccuracy, CommasAreStrippedAndWideCountsPushTheirLine) {
   const AccuracyCalculation result = CalculateAccuracy({"9,000,000", "5", "10", "4,5"});
   EXPECT_EQ(result.calculation.report, CalculateAccuracy({"9000000", "5", "10", "45"}).calculation.report);
   EXPECT_TRUE(Contains(*result.calculation.report, "         T- |     9000000 |        5 |     9000005\r\n"));
 }
 
-TEST(Accuracy, NegativeAndHugeCountsGetTheirReport) {
+TEST(TypedAccuracy, NegativeAndHugeCountsGetTheirReport) {
   EXPECT_TRUE(Contains(*CalculateAccuracy({"-5", "5", "10", "-4"}).calculation.report,
                        "         T+ |       10 |       -4 |        6\r\n"));
   const std::string report = *CalculateAccuracy({"1e308", "1e308", "1e308", "1e308"}).calculation.report;
