@@ -61,9 +61,9 @@ std::string AccuracyNarrative(const TypedAccuracy& a) {
   return narrative;
 }
 
-// The calculation goes on behind these boxes.
+// The calculation goes on behind these boxes, but it was not given what it asks for.
 MessageBox RatioMessage(std::string_view text) {
-  return {std::string(kEntryError), std::string(text), Buttons::kOk, Tone::kInformation};
+  return {std::string(kEntryError), std::string(text), Buttons::kOk, Tone::kWarning};
 }
 
 std::string TotalText(const Number& total) { return " " + GeneralText(total.value()); }
