@@ -1,7 +1,10 @@
 #include "calculators/empty_results.h"
 
+#include "calculators/accuracy.h"
+#include "calculators/intervals.h"
 #include "calculators/mean_tests.h"
 #include "calculators/proportion_tests.h"
+#include "calculators/sample_size.h"
 #include "calculators/summary_text.h"
 #include "numerics/report_text.h"
 
@@ -34,6 +37,7 @@ std::string EmptyTwoProportions() {
   return TwoProportionsShortReport(test);
 }
 
+// The failed tests of a table without cases are zeros here too, in the place of their marks.
 std::string EmptyCounts() {
   const std::string rule = "          +---------+---------+---------+---------+---------+---------\r\n";
   std::string report = "Chi-Square Test of Independence       n = 0\r\n" + DashedRule(47) + "\r\n";
@@ -53,30 +57,11 @@ std::string EmptyCounts() {
   return report;
 }
 
-std::string EmptyInterval(const std::string& level) {
-  return " " + level + "% Confidence Interval\r\n +/- 0.0000  LL 0.0000  UL 0.0000\r\n\r\n";
-}
-
-std::string EmptyIntervals() { return EmptyInterval("90") + EmptyInterval("95") + EmptyInterval("99"); }
-
 std::string EmptyAccuracy() {
-  std::string report;
-  report += "Sensitivity                   0.000\r\n";
-  report += "Specificity                   0.000\r\n";
-  report += "Positive Predictive Value     0.000\r\n";
-  report += "Negative Predictive Value     0.000\r\n";
-  report += "Positive Likelihood Ratio   0.000\r\n";
-  report += "Negative Likelihood Ratio     0.000\r\n";
-  return report;
-}
-
-std::string EmptySampleSize() {
-  std::string report = "Sample Size Estimator\r\n\r\n";
-  report += "Proportions (two sample z-test)\r\n";
-  report += "Estimated Total Sample Size   = 0\r\n\r\n";
-  report += "Means (two sample t-test)\r\n";
-  report += "Estimated Total Sample Size   = 0";
-  return report;
+  TypedAccuracy accuracy;
+  accuracy.positive_likelihood_ratio = Number(0.0);
+  accuracy.negative_likelihood_ratio = Number(0.0);
+  return AccuracyShortReport(accuracy);
 }
 
 }  // namespace
@@ -92,13 +77,13 @@ std::string EmptyResult(int panel) {
     case 3:
       return EmptyCounts();
     case 4:
-      return " n = 0   Mean = 0   StdDev = 0\r\n\r\n" + EmptyIntervals();
+      return MeanIntervalShortReport(MeanInterval{});
     case 5:
-      return " n = 0   Proportion = 0   SEp = 0.000\r\n\r\n" + EmptyIntervals();
+      return ProportionIntervalShortReport(ProportionInterval{});
     case 7:
       return EmptyAccuracy();
     case 8:
-      return EmptySampleSize();
+      return SampleSizeShortReport(SampleSizes{});
     case 9:
       return OneMeanShortReport(OneMeanTest{});
     case 10:
