@@ -95,9 +95,10 @@ CommandResult Brevarum(Batch& batch, const CommandWords& words) {
       apart ? CalculateApart(session) : Calculate(session.brevarum, session.output, session.platform);
   if (print_short && result.short_report) batch.stream.PrintText(*result.short_report + "\r\n");
   if (print_narrative && result.narrative) batch.stream.PrintText(*result.narrative + "\r\n");
-  // What the form would show in the place of a result.
-  if (result.results_title) batch.stream.PrintMessage(TerminalText(*result.results_title));
-  return Done();
+  // What the form shows over the results in the place of one.
+  if (!result.results_title) return Done();
+  batch.stream.PrintMessage(TerminalText(*result.results_title));
+  return {BatchStatus::kRefused, {}};
 }
 
 std::string PanelLines() {

@@ -27,11 +27,11 @@ struct TwoMeansTest {
   Number n1, n2, mean1, mean2, deviation1, deviation2;
   std::string label1, label2;  // as they head their columns
 
-  Number t, df, p;           // of equal variances
-  std::string p_text;        // the same p with three decimals; empty when there is none
-  Number unequal_t;          // of unequal variances
-  Number unequal_df;         // two decimals; below 5 there is no p
-  Number unequal_p;          //
+  Number t, df, p;     // of equal variances
+  std::string p_text;  // the same p with three decimals; empty when there is none
+  Number unequal_t;    // of unequal variances
+  Number unequal_df;   // two decimals; below 5 there is no p
+  Number unequal_p;
   std::string unequal_text;  // "Err" where there is no p
   bool unequal_err = false;  // the row shows "Err" in the place of df and p
   Number f, d1, d2, f_p;     // homogeneity of the variances

@@ -110,7 +110,7 @@ TEST(BrevarumCommand, AMessageBesideTheReportIsRefusedToo) {
 
 TEST(BrevarumCommand, WhatStandsOverTheResultsIsTold) {
   const Outcome outcome = RunWords({"brevarum", "chi-square"});
-  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "Error: No cases in table\n");
 }
