@@ -62,6 +62,11 @@ constexpr OptionRow kLogisticOptions[] = {
     {"--save-predicted", "", "save predicted values and residuals as other variables", OptionValue::kNone},
 };
 
+constexpr OptionRow kBrevarumOptions[] = {
+    {"--short", "", "print the compact result instead of the report", OptionValue::kNone},
+    {"--narrative", "", "print the result in words instead of the report", OptionValue::kNone},
+};
+
 constexpr CommandRow kCommands[] = {
     {"open",
      "PATH",
@@ -180,6 +185,13 @@ constexpr CommandRow kCommands[] = {
     {"list", "VAR... [--max N]", "list the values of up to seven variables",
      "Lists the values of the variables side by side, one line a case.\n", "list SEX AGE --max 20", kListOptions,
      kAnyNumber, "VAR", procedure_commands::List},
+    {"brevarum", "PANEL BOX=VALUE... [--short] [--narrative]", "calculate from typed summary figures",
+     "Calculates from figures that stand in no data file: PANEL is the calculator, and each BOX\n"
+     "the name of one of its boxes. Boxes that are not named keep their defaults. The report\n"
+     "goes to the log and replaces the most recent output. With an option its text is printed\n"
+     "at once, and the log gets nothing. One and two samples read each other's boxes too.\n",
+     "brevarum t-test tx1=101.5 ts1=14 tn1=30 tx2=95 ts2=15.5 tn2=32", kBrevarumOptions, kAnyNumber, "PANEL",
+     brevarum_commands::Brevarum, brevarum_commands::PanelLines},
     {"charts",
      "",
      "print the chart tables of the latest run",
@@ -224,10 +236,11 @@ constexpr CommandRow kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "import",      "export",   "split",       "print-notes",   "dictionary", "cell",       "add-rows", "add-column",
-    "delete-rows", "format",   "copy-format", "recode",        "compute",    "combine",    "trim",     "delete-columns",
-    "find",        "replace",  "undo",        "compare-dates", "sample",     "iterations", "subset",   "table",
-    "explore",     "brevarum", "calculator",  "glossary",      "word",       "excel",
+    "import",   "export",        "split",       "print-notes",    "dictionary",  "cell",
+    "add-rows", "add-column",    "delete-rows", "format",         "copy-format", "recode",
+    "compute",  "combine",       "trim",        "delete-columns", "find",        "replace",
+    "undo",     "compare-dates", "sample",      "iterations",     "subset",      "table",
+    "explore",  "calculator",    "glossary",    "word",           "excel",
 };
 
 // How many letters must be put in, left out or replaced to make one word of the other.

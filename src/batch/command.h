@@ -58,6 +58,7 @@ struct CommandRow {
   std::size_t most_words = 0;
   std::string_view first_word;  // what is missing when there is no word at all; empty when none is needed
   CommandResult (*run)(Batch& batch, const CommandWords& words) = nullptr;
+  std::string (*more_details)() = nullptr;  // lines that follow the details, made from a table; none for most
 };
 
 // All commands, in the order of the help.
@@ -101,6 +102,12 @@ CommandResult Diagnostic(Batch& batch, const CommandWords& words);
 CommandResult Regression(Batch& batch, const CommandWords& words);
 CommandResult Logistic(Batch& batch, const CommandWords& words);
 }  // namespace procedure_commands
+
+namespace brevarum_commands {
+CommandResult Brevarum(Batch& batch, const CommandWords& words);
+// The panels with their boxes, a line each.
+std::string PanelLines();
+}  // namespace brevarum_commands
 
 namespace output_commands {
 CommandResult Charts(Batch& batch, const CommandWords& words);

@@ -62,6 +62,7 @@ std::string CommandHelp(const CommandRow& command) {
       std::string(command.name) + ": " + std::string(command.summary) + "\n\nUsage: " + std::string(command.name);
   if (!command.synopsis.empty()) text += " " + std::string(command.synopsis);
   text += "\n\n" + std::string(command.details);
+  if (command.more_details) text += command.more_details();
   if (!command.options.empty()) text += "\nOptions:\n";
   for (const OptionRow& row : command.options) text += OptionLine(row);
   text += "\nExample:\n  " + std::string(command.example) + "\n";

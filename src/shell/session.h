@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
 #include "platform/platform.h"
@@ -42,6 +43,7 @@ struct Session {
   Settings settings;
   DataSet data;
   ProcedurePanel panel;
+  BrevarumPanel brevarum;
   OutputLog output;
   ChartStore charts;
 

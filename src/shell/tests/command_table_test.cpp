@@ -36,6 +36,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        "|205 &Copy\n"
        " 206 &Paste\n"
        " 213 &Cut\n"
+       " 212 Copy Output\n"
        "|211 Convert Output to Tab Delimited\n"
        " 350 &Output Log\n"},
       {"&Variable", "|308 Run Procedure\n"},
@@ -68,6 +69,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 103 &Save\n"
             "|213 &Cut\n"
             " 205 &Copy\n"
+            "|212 &Copy Output\n"
             " 206 &Paste\n"
             "|350 Output Log\n"
             "|308 Run Procedure\n"
@@ -78,6 +80,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Save the active file",
                             "Paste",  // of the button that cuts: the pairing is intended
                             "Copy Selection",
+                            "Copy Output",
                             "Paste",
                             "View Output Log",
                             "Run Statistical Procedure",
@@ -146,10 +149,11 @@ class CommandTest : public SessionFixture {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++o+----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--o+oooo"}, {107, "++++++++"},
-      {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"}, {211, "---o----"}, {350, "---+----"},
-      {308, "-+o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"}, {504, "oooooooo"},
-      {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"}, {608, "++++++++"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--++oooo"},
+      {107, "++++++++"}, {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"},
+      {211, "---o----"}, {350, "---+----"}, {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"},
+      {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"}, {504, "oooooooo"}, {505, "oooooooo"},
+      {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"}, {608, "++++++++"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -164,8 +168,8 @@ TEST_F(CommandTest, StatesByViewWithOutputASelectionAndAFullClipboard) {
 
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
-  const std::pair<int, const char*> expected[] = {{101, "++o+----"}, {102, "+----o--"}, {103, "+----o--"},
-                                                  {106, "--oooooo"}, {205, "+--+-o--"}, {213, "o--+-o--"},
+  const std::pair<int, const char*> expected[] = {{101, "++++----"}, {102, "+----o--"}, {103, "+----o--"},
+                                                  {106, "--+ooooo"}, {205, "+--+-o--"}, {213, "o--+-o--"},
                                                   {211, "---+----"}, {350, "--------"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -321,6 +325,35 @@ TEST_F(CommandTest, RunRunsOnThePanelAlone) {
   Execute(308, View::ViewStatProcs);
   EXPECT_NE(session.output.OutputLogText.find("Variable: AGE"), std::string::npos);
   EXPECT_EQ(session.wanted_view, View::ViewOutput);
+}
+
+TEST_F(CommandTest, TheCalculatorsAreRunCopiedPrintedAndCleared) {
+  EXPECT_FALSE(State(212, View::ViewBrevarum).enabled);
+  Execute(212, View::ViewBrevarum);
+  EXPECT_EQ(platform.clipboard, "");
+  for (const char* box : {"tx1", "ts1", "tn1", "ts2", "tn2"}) SetBox(session.brevarum, box, "9");
+  Execute(308, View::ViewStatProcs);
+  EXPECT_EQ(session.output.OutputLogText.find("Two-Sample"), std::string::npos);
+  Execute(308, View::ViewBrevarum);
+  EXPECT_NE(session.output.OutputLogText.find("Two-Sample Difference of Means"), std::string::npos);
+  EXPECT_EQ(session.wanted_view, View::kNone);
+  EXPECT_TRUE(State(212, View::ViewBrevarum).enabled);
+
+  Execute(212, View::ViewBrevarum);
+  EXPECT_EQ(platform.clipboard, session.brevarum.BrevarumResults[0]);
+  platform.clipboard.clear();
+  Execute(205, View::ViewBrevarum);
+  EXPECT_EQ(platform.clipboard, session.brevarum.BrevarumResults[0]);
+
+  platform.print_answers = {PrintChoice{1}};
+  session.settings.Op12 = 1;  // no date
+  Execute(106, View::ViewBrevarum);
+  ASSERT_EQ(platform.printed.size(), 1u);
+  EXPECT_TRUE(platform.printed[0][0].starts_with("\r\n\r\n\r\n     Tessara Output\r\n     Two-Sample"));
+
+  Execute(101, View::ViewBrevarum);
+  EXPECT_EQ(session.brevarum.Box("tx1"), "");
+  EXPECT_FALSE(State(212, View::ViewBrevarum).enabled);
 }
 
 TEST_F(CommandTest, ToggleAndConvertWorkOnTheTextOfTheOutputView) {

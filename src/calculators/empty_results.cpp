@@ -1,0 +1,96 @@
+#include "calculators/empty_results.h"
+
+#include "calculators/accuracy.h"
+#include "calculators/intervals.h"
+#include "calculators/mean_tests.h"
+#include "calculators/proportion_tests.h"
+#include "calculators/sample_size.h"
+#include "calculators/summary_text.h"
+#include "numerics/report_text.h"
+
+namespace tessara {
+namespace {
+
+std::string Zero(int width, int decimals) { return FormatCol(0.0, width, decimals); }
+
+// Its p of the variances has three decimals, and no p of 0 is lifted to 0.0001.
+std::string EmptyTwoMeans() {
+  std::string report = "Two-Sample Difference of Means (2-tailed)\r\n\r\n";
+  report += "            Homogeneity of Variance\r\n";
+  report += "    F= 0.00    DF= (0, 0)     p < 0.000\r\n\r\n";
+  report += "             T-statistic      DF          p < \r\n";
+  report += "Equal   " + Zero(15, 4) + " " + Zero(8, 0) + Zero(16, 4) + "\r\n";
+  report += "Unequal " + Zero(15, 4) + " " + Zero(11, 2) + Zero(13, 4);
+  return report;
+}
+
+std::string EmptyManyMeans() {
+  ManyMeansTest test;
+  test.p_text = "0.000";
+  return ManyMeansShortReport(test);
+}
+
+std::string EmptyTwoProportions() {
+  TwoProportionsTest test;
+  test.label1 = SampleLabel("Sample(1)");
+  test.label2 = SampleLabel("Sample(2)");
+  return TwoProportionsShortReport(test);
+}
+
+// The failed tests of a table without cases are zeros here too, in the place of their marks.
+std::string EmptyCounts() {
+  const std::string rule = "          +---------+---------+---------+---------+---------+---------\r\n";
+  std::string report = "Chi-Square Test of Independence       n = 0\r\n" + DashedRule(47) + "\r\n";
+  report += "          |         |         |         |         |         |   RTotal\r\n" + rule;
+  for (int row = 1; row <= 5; ++row) {
+    report += "          | ";
+    for (int column = 1; column <= 5; ++column) report += Zero(7, 0) + " | ";
+    report += Zero(7, 0) + "\r\n" + rule;
+  }
+  report += "   CTotal | ";
+  for (int column = 1; column <= 5; ++column) report += Zero(7, 0) + " | ";
+  report += Zero(7, 0) + "\r\n\r\n\r\n";
+  report += "Chi-Square            Value     df          p <\r\n";
+  report += "Pearson          " + Zero(10, 3) + "      0" + Zero(13, 4) + "\r\n";
+  report += "Likelihood Ratio " + Zero(10, 3) + "      0" + Zero(13, 4) + "\r\n";
+  report += "\r\n\r\n\r\n   ** See Output tab for more statistics **";
+  return report;
+}
+
+std::string EmptyAccuracy() {
+  TypedAccuracy accuracy;
+  accuracy.positive_likelihood_ratio = Number(0.0);
+  accuracy.negative_likelihood_ratio = Number(0.0);
+  return AccuracyShortReport(accuracy);
+}
+
+}  // namespace
+
+std::string EmptyResult(int panel) {
+  switch (panel) {
+    case 0:
+      return EmptyTwoMeans();
+    case 1:
+      return EmptyManyMeans();
+    case 2:
+      return EmptyTwoProportions();
+    case 3:
+      return EmptyCounts();
+    case 4:
+      return MeanIntervalShortReport(MeanInterval{});
+    case 5:
+      return ProportionIntervalShortReport(ProportionInterval{});
+    case 7:
+      return EmptyAccuracy();
+    case 8:
+      return SampleSizeShortReport(SampleSizes{});
+    case 9:
+      return OneMeanShortReport(OneMeanTest{});
+    case 10:
+      return OneProportionShortReport(OneProportionTest{});
+    default:
+      return "";
+  }
+}
+
+}  // namespace tessara
