@@ -17,7 +17,7 @@ bool InOutputText(const Session& session) {
 // The views that the commands of more than one view act on so far. In the others these commands show, but are off.
 bool ViewIsLive(const Session& session) {
   return InView(session, View::ViewDataGrid) || InView(session, View::ViewStatProcs) ||
-         InView(session, View::ViewOutput);
+         InView(session, View::ViewBrevarum) || InView(session, View::ViewOutput);
 }
 
 // A caption for each of the views 1, 4 in text mode and 6; hidden in all others.
@@ -67,7 +67,19 @@ CommandState ConvertState(const Session& session) {
 
 CommandState PrintState(const Session& session) {
   const bool visible = !InView(session, View::ViewDataGrid) && !InView(session, View::ViewStatProcs);
-  return {visible, InOutputText(session), {}};
+  const bool result = InView(session, View::ViewBrevarum) && CanCopyResult(session.brevarum);
+  return {visible, InOutputText(session) || result, {}};
+}
+
+CommandState CopyResultState(const Session& session) {
+  if (!InView(session, View::ViewBrevarum)) return {};
+  return {true, CanCopyResult(session.brevarum), {}};
+}
+
+void CopyCalculatorResult(Session& session) {
+  if (!CanCopyResult(session.brevarum)) return;
+  PlaySoundEffect(session, "copy.wav");
+  CopyResult(session.brevarum, session.platform);
 }
 
 CommandState RunState(const Session& session) {
@@ -108,6 +120,7 @@ void ClearOutputAfterWarning(Session& session) {
 void New(Session& session) {
   if (InView(session, View::ViewDataGrid)) NewData(session);
   if (InView(session, View::ViewStatProcs)) ResetPanel(session.data, session.panel);
+  if (InView(session, View::ViewBrevarum)) ClearPanel(session.brevarum);
   if (InView(session, View::ViewOutput)) ClearOutputAfterWarning(session);
 }
 
@@ -130,9 +143,12 @@ void SaveAs(Session& session) {
 }
 
 void Print(Session& session, const WidgetState& widgets) {
-  if (!InOutputText(session)) return;
   const PrintOptions options = {.date = session.settings.print_date(),
                                 .notes_caption = session.settings.notes_caption()};
+  if (InView(session, View::ViewBrevarum) && CanCopyResult(session.brevarum)) {
+    PrintResult(session.brevarum, session.platform, options);
+  }
+  if (!InOutputText(session)) return;
   PrintOutput(session.output, session.platform, options, widgets.output_has_selection);
 }
 
@@ -146,6 +162,7 @@ void ToggleOutput(Session& session) {
 
 void RunProcedure(Session& session) {
   if (InView(session, View::ViewStatProcs)) RunPanel(session);
+  if (InView(session, View::ViewBrevarum)) Calculate(session.brevarum, session.output, session.platform);
 }
 
 void OpenDocumentation(Session& session, int id) {
@@ -181,6 +198,7 @@ const std::vector<CommandMenu>& MenuBar() {
         {.id = 205, .caption = "&Copy", .begin_group = true, .icon = "edit-copy", .shortcut = "Ctrl+C"},
         {.id = 206, .caption = "&Paste", .icon = "edit-paste", .shortcut = "Ctrl+V"},
         {.id = 213, .caption = "&Cut", .icon = "edit-cut", .shortcut = "Ctrl+X"},
+        {.id = 212, .caption = "Copy Output", .icon = "edit-copy", .shortcut = "Ctrl+Shift+C"},
         {.id = 211,
          .caption = "Convert Output to Tab Delimited",
          .begin_group = true,
@@ -219,6 +237,7 @@ const std::vector<CommandControl>& Toolbar() {
       {.id = 103, .caption = "&Save", .tooltip = "Save the active file", .icon = "document-save"},
       {.id = 213, .caption = "&Cut", .tooltip = "Paste", .begin_group = true, .icon = "edit-cut"},
       {.id = 205, .caption = "&Copy", .tooltip = "Copy Selection", .icon = "edit-copy"},
+      {.id = 212, .caption = "&Copy Output", .tooltip = "Copy Output", .begin_group = true, .icon = "edit-copy"},
       {.id = 206, .caption = "&Paste", .tooltip = "Paste", .icon = "edit-paste"},
       {.id = 350,
        .caption = "Output Log",
@@ -267,6 +286,8 @@ CommandState UpdateCommand(const Session& session, int id, const WidgetState& wi
       return PasteState(session, widgets);
     case 211:
       return ConvertState(session);
+    case 212:
+      return CopyResultState(session);
     case 213:
       return CutState(session, widgets);
     case 308:
@@ -307,11 +328,15 @@ WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets
     case 204:
       return ForReading(session, WidgetAction::kSelectAll);
     case 205:
+      if (InView(session, View::ViewBrevarum)) CopyCalculatorResult(session);
       return ForReading(session, WidgetAction::kCopy);
     case 206:
       return ForEditing(session, WidgetAction::kPaste);
     case 211:
       ConvertOutput(session);
+      break;
+    case 212:
+      CopyCalculatorResult(session);
       break;
     case 213:
       return ForEditing(session, WidgetAction::kCut);
