@@ -20,21 +20,9 @@ std::string Percent(const Number& proportion) {
   return MaskedNumber(percent.value(), ".00") + "%";
 }
 
-// The six lines of measures; the label of the positive ratio is two blanks shorter than its neighbours.
-std::string MeasureLines(const AccuracyMeasures& a) {
-  std::string lines;
-  lines += "Sensitivity                   " + Text(a.sensitivity) + "\r\n";
-  lines += "Specificity                   " + Text(a.specificity) + "\r\n";
-  lines += "Positive Predictive Value     " + Text(a.positive_predictive_value) + "\r\n";
-  lines += "Negative Predictive Value     " + Text(a.negative_predictive_value) + "\r\n";
-  lines += "Positive Likelihood Ratio   " + Text(a.positive_likelihood_ratio) + "\r\n";
-  lines += "Negative Likelihood Ratio     " + Text(a.negative_likelihood_ratio) + "\r\n";
-  return lines;
-}
-
-std::string AccuracyReport(const AccuracyMeasures& a) {
+std::string AccuracyReport(const TypedAccuracy& a) {
   const auto count = [](const Number& number) { return FormatCol(number, 6, 0); };
-  const AccuracyCells& c = a.cells;
+  const OutcomeCounts& c = a.cells;
   std::string report = "Diagnostic Accuracy\r\n\r\n";
   report += "                  Known Status\r\n";
   report += "Test Result |     D-   |     D+   |    Total\r\n";
@@ -47,11 +35,11 @@ std::string AccuracyReport(const AccuracyMeasures& a) {
   report += "            +----------+----------+----------\r\n";
   report += "      Total |   " + count(a.without_disease) + " |   " + count(a.with_disease) + " |   " + count(a.n);
   report += "\r\n\r\n\r\n";
-  report += MeasureLines(a);
+  report += AccuracyShortReport(a);
   return report;
 }
 
-std::string AccuracyNarrative(const AccuracyMeasures& a) {
+std::string AccuracyNarrative(const TypedAccuracy& a) {
   // The ratios are compared as they are printed. "unk" cannot be, so it enters the branch.
   const std::string positive = Text(a.positive_likelihood_ratio);
   const std::string negative = Text(a.negative_likelihood_ratio);
@@ -73,17 +61,17 @@ std::string AccuracyNarrative(const AccuracyMeasures& a) {
   return narrative;
 }
 
-// The calculation goes on behind these boxes.
+// The calculation goes on behind these boxes, but it was not given what it asks for.
 MessageBox RatioMessage(std::string_view text) {
-  return {std::string(kEntryError), std::string(text), Buttons::kOk, Tone::kInformation};
+  return {std::string(kEntryError), std::string(text), Buttons::kOk, Tone::kWarning};
 }
 
 std::string TotalText(const Number& total) { return " " + GeneralText(total.value()); }
 
 }  // namespace
 
-AccuracyMeasures ComputeAccuracy(const AccuracyCells& cells) {
-  AccuracyMeasures a;
+TypedAccuracy ComputeTypedAccuracy(const OutcomeCounts& cells) {
+  TypedAccuracy a;
   a.cells = cells;
   const Number t1 = cells.without_disease_negative;
   const Number t2 = cells.with_disease_negative;
@@ -112,6 +100,18 @@ AccuracyMeasures ComputeAccuracy(const AccuracyCells& cells) {
   return a;
 }
 
+std::string AccuracyShortReport(const TypedAccuracy& a) {
+  std::string lines;
+  lines += "Sensitivity                   " + Text(a.sensitivity) + "\r\n";
+  lines += "Specificity                   " + Text(a.specificity) + "\r\n";
+  lines += "Positive Predictive Value     " + Text(a.positive_predictive_value) + "\r\n";
+  lines += "Negative Predictive Value     " + Text(a.negative_predictive_value) + "\r\n";
+  // The label of the positive ratio is two blanks shorter than its neighbours.
+  lines += "Positive Likelihood Ratio   " + Text(a.positive_likelihood_ratio) + "\r\n";
+  lines += "Negative Likelihood Ratio     " + Text(a.negative_likelihood_ratio) + "\r\n";
+  return lines;
+}
+
 AccuracyCalculation CalculateAccuracy(const AccuracyBoxes& boxes) {
   AccuracyCalculation result;
   Calculation& calculation = result.calculation;
@@ -120,11 +120,11 @@ AccuracyCalculation CalculateAccuracy(const AccuracyBoxes& boxes) {
     calculation.messages.push_back({std::string(kEntryError), "Numerical data are required in all table cells."});
     return result;
   }
-  const AccuracyMeasures a =
-      ComputeAccuracy({.without_disease_negative = TypedNumber(boxes.without_disease_negative).value(),
-                       .with_disease_negative = TypedNumber(boxes.with_disease_negative).value(),
-                       .without_disease_positive = TypedNumber(boxes.without_disease_positive).value(),
-                       .with_disease_positive = TypedNumber(boxes.with_disease_positive).value()});
+  const TypedAccuracy a =
+      ComputeTypedAccuracy({.without_disease_negative = TypedNumber(boxes.without_disease_negative).value(),
+                            .with_disease_negative = TypedNumber(boxes.with_disease_negative).value(),
+                            .without_disease_positive = TypedNumber(boxes.without_disease_positive).value(),
+                            .with_disease_positive = TypedNumber(boxes.with_disease_positive).value()});
   if (!a.positive_likelihood_ratio) {
     calculation.messages.push_back(
         RatioMessage("Sensitivity must be greater than 0 and specificity must be less than 1 to compute a positive "
@@ -141,7 +141,7 @@ AccuracyCalculation CalculateAccuracy(const AccuracyBoxes& boxes) {
                    .with_disease = TotalText(a.with_disease),
                    .n = TotalText(a.n)};
   calculation.report = AccuracyReport(a);
-  calculation.short_report = MeasureLines(a);
+  calculation.short_report = AccuracyShortReport(a);
   calculation.narrative = AccuracyNarrative(a);
   return result;
 }

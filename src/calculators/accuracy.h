@@ -12,21 +12,21 @@ namespace tessara {
 
 // The texts in T1 to T4, row by row.
 struct AccuracyBoxes {
-  std::string without_disease_negative;  // T- D-
-  std::string with_disease_negative;     // T- D+
-  std::string without_disease_positive;  // T+ D-
-  std::string with_disease_positive;     // T+ D+
+  std::string without_disease_negative = {};  // T- D-
+  std::string with_disease_negative = {};     // T- D+
+  std::string without_disease_positive = {};  // T+ D-
+  std::string with_disease_positive = {};     // T+ D+
 };
 
-struct AccuracyCells {
+struct OutcomeCounts {
   double without_disease_negative = 0;
   double with_disease_negative = 0;
   double without_disease_positive = 0;
   double with_disease_positive = 0;
 };
 
-struct AccuracyMeasures {
-  AccuracyCells cells;
+struct TypedAccuracy {
+  OutcomeCounts cells;
   Number test_negative;    // row T-
   Number test_positive;    // row T+
   Number without_disease;  // column D-
@@ -56,7 +56,10 @@ struct AccuracyCalculation {
   std::optional<AccuracyTotals> totals;  // absent: the labels stay as they were
 };
 
-AccuracyMeasures ComputeAccuracy(const AccuracyCells& cells);
+TypedAccuracy ComputeTypedAccuracy(const OutcomeCounts& cells);
+
+// The six measures, a line each; the long report ends with the same lines.
+std::string AccuracyShortReport(const TypedAccuracy& accuracy);
 
 // The whole calculation. A box that is not numeric is answered by a message alone; a likelihood ratio that cannot be
 // computed has a message beside the report.

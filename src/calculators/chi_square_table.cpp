@@ -1,5 +1,6 @@
 #include "calculators/chi_square_table.h"
 
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,39 +16,32 @@ namespace {
 constexpr double kShareAllowed = 0.2;  // a share of exactly 20.0% does not warn
 constexpr double kFisherBelow = 100;   // cases
 
-// Everything that the page prints.
-struct Page {
-  const ChiSquareBoxes& boxes;
-  const TypedTable& typed;
-  const ChiSquareStatistics& statistics;
-};
-
 std::string Text(const Number& number, std::string_view mask) { return MaskedNumber(number.value(), mask); }
 
 // The typed table.
 
-std::string TableRow(const Page& page, std::size_t row) {
-  std::string line = PadRight(page.boxes.row_labels[row], 9) + " | ";
-  for (double cell : page.typed.cells[row]) line += FormatCol(cell, 7, 0) + " | ";
-  line += FormatCol(page.typed.row_totals[row], 7, 0) + "\r\n";
+std::string TableRow(std::string_view label, const std::array<double, kTypedColumns>& cells, double total) {
+  std::string line = PadRight(label, 9) + " | ";
+  for (double cell : cells) line += FormatCol(cell, 7, 0) + " | ";
+  line += FormatCol(total, 7, 0) + "\r\n";
   return line;
 }
 
-std::string TablePart(const Page& page) {
+std::string TablePart(const ChiSquareBoxes& boxes, const TypedTable& table) {
   constexpr std::string_view kRule = "          +---------+---------+---------+---------+---------+---------\r\n";
-  const auto& labels = page.boxes.column_labels;
-  std::string table;
-  table += "          |" + PadRight(labels[0], 9) + "|" + PadRight(labels[1], 9) + "|" + PadRight(labels[2], 9) + "|" +
-           PadRight(labels[3], 9) + "|" + PadRight(labels[4], 9) + "|   RTotal\r\n";
-  table += kRule;
+  const auto& labels = boxes.column_labels;
+  std::string part;
+  part += "          |" + PadRight(labels[0], 9) + "|" + PadRight(labels[1], 9) + "|" + PadRight(labels[2], 9) + "|" +
+          PadRight(labels[3], 9) + "|" + PadRight(labels[4], 9) + "|   RTotal\r\n";
+  part += kRule;
   for (std::size_t row = 0; row < kTypedRows; ++row) {
-    table += TableRow(page, row);
-    table += kRule;
+    part += TableRow(boxes.row_labels[row], table.cells[row], table.row_totals[row]);
+    part += kRule;
   }
-  table += "   CTotal | ";
-  for (double total : page.typed.column_totals) table += FormatCol(total, 7, 0) + " | ";
-  table += FormatCol(page.typed.n, 7, 0) + "\r\n\r\n\r\n";
-  return table;
+  part += "   CTotal | ";
+  for (double total : table.column_totals) part += FormatCol(total, 7, 0) + " | ";
+  part += FormatCol(table.n, 7, 0) + "\r\n\r\n\r\n";
+  return part;
 }
 
 // The tests.
@@ -160,26 +154,15 @@ std::string LowCellsSentence(const ChiSquareStatistics& statistics) {
 
 // The three texts.
 
-std::string ChiSquareReport(const Page& page) {
-  const CountedTable& counted = page.statistics.counted;
-  const TableStatistics& table = page.statistics.table;
+std::string ChiSquareReport(const ChiSquareBoxes& boxes, const TypedTable& table,
+                            const ChiSquareStatistics& statistics) {
   std::string report = "Chi-Square Test of Independence\r\n\r\n";
-  report += TablePart(page);
-  report += TestsPart(page.statistics);
-  if (table.df == 1) report += RiskPart(table);
-  report += AssociationPart(table);
-  if (counted.rows == counted.columns) report += AgreementPart(table);
-  report += "\r\n" + Note(page.statistics) + "\r\n\r\n";
-  return report;
-}
-
-std::string ChiSquareShortReport(const Page& page) {
-  std::string report = "Chi-Square Test of Independence       n = " + GeneralText(page.typed.n) + "\r\n";
-  report += DashedRule(47) + "\r\n";
-  report += TablePart(page);
-  report += ShortTestsPart(page.statistics);
-  report += "\r\n\r\n\r\n";
-  report += "   ** See Output tab for more statistics **";
+  report += TablePart(boxes, table);
+  report += TestsPart(statistics);
+  if (statistics.table.df == 1) report += RiskPart(statistics.table);
+  report += AssociationPart(statistics.table);
+  if (statistics.counted.rows == statistics.counted.columns) report += AgreementPart(statistics.table);
+  report += "\r\n" + Note(statistics) + "\r\n\r\n";
   return report;
 }
 
@@ -248,6 +231,17 @@ std::optional<ChiSquareStatistics> ComputeChiSquareTable(const TypedTable& table
   return statistics;
 }
 
+std::string ChiSquareShortReport(const ChiSquareBoxes& boxes, const TypedTable& table,
+                                 const ChiSquareStatistics& statistics) {
+  std::string report = "Chi-Square Test of Independence       n = " + GeneralText(table.n) + "\r\n";
+  report += DashedRule(47) + "\r\n";
+  report += TablePart(boxes, table);
+  report += ShortTestsPart(statistics);
+  report += "\r\n\r\n\r\n";
+  report += "   ** See Output tab for more statistics **";
+  return report;
+}
+
 ChiSquareCalculation CalculateChiSquareTable(const ChiSquareBoxes& boxes) {
   ChiSquareCalculation result;
   const TypedTable typed = ReadTypedTable(boxes);
@@ -256,9 +250,8 @@ ChiSquareCalculation CalculateChiSquareTable(const ChiSquareBoxes& boxes) {
     result.calculation.results_title = "Error: No cases in table";
     return result;
   }
-  const Page page = {.boxes = boxes, .typed = typed, .statistics = *statistics};
-  result.calculation.report = ChiSquareReport(page);
-  result.calculation.short_report = ChiSquareShortReport(page);
+  result.calculation.report = ChiSquareReport(boxes, typed, *statistics);
+  result.calculation.short_report = ChiSquareShortReport(boxes, typed, *statistics);
   result.calculation.narrative = ChiSquareNarrative(*statistics);
   result.note = Note(*statistics);
   result.frame_title = statistics->low_share > kShareAllowed ? "Warning! Chi-square assumption violated."

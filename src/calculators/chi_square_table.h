@@ -54,6 +54,10 @@ TypedTable ReadTypedTable(const ChiSquareBoxes& boxes);
 // Nothing when no row or no column has a total above 0.
 std::optional<ChiSquareStatistics> ComputeChiSquareTable(const TypedTable& table);
 
+// The boxes give the labels.
+std::string ChiSquareShortReport(const ChiSquareBoxes& boxes, const TypedTable& table,
+                                 const ChiSquareStatistics& statistics);
+
 // The whole calculation, from the typed texts to everything that is shown.
 ChiSquareCalculation CalculateChiSquareTable(const ChiSquareBoxes& boxes);
 

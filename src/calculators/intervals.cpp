@@ -104,11 +104,6 @@ std::string MeanReport(const MeanInterval& m) {
   return report;
 }
 
-std::string MeanShortReport(const MeanInterval& m) {
-  return " n = " + Text(m.n) + "   Mean = " + Text(m.mean) + "   StdDev = " + Text(m.deviation) + "\r\n\r\n" +
-         MarginBlocks(m.margins);
-}
-
 std::string MeanNarrative(const MeanInterval& m) {
   const Margin& margin = m.margins.of_95;
   std::string narrative = "Interpretation of the 95% confidence interval:\r\n\r\n";
@@ -134,11 +129,6 @@ std::string ProportionReport(const ProportionInterval& p) {
   report += MarginRows(p.margins);
   report += "\r\n";
   return report;
-}
-
-std::string ProportionShortReport(const ProportionInterval& p) {
-  return " n = " + Text(p.n) + "   Proportion = " + Text(p.proportion) + "   SEp = " + Text(p.standard_error, "0.000") +
-         "\r\n\r\n" + MarginBlocks(p.margins);
 }
 
 std::string ProportionNarrative(const ProportionInterval& p) {
@@ -170,6 +160,11 @@ MeanInterval ComputeMeanInterval(double n, double mean, double deviation) {
   return m;
 }
 
+std::string MeanIntervalShortReport(const MeanInterval& m) {
+  return " n = " + Text(m.n) + "   Mean = " + Text(m.mean) + "   StdDev = " + Text(m.deviation) + "\r\n\r\n" +
+         MarginBlocks(m.margins);
+}
+
 Calculation CalculateMeanInterval(const MeanIntervalBoxes& boxes) {
   if (!IsNumeric(boxes.n) || !IsNumeric(boxes.mean) || !IsNumeric(boxes.deviation)) {
     return Refused(kEntryError, "Only numerical data can be entered.");
@@ -181,7 +176,7 @@ Calculation CalculateMeanInterval(const MeanIntervalBoxes& boxes) {
       ComputeMeanInterval(n.value(), TypedNumber(boxes.mean).value(), TypedNumber(boxes.deviation).value());
   Calculation calculation;
   calculation.report = MeanReport(m);
-  calculation.short_report = MeanShortReport(m);
+  calculation.short_report = MeanIntervalShortReport(m);
   calculation.narrative = MeanNarrative(m);
   return calculation;
 }
@@ -198,6 +193,11 @@ ProportionInterval ComputeProportionInterval(double n, double proportion) {
   return p;
 }
 
+std::string ProportionIntervalShortReport(const ProportionInterval& p) {
+  return " n = " + Text(p.n) + "   Proportion = " + Text(p.proportion) + "   SEp = " + Text(p.standard_error, "0.000") +
+         "\r\n\r\n" + MarginBlocks(p.margins);
+}
+
 Calculation CalculateProportionInterval(const ProportionIntervalBoxes& boxes) {
   if (!IsNumeric(boxes.n) || !IsNumeric(boxes.proportion)) {
     return Refused(kEntryError, "Only numerical data can be entered.");
@@ -208,7 +208,7 @@ Calculation CalculateProportionInterval(const ProportionIntervalBoxes& boxes) {
   const ProportionInterval p = ComputeProportionInterval(TypedNumber(boxes.n).value(), proportion.value());
   Calculation calculation;
   calculation.report = ProportionReport(p);
-  calculation.short_report = ProportionShortReport(p);
+  calculation.short_report = ProportionIntervalShortReport(p);
   calculation.narrative = ProportionNarrative(p);
   return calculation;
 }

@@ -35,9 +35,9 @@ CriticalValues CriticalTOf(double df);
 
 // The texts in T1, T2 and T3.
 struct MeanIntervalBoxes {
-  std::string n;
-  std::string mean;
-  std::string deviation;
+  std::string n = {};
+  std::string mean = {};
+  std::string deviation = {};
 };
 
 struct MeanInterval {
@@ -49,14 +49,15 @@ struct MeanInterval {
 };
 
 MeanInterval ComputeMeanInterval(double n, double mean, double deviation);
+std::string MeanIntervalShortReport(const MeanInterval& interval);
 
 // The whole calculation. A box that is not numeric and an n of 1 are answered by a message alone.
 Calculation CalculateMeanInterval(const MeanIntervalBoxes& boxes);
 
 // The texts in T1 and T2.
 struct ProportionIntervalBoxes {
-  std::string n;
-  std::string proportion;
+  std::string n = {};
+  std::string proportion = {};
 };
 
 struct ProportionInterval {
@@ -68,6 +69,7 @@ struct ProportionInterval {
 
 // With the z of 1.65, 1.96 and 2.58, whatever n is.
 ProportionInterval ComputeProportionInterval(double n, double proportion);
+std::string ProportionIntervalShortReport(const ProportionInterval& interval);
 
 // The whole calculation. A box that is not numeric and a proportion above 1 are answered by a message alone.
 Calculation CalculateProportionInterval(const ProportionIntervalBoxes& boxes);

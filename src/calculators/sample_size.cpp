@@ -47,15 +47,6 @@ std::string SampleSizeReport(const SampleSizePlan& plan, const SampleSizes& size
   return report;
 }
 
-std::string SampleSizeShortReport(const SampleSizes& sizes) {
-  std::string report = "Sample Size Estimator\r\n\r\n";
-  report += "Proportions (two sample z-test)\r\n";
-  report += "Estimated Total Sample Size   = " + SizeText(sizes.for_proportions) + "\r\n\r\n";
-  report += "Means (two sample t-test)\r\n";
-  report += "Estimated Total Sample Size   = " + SizeText(sizes.for_means);
-  return report;
-}
-
 std::string SampleSizeNarrative(const SampleSizePlan& plan, const SampleSizes& sizes) {
   constexpr std::string_view kMinimum = ", the minimum combined sample size from the two populations is ";
   std::string narrative;
@@ -93,6 +84,15 @@ SampleSizes ComputeSampleSizes(const SampleSizePlan& plan) {
     sizes.for_means = Number(4 * (s * s) * ((z_alpha + z_power) * (z_alpha + z_power)) / (d * d));
   }
   return sizes;
+}
+
+std::string SampleSizeShortReport(const SampleSizes& sizes) {
+  std::string report = "Sample Size Estimator\r\n\r\n";
+  report += "Proportions (two sample z-test)\r\n";
+  report += "Estimated Total Sample Size   = " + SizeText(sizes.for_proportions) + "\r\n\r\n";
+  report += "Means (two sample t-test)\r\n";
+  report += "Estimated Total Sample Size   = " + SizeText(sizes.for_means);
+  return report;
 }
 
 Calculation CalculateSampleSize(const SampleSizeBoxes& boxes) {

@@ -27,10 +27,10 @@ inline constexpr std::size_t kFirstPower = 0;
 
 // The texts in T1 to T4, and the z of the two selectors.
 struct SampleSizeBoxes {
-  std::string proportion1;
-  std::string proportion2;
-  std::string difference;
-  std::string deviation;
+  std::string proportion1 = {};
+  std::string proportion2 = {};
+  std::string difference = {};
+  std::string deviation = {};
   double alpha_z = kAlphaChoices[kFirstAlpha].z;
   double power_z = kPowerChoices[kFirstPower].z;
 };
@@ -51,6 +51,8 @@ struct SampleSizes {
 };
 
 SampleSizes ComputeSampleSizes(const SampleSizePlan& plan);
+
+std::string SampleSizeShortReport(const SampleSizes& sizes);
 
 // The whole calculation. An empty box and a text that is not numeric count 0. The narrative is empty when neither part
 // is filled.

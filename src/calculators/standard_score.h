@@ -13,9 +13,9 @@ namespace tessara {
 
 // The texts in T1, T2 and T3.
 struct StandardScoreBoxes {
-  std::string score;
-  std::string mean;
-  std::string deviation;
+  std::string score = {};
+  std::string mean = {};
+  std::string deviation = {};
 };
 
 struct StandardScore {
