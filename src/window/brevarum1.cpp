@@ -115,10 +115,41 @@ QWidget* Brevarum1::BuildButtons() {
     samples->addWidget(button);
   }
   samples->addStretch();
+  samples->addLayout(BuildTabs(bar));
   layout->addLayout(samples);
   connect(samples_, &QButtonGroup::idClicked, this,
           [this](int id) { ChangePanel([id](BrevarumPanel& changed) { SelectSamples(changed, id == 1); }); });
   return bar;
+}
+
+// Which of the two panes stands beside the input, if any.
+QLayout* Brevarum1::BuildTabs(QWidget* bar) {
+  auto* tabs = new QHBoxLayout;
+  tabs->setSpacing(0);
+  tabs_ = new QButtonGroup(this);
+  struct TabRow {
+    Tab tab;
+    const char* icon;
+    const char* caption;
+    std::string_view tooltip;
+  };
+  for (const TabRow& row : {TabRow{kInstructions, "view-list-text", "Results", kViewInstructions},
+                            TabRow{kHelp, "help-contents", "Help", kViewHelpWindow},
+                            TabRow{kModule, "view-form", "Input only", kViewModule}}) {
+    auto* button = new SegmentButton(bar);
+    button->setObjectName(QString("Viewbar1(%1)").arg(row.tab));
+    button->setIcon(ThemeIcon(row.icon));
+    button->setText(row.caption);
+    button->setToolTip(ToQt(row.tooltip));
+    button->setAccessibleName(ToQt(row.tooltip));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setCheckable(true);
+    tabs_->addButton(button, row.tab);
+    tabs->addWidget(button);
+  }
+  connect(tabs_, &QButtonGroup::idClicked, this, &Brevarum1::ShowTab);
+  return tabs;
 }
 
 QWidget* Brevarum1::BuildInput() {
@@ -185,34 +216,6 @@ QWidget* Brevarum1::BuildResults() {
   auto* layout = new QVBoxLayout(side);
   layout->setContentsMargins(0, 0, 0, 0);
 
-  auto* tabs = new QHBoxLayout;
-  tabs->setSpacing(0);
-  tabs_ = new QButtonGroup(this);
-  struct TabRow {
-    Tab tab;
-    const char* icon;
-    const char* caption;
-    std::string_view tooltip;
-  };
-  for (const TabRow& row : {TabRow{kInstructions, "view-list-text", "Results", kViewInstructions},
-                            TabRow{kHelp, "help-contents", "Help", kViewHelpWindow},
-                            TabRow{kModule, "view-form", "Input only", kViewModule}}) {
-    auto* button = new SegmentButton(side);
-    button->setObjectName(QString("Viewbar1(%1)").arg(row.tab));
-    button->setIcon(ThemeIcon(row.icon));
-    button->setText(row.caption);
-    button->setToolTip(ToQt(row.tooltip));
-    button->setAccessibleName(ToQt(row.tooltip));
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setCheckable(true);
-    tabs_->addButton(button, row.tab);
-    tabs->addWidget(button);
-  }
-  tabs->addStretch();
-  layout->addLayout(tabs);
-  connect(tabs_, &QButtonGroup::idClicked, this, &Brevarum1::ShowTab);
-
   pane_ = new QStackedWidget(side);
   auto* words = new QWidget(pane_);
   auto* inside = new QVBoxLayout(words);
@@ -243,7 +246,6 @@ QWidget* Brevarum1::BuildResults() {
   browser_->setObjectName("WebBrowser1");
   pane_->addWidget(browser_);
   layout->addWidget(pane_, 1);
-  right_ = side;
   return side;
 }
 
@@ -258,6 +260,7 @@ QWidget* Brevarum1::MakeBox(const BrevarumBox& box, QWidget* parent) {
   } else {
     auto* edit = new QLineEdit(parent);
     edit->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox);
+    edit->setMaximumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox * 2);
     if (box.kind == BrevarumBoxKind::kNumber) edit->setAlignment(Qt::AlignRight);
     if (box.kind == BrevarumBoxKind::kLabel) edit->setPlaceholderText(tr("Label"));
     edit->installEventFilter(this);
@@ -304,7 +307,8 @@ QWidget* Brevarum1::BuildOwnFrame(const BrevarumPanelRow& row) {
       grid->addWidget(made, static_cast<int>(r), static_cast<int>(c) + 1);
     }
   }
-  for (std::size_t c = 1; c <= columns; ++c) grid->setColumnStretch(static_cast<int>(c), 1);
+  for (std::size_t c = 1; c <= columns; ++c) grid->setColumnStretch(static_cast<int>(c), 2);
+  grid->setColumnStretch(static_cast<int>(columns) + 1, 1);
   grid->setRowStretch(static_cast<int>(rows), 1);
   return page;
 }
@@ -497,7 +501,7 @@ void Brevarum1::ShowRightPane() {
   const bool help = panel().HelpTab;
   const bool words = panel().InstructionsTab;
   tabs_->button(help ? kHelp : words ? kInstructions : kModule)->setChecked(true);
-  pane_->setVisible(help || words);
+  pane_->parentWidget()->setVisible(help || words);
   pane_->setCurrentIndex(help ? 1 : 0);
   if (help) browser_->ShowPage(ToQt(CurrentRow(panel()).help_page));
 }

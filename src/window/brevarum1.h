@@ -49,6 +49,7 @@ class Brevarum1 : public ViewForm {
 
  private:
   QWidget* BuildButtons();
+  QLayout* BuildTabs(QWidget* bar);
   QWidget* BuildInput();
   QWidget* BuildResults();
   QWidget* BuildOwnFrame(const BrevarumPanelRow& row);
@@ -77,7 +78,6 @@ class Brevarum1 : public ViewForm {
   QButtonGroup* samples_ = nullptr;        // Option2
   QButtonGroup* tabs_ = nullptr;           // Viewbar1
   QSplitter* columns_ = nullptr;
-  QWidget* right_ = nullptr;
   QGroupBox* frame_ = nullptr;
   QStackedWidget* frames_ = nullptr;
   QWidget* shared_ = nullptr;  // F1
