@@ -337,6 +337,10 @@ void Brevarum1::LayOutShared(const BrevarumPanelRow& row) {
   headings_.clear();
   delete shared_->layout();
   for (QWidget* child : shared_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) child->hide();
+  for (QLabel* label : labels_) {
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    label->setMinimumSize(0, 0);
+  }
   auto* grid = new QGridLayout(shared_);
   grid->setContentsMargins(0, 0, 0, 0);
   if (row.panel == kAccuracyPanel) {
