@@ -89,7 +89,7 @@ struct BrevarumPanel {
   std::string T5;                 // the compact result
   double marker = kMarkerMiddle;  // where it stands on the normal curve of the standard score
 
-  bool InstructionsTab = false;  // the state of the two tabs
+  bool InstructionsTab = true;  // the state of the two tabs
   bool HelpTab = false;
 
   // What each panel remembers. The shared frame's boxes T1 to T4, its label L5 and both choices have a row a panel.

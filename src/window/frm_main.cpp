@@ -17,6 +17,7 @@
 
 #include "platform/files.h"
 #include "window/about_box.h"
+#include "window/brevarum1.h"
 #include "window/command_bars.h"
 #include "window/data1.h"
 #include "window/frm_splash2.h"
@@ -47,12 +48,6 @@ PageText ChartsPage() {
           QObject::tr("Histograms, bar charts and scatter plots of the last procedure have their place here, ready to "
                       "be copied or printed.\n\nDescriptives already draws its bar chart inside the report, in the "
                       "Output view.")};
-}
-
-PageText BrevarumPage() {
-  return {"accessories-calculator", QObject::tr("Brevarum"),
-          QObject::tr("Tests and intervals from summary figures have their place here: type means, proportions or a "
-                      "table of counts, without a data file.")};
 }
 
 PageText GlossaryPage() {
@@ -159,8 +154,7 @@ void FrmMain::BuildWorkspace() {
   AddView(new StatProc1(session_), "StatProc1", tr("Stat Procs"), "view-statistics");
   AddView(output_, "Output1", tr("Output"), "text-x-generic");
   AddView(new PageView(session_, View::ViewCharts, ChartsPage()), "Charts1", tr("Charts"), "office-chart-bar");
-  AddView(new PageView(session_, View::ViewBrevarum, BrevarumPage()), "Brevarum1", tr("Brevarum"),
-          "accessories-calculator");
+  AddView(new Brevarum1(platform_, session_), "Brevarum1", tr("Brevarum"), "accessories-calculator");
   AddView(new PageView(session_, View::ViewGlossary, GlossaryPage()), "Glossary1", tr("Glossary"), "view-list-text");
   AddView(new PageView(session_, View::ViewHandbook, HandbookPage()), "Handbook1", tr("Handbook"), "documentation");
   if (session_.settings.Op16 == 0) {

@@ -1,0 +1,212 @@
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QTextBrowser>
+#include <QToolButton>
+
+#include "window_fixture.h"
+
+namespace tessara {
+
+// The view of the calculators: buttons, boxes and keys reach the panel, and its texts reach the view.
+class BrevarumTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<WindowFixture> window_;
+  WindowFixture& window() { return *window_; }
+  QLineEdit* Box(const char* name) { return window().Find<QLineEdit>(name); }
+  QString Text(const char* name) { return window().Find<QPlainTextEdit>(name)->toPlainText(); }
+  void Press(const char* name) {
+    QTest::mouseClick(window().Find<QAbstractButton>(name), Qt::LeftButton);
+    QCoreApplication::processEvents();
+  }
+  BrevarumPanel& Panel() { return window().session().brevarum; }
+
+ private slots:
+  void init() {
+    window_ = std::make_unique<WindowFixture>();
+    window().Start();
+    window().ShowView(View::ViewBrevarum);
+  }
+  void cleanup() { window_.reset(); }
+
+  void StartsWithTwoSampleMeansAndTheInstructions() {
+    QCOMPARE(window().Find<QGroupBox>("InputFrame")->title(), "Two Sample Means");
+    QVERIFY(window().Find<QAbstractButton>("Option1(0)")->isChecked());
+    QVERIFY(window().Find<QRadioButton>("Option2(0)")->isChecked());
+    QVERIFY(Box("tx1")->hasFocus());
+    QCOMPARE(Box("Text11")->text(), "Sample(1)");
+    QCOMPARE(window().Find<QLabel>("Label43")->text(), "Instructions");
+    QVERIFY(Text("Text25").startsWith("Two-sample t-test:"));
+    QVERIFY(Text("T5").contains("F= 0.00    DF= (0, 0)     p < 0.000"));
+    QVERIFY(!window().Find<QPushButton>("Label44")->isEnabled());
+  }
+
+  void EnterGoesThroughTheBoxesAndF5Calculates() {
+    const std::vector<std::pair<const char*, const char*>> typed = {{"tx1", "24.5"}, {"tx2", "22.1"}, {"ts1", "4.2"},
+                                                                    {"ts2", "3.9"},  {"tn1", "30"},   {"tn2", "28"}};
+    for (const auto& [box, text] : typed) {
+      QVERIFY2(Box(box)->hasFocus(), box);
+      QTest::keyClicks(Box(box), text);
+      QTest::keyClick(Box(box), Qt::Key_Return);
+    }
+    QVERIFY(Box("Text11")->hasFocus());  // behind the last box the first
+    window().Trigger(308);
+    QVERIFY(window().script().messages.empty());
+    // t by hand: 2.4 / (sqrt((29 * 17.64 + 27 * 15.21) / 56) * sqrt(58 / 840)) = 2.2507
+    QVERIFY(Text("T5").contains("2.2507"));
+    QCOMPARE(window().Find<QLabel>("Label43")->text(), "Results");
+    QVERIFY(Text("Text25").startsWith("Two-Sample T-Test"));
+    QVERIFY(window().session().output.OutputLogText.find("Two-Sample Difference of Means") != std::string::npos);
+  }
+
+  void ALetterIsAnsweredAtOnceAndALoneMinusIsNot() {
+    QTest::keyClicks(Box("tx1"), "-");
+    QVERIFY(window().script().messages.empty());
+    QTest::keyClicks(Box("tx1"), "x");
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+    QCOMPARE(window().script().messages[0].title, std::string("Error!"));
+    QCOMPARE(window().script().messages[0].text, std::string("Non-numerical entry."));
+    QCOMPARE(Box("tx1")->text(), "-x");  // left in place
+  }
+
+  void KeysThatOnlyMoveAskNothing() {
+    QTest::keyClick(Box("tx1"), Qt::Key_Tab);
+    QTest::keyClick(Box("tx1"), Qt::Key_Left);
+    QTest::keyClick(Box("tx1"), Qt::Key_Shift);
+    QVERIFY(window().script().messages.empty());
+  }
+
+  void TabGoesAsTheEyeReads() {
+    Box("Text11")->setFocus();
+    for (const char* next : {"Text12", "tx1", "tx2", "ts1", "ts2", "tn1", "tn2", "CalculateButton"}) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      QCOMPARE(QApplication::focusWidget()->objectName(), next);
+    }
+  }
+
+  void EveryPanelRemembersItsBoxesAndResult() {
+    Press("Option1(4)");
+    QCOMPARE(window().Find<QGroupBox>("InputFrame")->title(), "Margin of Error for Means");
+    QTest::keyClicks(Box("T1"), "25");
+    QTest::keyClicks(Box("T2"), "100");
+    QTest::keyClicks(Box("T3"), "10");
+    window().Trigger(308);
+    const QString result = Text("T5");
+    // 2.064 * 10 / sqrt(25) = 4.128, by the printed table of t
+    QVERIFY(result.contains("4.1280"));
+    Press("Option1(6)");
+    QCOMPARE(Box("T1")->text(), "");
+    QTest::keyClicks(Box("T1"), "7");
+    Press("Option1(4)");
+    QCOMPARE(Box("T1")->text(), "25");
+    QCOMPARE(Text("T5"), result);
+    QCOMPARE(window().Find<QLabel>("Label43")->text(), "Instructions");
+    Press("Option1(6)");
+    QCOMPARE(Box("T1")->text(), "7");
+  }
+
+  void SamplesMatterToTwoKindsOnly() {
+    Press("Option1(3)");
+    QVERIFY(!window().Find<QRadioButton>("Option2(1)")->isEnabled());
+    Press("Option1(2)");
+    Press("Option2(1)");
+    QCOMPARE(Panel().CurrentPanel, std::int16_t{10});
+    QCOMPARE(window().Find<QGroupBox>("InputFrame")->title(), "One Sample Proportion");
+    QVERIFY(Box("PU1")->isVisible());
+    QVERIFY(!Box("zp1")->isVisible());
+  }
+
+  void EveryPanelShowsItsBoxesAndNoOther() {
+    for (int option = 0; option < 9; ++option) {
+      Press(QString("Option1(%1)").arg(option).toLatin1());
+      const auto& boxes = CurrentRow(Panel()).boxes;
+      for (QLineEdit* edit : window().Find<QGroupBox>("InputFrame")->findChildren<QLineEdit*>()) {
+        const bool wanted =
+            std::ranges::find(boxes, edit->objectName().toStdString(), &BrevarumBox::name) != boxes.end();
+        QVERIFY2(edit->isVisible() == wanted, qPrintable(edit->objectName()));
+      }
+    }
+  }
+
+  void TheChoicesOfPowerReachThePanel() {
+    Press("Option1(8)");
+    QCOMPARE(window().Find<QComboBox>("Alpha")->currentText(), ".05");
+    window().Find<QComboBox>("Alpha")->setCurrentText(".10");
+    window().Find<QComboBox>("Beta")->setCurrentText(".95");
+    QTest::keyClicks(Box("T3"), "2");
+    QTest::keyClicks(Box("T4"), "4");
+    window().Trigger(308);
+    // 4 * 16 * (1.645 + 1.645)^2 / 4 = 173.1856
+    QVERIFY(Text("T5").contains("= 173"));
+    Press("Option1(0)");
+    Press("Option1(8)");
+    QCOMPARE(window().Find<QComboBox>("Beta")->currentText(), ".95");
+  }
+
+  void CopyAndClear() {
+    Press("Option1(4)");
+    QVERIFY(!window().Command(212)->isEnabled());
+    QTest::keyClicks(Box("T1"), "25");
+    QTest::keyClicks(Box("T2"), "100");
+    QTest::keyClicks(Box("T3"), "10");
+    window().Trigger(308);
+    QVERIFY(window().Command(212)->isEnabled());
+    Press("Label44");
+    QVERIFY(QApplication::clipboard()->text().contains("Margin of Error for Means"));
+    QVERIFY(!window().script().sounds.empty());
+    Press("ClearButton");
+    QCOMPARE(Box("T1")->text(), "");
+    QVERIFY(!window().Command(212)->isEnabled());
+    QCOMPARE(window().Find<QLabel>("Label43")->text(), "Instructions");
+  }
+
+  void PrintAsksAndPrintsTheResult() {
+    QVERIFY(!window().Command(106)->isEnabled());
+    Press("Option1(4)");
+    QTest::keyClicks(Box("T1"), "25");
+    QTest::keyClicks(Box("T2"), "100");
+    QTest::keyClicks(Box("T3"), "10");
+    window().Trigger(308);
+    window().script().print_answers.push_back(PrintChoice{});
+    window().Trigger(106);
+    QCOMPARE(window().script().printed.size(), std::size_t{1});
+    QVERIFY(window().script().printed[0][0].find("Tessara Output") != std::string::npos);
+  }
+
+  void TheTabsOfTheResults() {
+    window().WriteFile(window().program_folder() / "Help/UserManual3.html", "<a name=\"sumt\"></a><p>About means</p>");
+    Press("Viewbar1(1)");
+    auto* browser = window().Find<QTextBrowser>("WebBrowser1");
+    QVERIFY(browser->isVisible());
+    QVERIFY(browser->toPlainText().contains("About means"));
+    QCOMPARE(browser->source().fragment(), "sumt");
+    Press("Option1(3)");
+    QCOMPARE(browser->source().fragment(), "sumchi");  // the choice survives a change of panel
+    Press("Viewbar1(2)");
+    QVERIFY(!browser->isVisible());
+    QVERIFY(!window().Find<QPlainTextEdit>("Text25")->isVisible());
+    Press("Viewbar1(0)");
+    QVERIFY(window().Find<QPlainTextEdit>("Text25")->isVisible());
+  }
+
+  void TheFourfoldTableShowsItsTotals() {
+    Press("Option1(7)");
+    for (const auto& [box, text] :
+         {std::pair{"T1", "90"}, std::pair{"T2", "10"}, std::pair{"T3", "20"}, std::pair{"T4", "80"}}) {
+      QTest::keyClicks(Box(box), text);
+    }
+    window().Trigger(308);
+    QCOMPARE(window().Find<QLabel>("L6")->text(), "100");
+    QCOMPARE(window().Find<QLabel>("L10")->text(), "200");
+    QVERIFY(Text("T5").contains("0.889"));  // 80 of 90 diseased
+  }
+};
+
+}  // namespace tessara
+
+QTEST_MAIN(tessara::BrevarumTest)
+#include "brevarum_test.moc"
