@@ -2,6 +2,7 @@
 
 #include "procedures/descriptives.h"
 #include "procedures/frequencies.h"
+#include "procedures/regression.h"
 
 namespace tessara {
 namespace {
@@ -12,7 +13,11 @@ constexpr const char* kComesNext =
     "This procedure comes next: it is on its way and will be part of a coming release of Tessara.";
 
 // How the loop over the analysis variables goes on.
-enum class Step { kNextVariable, kEndRun };
+enum class Step {
+  kNextVariable,
+  kLeaveLoop,  // the procedure has taken all variables at once
+  kEndRun,     // a message box has refused the run
+};
 
 Step Refuse(Platform& platform, const char* title, const char* text) {
   platform.ShowMessage({title, text});
@@ -49,6 +54,13 @@ Step Correlate(ProcedureRun& run) {
   return ComesNext(run.platform);
 }
 
+// One model of the first analysis variable on all independent variables.
+Step Regress(ProcedureRun& run) {
+  if (run.panel.IndependentVariables.empty()) return Compare(run, nullptr);
+  RunRegression(run);
+  return Step::kLeaveLoop;
+}
+
 // The selected procedure for the variable in the main role.
 Step RunForVariable(ProcedureRun& run) {
   switch (run.panel.selected) {
@@ -67,7 +79,7 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kAnova:
       return Compare(run, nullptr);
     case Procedure::kRegression:
-      return Compare(run, nullptr);
+      return Regress(run);
     case Procedure::kDiagnostic:
       return Compare(run, nullptr);
     case Procedure::kListVariables:
@@ -86,7 +98,8 @@ Step RunForVariable(ProcedureRun& run) {
 Step RunForAllVariables(ProcedureRun& run) {
   for (const std::size_t column : run.panel.SelectedVariables) {
     run.data.RoleVariable[kMainRole] = column;
-    if (RunForVariable(run) == Step::kEndRun) return Step::kEndRun;
+    const Step step = RunForVariable(run);
+    if (step != Step::kNextVariable) return step;
   }
   return Step::kNextVariable;
 }
@@ -121,7 +134,8 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
   // Frequencies and Descriptives are done; what they share with the independent variables is still to come.
-  if (!outcome.refused && !panel.IndependentVariables.empty()) ComesNext(platform);
+  const bool describes = panel.selected == Procedure::kFrequencies || panel.selected == Procedure::kDescriptives;
+  if (!outcome.refused && describes && !panel.IndependentVariables.empty()) ComesNext(platform);
   outcome.aborted = run.aborted;
   outcome.show_output = !outcome.refused && !outcome.aborted;
   return outcome;
