@@ -29,6 +29,7 @@ struct BenchData {
 
 // Columns of the benchmark data.
 inline constexpr std::size_t kCodedColumn = 2;  // Q1
+inline constexpr std::size_t kOutcomeColumn = 9;
 inline constexpr std::size_t kSexColumn = 10;
 inline constexpr std::size_t kAgeColumn = 11;
 inline constexpr std::size_t kNumberColumn = 12;  // X1

@@ -54,5 +54,32 @@ void ZScores(benchmark::State& state) {
 }
 BENCHMARK(ZScores)->Unit(benchmark::kMillisecond)->Iterations(5);
 
+// Five independent variables: X1 on X2 to X5 and AGE by least squares, OUTCOME on X1 to X3, AGE and SEX.
+void LeastSquares(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.IndependentVariables = {13, 14, 15, 16, kAgeColumn};
+  bench.Run(Procedure::kRegression, kNumberColumn);
+  for (auto _ : state) bench.Run(Procedure::kRegression, kNumberColumn);
+}
+BENCHMARK(LeastSquares)->Unit(benchmark::kMillisecond);
+
+void LeastSquaresWithSummary(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.checks.Check2 = true;
+  bench.panel.IndependentVariables = {13, 14, 15, 16, kAgeColumn};
+  bench.Run(Procedure::kRegression, kNumberColumn);
+  for (auto _ : state) bench.Run(Procedure::kRegression, kNumberColumn);
+}
+BENCHMARK(LeastSquaresWithSummary)->Unit(benchmark::kMillisecond);
+
+void Logistic(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.regression = RegressionKind::kLogistic;
+  bench.panel.IndependentVariables = {kNumberColumn, 13, 14, kAgeColumn, kSexColumn};
+  bench.Run(Procedure::kRegression, kOutcomeColumn);
+  for (auto _ : state) bench.Run(Procedure::kRegression, kOutcomeColumn);
+}
+BENCHMARK(Logistic)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace tessara

@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "data/data_file.h"
+#include "procedures/regression.h"
+#include "procedures/tests/test_data.h"
 
 namespace tessara {
 namespace {
@@ -100,6 +105,33 @@ TEST(Examples, FiguresAreThoseOfTheSampleFiles) {
       contains(Procedure::kCrosstabulation, kLeast, "Pearson                     456.874          1      0.0000"));
   EXPECT_TRUE(contains(Procedure::kRegression, kLeast, "         WT        -3.87783        0.63273"));
   EXPECT_TRUE(contains(Procedure::kRegression, RegressionKind::kLogistic, "        SEX          2.2940      0.1199"));
+}
+
+// A regression on a sample file, with bare line feeds and without those at the end.
+std::string LiveRegression(RegressionKind kind, const char* file, const std::vector<std::string>& names, bool summary) {
+  TestRun run({});
+  run.data.WaitingPath = std::filesystem::path(TESSARA_SOURCE_DIR) / "installed" / "Data" / file;
+  EXPECT_EQ(LoadDataFile(run.data, run.platform), LoadOutcome::kLoaded);
+  const auto column = [&](const std::string& name) {
+    const auto& list = run.data.VarList;
+    return std::ranges::find(list, name, &ListedVariable::name)->column;
+  };
+  run.data.RoleVariable[kMainRole] = column(names[0]);
+  for (std::size_t i = 1; i < names.size(); ++i) run.panel.IndependentVariables.push_back(column(names[i]));
+  run.panel.regression = kind;
+  run.panel.checks.Check2 = summary;
+  std::string text = run.Report(RunRegression);
+  std::erase(text, '\r');
+  while (text.ends_with('\n')) text.pop_back();
+  return text;
+}
+
+TEST(Examples, RegressionsAreWhatTheProceduresPrint) {
+  const std::string squares = LiveRegression(kLeast, "cars.dcs", {"MPG", "WT", "HP"}, true);
+  EXPECT_EQ(ExampleOfOutput(Procedure::kRegression, kLeast).substr(0, squares.size()), squares);
+  const std::string logistic =
+      LiveRegression(RegressionKind::kLogistic, "titanic.dcs", {"SURVIVED", "SEX", "ADULT"}, false);
+  EXPECT_EQ(ExampleOfOutput(Procedure::kRegression, RegressionKind::kLogistic).substr(0, logistic.size()), logistic);
 }
 
 }  // namespace
