@@ -1,6 +1,8 @@
 #include "procedures/regression.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "numerics/report_text.h"
 #include "procedures/logistic_regression.h"

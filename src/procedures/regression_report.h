@@ -2,7 +2,7 @@
 
 #include <span>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "procedures/regression_model.h"
 

@@ -373,11 +373,24 @@ TEST(Logistic, AHugeEtaIsCutAndEverythingStaysFinite) {
   EXPECT_TRUE(Finite(Fit({{0, 0, 1, 0, 1, 1}, {1e308, 1e308, 1e308, -1e308, 1e308, -1e308}, {1, 2, 3, 4, 5, 6}})));
 }
 
-// b of 100 and x of 3 make 300: the probability at 200 is exactly 1; at -800 exp is 0 and nothing fails.
-TEST(Logistic, EtaIsCutFromAboveOnly) {
-  LogisticModel model = Fit({{0, 0, 0, 1, 1, 1}, {-80000, -90000, -70000, 60000, 80000, 70000}});
-  EXPECT_TRUE(Finite(model));
-  EXPECT_EQ(model.percent_correct_overall, "100.00");
+// Badly scaled, Newton's steps overshoot until the 200 rounds are over, and the last step is not taken. The sixth case,
+// a 0, has an eta of 1E+129 that is cut to 200 and costs ln(1 + exp(200)), 200; the fourth costs ln 2. The first case's
+// eta of -1E+125 stays, and nothing fails. Figures of a second program for the same steps in Python.
+TEST(Logistic, TheRoundsEndAt200AndEtaIsCutFromAboveOnly) {
+  LogisticRun run({{"Y", Texts({"0", "1", "1", "0", "1", "0"})},
+                   {"A", Texts({"5", "5", "7", "6", "5", "1"})},
+                   {"B", Texts({"1", "50000", "4", "2", "80000", "10000"})}},
+                  {2, 3});
+  run.panel.checks.Check1 = true;
+  const std::string report = run.Report();
+  EXPECT_TRUE(Contains(report,
+                       "Initial -2 Log Likelihood        8.318\r\n"
+                       "Model -2 Log Likelihood        401.386    Iteration (201)\r\n"))
+      << report;
+  const std::size_t predicted = 4;
+  EXPECT_EQ(TextOf(run.data.matrix.Cell(kFirstRecordRow, predicted)), "0.00000");
+  EXPECT_EQ(TextOf(run.data.matrix.Cell(kFirstRecordRow + 1, predicted)), "1.00000");
+  EXPECT_EQ(TextOf(run.data.matrix.Cell(kFirstRecordRow + 5, predicted)), "1.00000");
 }
 
 // More cases than a block holds, against the same sums without blocks.

@@ -222,9 +222,8 @@ TEST(LeastSquares, OneCaseMoreThanCoefficientsRuns) {
             "           B        -0.65079        0.07099       -0.65079     -9.168     0.0692");
 }
 
-// The shortest solution halves the slope of 0.77143; the mean square loses one degree of freedom: 3.0857 / 3. The
-// pseudo-inverse of the two columns is a quarter of 1 / 17.5 where the zero eigenvalue is left out; where it is only
-// nearly 0, its error is what comes. Adj Rsq is (0.7714 - 2 / 5) * 5 / 3.
+// The shortest solution halves the slope of 0.77143; the mean square loses one degree of freedom: 3.0857 / 3. Adj Rsq
+// is (0.7714 - 2 / 5) * 5 / 3. The errors are not looked at: they hang on what rounding makes of an eigenvalue of 0.
 TEST(LeastSquares, ACopiedVariableGivesAResultAndNoError) {
   for (const std::vector<std::size_t>& independent : {std::vector<std::size_t>{2, 3}, {2, 2}}) {
     RegressionRun run({{"Y", Texts({"2", "4", "5", "4", "5", "7"})},
@@ -263,9 +262,9 @@ TEST(LeastSquares, AConstantDependentVariable) {
   EXPECT_NE(report.find("Y = .100 + .000(X)\r\n"), std::string::npos);
 }
 
-// The shortest of all solutions of b0 + 5 b1 = 3.6 is 3.6 / 26 and 18 / 26. The matrix has the eigenvalues 130 and 0;
-// the zero comes out as one, so its direction is left out, and the errors are those of the other, which is 0 after the
-// rotation. Without spread X keeps its 5s in the second solve, where y has z-scores: nothing is left to explain.
+// The shortest of all solutions of b0 + 5 b1 = 3.6 is 3.6 / 26 and 18 / 26. Without spread X keeps its 5s in the second
+// solve, where y has z-scores, which add up to 0: nothing is left to explain. The errors hang on what rounding makes of
+// an eigenvalue of 0.
 TEST(LeastSquares, AConstantIndependentVariable) {
   RegressionRun run({{"Y", Texts({"1", "2", "4", "5", "6"})}, {"X", Texts({"5", "5", "5", "5", "5"})}}, {2});
   const std::string report = run.Report();
