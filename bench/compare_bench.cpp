@@ -50,6 +50,14 @@ void Correlation(benchmark::State& state) {
 }
 BENCHMARK(Correlation)->Unit(benchmark::kMillisecond);
 
+// A group for every case.
+void AnovaOverAMillionGroups(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.checks.Check1 = bench.panel.checks.Check2 = true;
+  for (auto _ : state) bench.Run(Procedure::kAnova, {kX1}, {kIdColumn});
+}
+BENCHMARK(AnovaOverAMillionGroups)->Unit(benchmark::kMillisecond)->Iterations(2);
+
 // The p of unrelated variables takes a step for every second degree of freedom.
 void CorrelationOfUnrelatedVariables(benchmark::State& state) {
   BenchData bench;

@@ -54,35 +54,5 @@ void ZScores(benchmark::State& state) {
 }
 BENCHMARK(ZScores)->Unit(benchmark::kMillisecond)->Iterations(5);
 
-void TTest(benchmark::State& state) {
-  BenchData bench;
-  bench.panel.IndependentVariables = {kSexColumn};
-  bench.panel.Text5 = "1";
-  bench.panel.Text6 = "2";
-  bench.Run(Procedure::kTTest, kNumberColumn);
-  for (auto _ : state) bench.Run(Procedure::kTTest, kNumberColumn);
-}
-BENCHMARK(TTest)->Unit(benchmark::kMillisecond);
-
-void AnovaOverFiveGroups(benchmark::State& state) {
-  BenchData bench;
-  bench.panel.IndependentVariables = {kCodedColumn};
-  bench.panel.checks.Check1 = true;
-  bench.panel.checks.Check2 = true;
-  bench.Run(Procedure::kAnova, kNumberColumn);
-  for (auto _ : state) bench.Run(Procedure::kAnova, kNumberColumn);
-}
-BENCHMARK(AnovaOverFiveGroups)->Unit(benchmark::kMillisecond);
-
-// A group for every case.
-void AnovaOverAMillionGroups(benchmark::State& state) {
-  BenchData bench;
-  bench.panel.IndependentVariables = {kIdColumn};
-  bench.panel.checks.Check1 = true;
-  bench.panel.checks.Check2 = true;
-  for (auto _ : state) bench.Run(Procedure::kAnova, kNumberColumn);
-}
-BENCHMARK(AnovaOverAMillionGroups)->Unit(benchmark::kMillisecond)->Iterations(2);
-
 }  // namespace
 }  // namespace tessara

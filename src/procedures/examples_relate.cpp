@@ -157,7 +157,6 @@ Estimated Model
 SURVIVED = -.7800 + 2.2940(SEX) + -.5564(ADULT)
 
 
-
 Classification Table (.50 cutpoint)
 
 

@@ -8,6 +8,7 @@
 #include "procedures/diagnostic.h"
 #include "procedures/frequencies.h"
 #include "procedures/list_variables.h"
+#include "procedures/regression.h"
 #include "procedures/t_test.h"
 
 namespace tessara {
@@ -21,8 +22,8 @@ constexpr const char* kComesNext =
 // How the loop over the analysis variables goes on.
 enum class Step {
   kNextVariable,
-  kLeaveLoop,  // the procedure has done all variables at once
-  kEndRun,     // refused
+  kLeaveLoop,  // the procedure has taken all variables at once
+  kEndRun,     // a message box has refused the run
 };
 
 Step Refuse(Platform& platform, const char* title, const char* text) {
@@ -61,6 +62,13 @@ Step Correlate(ProcedureRun& run) {
   return Step::kLeaveLoop;
 }
 
+// One model of the first analysis variable on all independent variables.
+Step Regress(ProcedureRun& run) {
+  if (run.panel.IndependentVariables.empty()) return Compare(run, nullptr);
+  RunRegression(run);
+  return Step::kLeaveLoop;
+}
+
 // The selected procedure for the variable in the main role.
 Step RunForVariable(ProcedureRun& run) {
   switch (run.panel.selected) {
@@ -80,7 +88,7 @@ Step RunForVariable(ProcedureRun& run) {
     case Procedure::kAnova:
       return Compare(run, RunAnova);
     case Procedure::kRegression:
-      return Compare(run, nullptr);
+      return Regress(run);
     case Procedure::kDiagnostic:
       return Compare(run, RunDiagnostic);
     case Procedure::kListVariables:

@@ -1,5 +1,7 @@
 #include "procedures/saved_column.h"
 
+#include "numerics/masks.h"
+
 namespace tessara {
 
 std::size_t AddSavedColumn(DataSet& data, const std::string& name) {
@@ -8,6 +10,16 @@ std::size_t AddSavedColumn(DataSet& data, const std::string& name) {
   data.WorkingVariableCount = column;
   ++data.Revision;
   return column;
+}
+
+void SaveCaseValues(DataSet& data, std::size_t column, std::span<const std::uint8_t> accepted,
+                    std::span<const double> values) {
+  std::size_t place = 0;
+  for (std::size_t record = 0; record < accepted.size(); ++record) {
+    if (accepted[record] == 0) continue;
+    const auto text = Masked(values[place++], "0.00000");
+    if (text) data.matrix.SetText(kFirstRecordRow + record, column, *text);
+  }
 }
 
 }  // namespace tessara

@@ -107,18 +107,19 @@ TEST(Examples, FiguresAreThoseOfTheSampleFiles) {
   EXPECT_TRUE(contains(Procedure::kRegression, RegressionKind::kLogistic, "        SEX          2.2940      0.1199"));
 }
 
-// The report that a run on a sample file prints, one variable by another.
+// The report that a run on a sample file prints, one variable by others.
 std::string LiveReport(std::string_view sample_file, ProcedurePanel panel, std::string_view main,
-                       std::string_view independent) {
+                       const std::vector<std::string>& independents) {
   DataSet data;
   ScriptedPlatform platform;
   MakeEmptyDataSet(data);
   data.WaitingPath = std::filesystem::path(TESSARA_SOURCE_DIR) / "installed" / "Data" / sample_file;
   EXPECT_EQ(LoadDataFile(data, platform), LoadOutcome::kLoaded);
-  for (std::size_t column = 1; column <= data.VariableCount; ++column) {
-    if (data.VariableName(column) == main) panel.SelectedVariables = {column};
-    if (data.VariableName(column) == independent) panel.IndependentVariables = {column};
-  }
+  const auto column = [&](std::string_view name) {
+    return std::ranges::find(data.VarList, name, &ListedVariable::name)->column;
+  };
+  panel.SelectedVariables = {column(main)};
+  for (const std::string& name : independents) panel.IndependentVariables.push_back(column(name));
   OutputLog output;
   ChartStore charts;
   Run(data, panel, output, charts, platform);
@@ -139,7 +140,7 @@ TEST(Examples, TheTTestPrintsItsExample) {
   panel.selected = Procedure::kTTest;
   panel.Text5 = "1";
   panel.Text6 = "2";
-  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("survey.dcs", panel, "PRESSURE", "SEX"));
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("survey.dcs", panel, "PRESSURE", {"SEX"}));
 }
 
 TEST(Examples, TheAnalysisOfVariancePrintsItsExample) {
@@ -147,7 +148,7 @@ TEST(Examples, TheAnalysisOfVariancePrintsItsExample) {
   panel.selected = Procedure::kAnova;
   panel.checks.Check1 = true;
   panel.checks.Check2 = true;
-  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("iris.dcs", panel, "SEPWID", "SPECIES"));
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("iris.dcs", panel, "SEPWID", {"SPECIES"}));
 }
 
 TEST(Examples, TheCrosstabulationPrintsItsExample) {
@@ -156,19 +157,30 @@ TEST(Examples, TheCrosstabulationPrintsItsExample) {
   panel.checks.Check1 = true;
   panel.checks.Check2 = true;
   panel.checks.Check12 = true;
-  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("titanic.dcs", panel, "SURVIVED", "SEX"));
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("titanic.dcs", panel, "SURVIVED", {"SEX"}));
 }
 
 TEST(Examples, DiagnosticAccuracyPrintsItsExample) {
   ProcedurePanel panel;
   panel.selected = Procedure::kDiagnostic;
-  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("survey.dcs", panel, "TEST", "DISEASE"));
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("survey.dcs", panel, "TEST", {"DISEASE"}));
 }
 
 TEST(Examples, TheCorrelationPrintsItsExample) {
   ProcedurePanel panel;
   panel.selected = Procedure::kCorrelation;
-  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("cars.dcs", panel, "MPG", "WT"));
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("cars.dcs", panel, "MPG", {"WT"}));
+}
+
+TEST(Examples, RegressionsPrintTheirExamples) {
+  ProcedurePanel panel;
+  panel.selected = Procedure::kRegression;
+  panel.checks.Check2 = true;
+  ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("cars.dcs", panel, "MPG", {"WT", "HP"}));
+  panel.checks.Check2 = false;
+  panel.regression = RegressionKind::kLogistic;
+  ExpectLive(ExampleOfOutput(panel.selected, panel.regression),
+             LiveReport("titanic.dcs", panel, "SURVIVED", {"SEX", "ADULT"}));
 }
 
 }  // namespace

@@ -168,8 +168,8 @@ TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
 }
 
 TEST_F(RunTest, ProceduresToComeSaySoOnce) {
-  for (const Procedure procedure : {Procedure::kRegression, Procedure::kExplore, Procedure::kSummaryTables,
-                                    Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+  for (const Procedure procedure :
+       {Procedure::kExplore, Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
     Select(procedure, {1, 2}, {2, 1});
@@ -330,12 +330,37 @@ TEST_F(RunTest, RegressionEmptiesTheBoxAndARefusalBringsTheLogBack) {
   EXPECT_EQ(output.MostRecentText, "");
 }
 
-TEST_F(RunTest, RegressionEmptiesTheMostRecentText) {
+TEST_F(RunTest, RegressionRunsOnceForAllVariables) {
   Select(Procedure::kFrequencies, {1});
   RunNow();
+  Select(Procedure::kRegression, {1, 2}, {2});  // V1 is Y; V2 as an analysis variable gets no model of its own
+  const RunOutcome outcome = RunNow();
+  EXPECT_FALSE(outcome.refused);
+  EXPECT_FALSE(outcome.aborted);
+  EXPECT_TRUE(outcome.show_output);
+  EXPECT_TRUE(platform.messages.empty());
+  EXPECT_EQ(Occurrences(output.MostRecentText, std::string(kReportSeparator)), 1u);
+  EXPECT_EQ(Occurrences(output.MostRecentText, "V1 = Constant + V2 + e"), 1u);
+  EXPECT_EQ(output.MostRecentText.find("Frequenc"), std::string::npos);
+  EXPECT_EQ(data.VariableCount, kNewVariableCount);
+}
+
+TEST_F(RunTest, TheKindOfRegressionDecides) {
   Select(Procedure::kRegression, {1}, {2});
+  panel.regression = RegressionKind::kLogistic;
+  EXPECT_TRUE(RunNow().aborted);  // 1 2 3 are no outcomes
+  EXPECT_NE(output.MostRecentText.find("Logistic Regression Comparison for Y = V1"), std::string::npos);
+}
+
+TEST_F(RunTest, SavedResidualsAreAmongTheVariablesAtOnce) {
+  Select(Procedure::kRegression, {1}, {2});
+  panel.checks.Check1 = true;
+  const std::uint64_t revision = data.Revision;
   RunNow();
-  EXPECT_EQ(output.BoxText(), "");
+  EXPECT_EQ(data.VariableCount, kNewVariableCount + 1);
+  EXPECT_EQ(data.RecordCount, kNewRecordCount);
+  EXPECT_EQ(data.VarList.back().name, "R-V1");
+  EXPECT_GT(data.Revision, revision);
 }
 
 }  // namespace
