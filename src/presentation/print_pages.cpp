@@ -108,6 +108,13 @@ std::vector<std::string> OutputPages(std::string_view text, const PrintOptions& 
   return maker.TakePages();
 }
 
+void ShowPrinterError(Platform& platform) {
+  platform.ShowMessage({.title = "Printer Error",
+                        .text =
+                            "The printer is not accepting the print request.  Your printer software may be "
+                            "corrupted.  If the problem continues, you may want to reinstall the printer software."});
+}
+
 bool PrintOutput(const OutputLog& output, Platform& platform, const PrintOptions& options, bool box_has_selection) {
   const CalendarDay today = platform.Now().date;
   const auto choice = platform.AskPrint({.title = "Print", .offer_selection = box_has_selection});
@@ -119,10 +126,7 @@ bool PrintOutput(const OutputLog& output, Platform& platform, const PrintOptions
   std::vector<std::string> pages;
   for (int i = 0; i < copies; ++i) pages.insert(pages.end(), copy.begin(), copy.end());
   if (platform.PrintPages(pages)) return true;
-  platform.ShowMessage({.title = "Printer Error",
-                        .text =
-                            "The printer is not accepting the print request.  Your printer software may be "
-                            "corrupted.  If the problem continues, you may want to reinstall the printer software."});
+  ShowPrinterError(platform);
   return false;
 }
 

@@ -67,7 +67,7 @@ CommandState ConvertState(const Session& session) {
 
 CommandState PrintState(const Session& session) {
   const bool visible = !InView(session, View::ViewDataGrid) && !InView(session, View::ViewStatProcs);
-  return {visible, InOutputText(session), {}};
+  return {visible, InOutputText(session) || InView(session, View::ViewCharts), {}};
 }
 
 CommandState RunState(const Session& session) {
@@ -130,6 +130,10 @@ void SaveAs(Session& session) {
 }
 
 void Print(Session& session, const WidgetState& widgets) {
+  if (InView(session, View::ViewCharts)) {  // a chart is printed from its own window
+    session.platform.ShowMessage(
+        {"Information", "Please click graph to view print screen", Buttons::kOk, Tone::kInformation});
+  }
   if (!InOutputText(session)) return;
   const PrintOptions options = {.date = session.settings.print_date(),
                                 .notes_caption = session.settings.notes_caption()};
