@@ -17,6 +17,7 @@
 
 #include "platform/files.h"
 #include "window/about_box.h"
+#include "window/charts1.h"
 #include "window/command_bars.h"
 #include "window/data1.h"
 #include "window/frm_splash2.h"
@@ -41,13 +42,6 @@ constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
 
 int Pixels(int twips) { return twips / kTwipsPerPixel; }
-
-PageText ChartsPage() {
-  return {"office-chart-bar", QObject::tr("Charts"),
-          QObject::tr("Histograms, bar charts and scatter plots of the last procedure have their place here, ready to "
-                      "be copied or printed.\n\nDescriptives already draws its bar chart inside the report, in the "
-                      "Output view.")};
-}
 
 PageText BrevarumPage() {
   return {"accessories-calculator", QObject::tr("Brevarum"),
@@ -158,7 +152,7 @@ void FrmMain::BuildWorkspace() {
   AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
   AddView(new StatProc1(session_), "StatProc1", tr("Stat Procs"), "view-statistics");
   AddView(output_, "Output1", tr("Output"), "text-x-generic");
-  AddView(new PageView(session_, View::ViewCharts, ChartsPage()), "Charts1", tr("Charts"), "office-chart-bar");
+  AddView(new Charts1(platform_, session_), "Charts1", tr("Charts"), "office-chart-bar");
   AddView(new PageView(session_, View::ViewBrevarum, BrevarumPage()), "Brevarum1", tr("Brevarum"),
           "accessories-calculator");
   AddView(new PageView(session_, View::ViewGlossary, GlossaryPage()), "Glossary1", tr("Glossary"), "view-list-text");

@@ -7,9 +7,12 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSoundEffect>
 #include <QStandardPaths>
 #include <QTextDocument>
@@ -129,6 +132,11 @@ std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_
   form.setFileMode(to_save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   form.setOption(QFileDialog::DontConfirmOverwrite, !dialog.overwrite_prompt);
   form.setDefaultSuffix(ToQt(dialog.default_extension));
+  // A name that is typed without an ending takes that of the kind of file chosen.
+  QObject::connect(&form, &QFileDialog::filterSelected, &form, [&form](const QString& filter) {
+    const QString ending = filter.section("*.", 1, 1).section(QRegularExpression("[ )]"), 0, 0);
+    if (!form.defaultSuffix().isEmpty() && !ending.isEmpty()) form.setDefaultSuffix(ending);
+  });
   if (!dialog.initial_name.empty()) form.selectFile(ToQt(dialog.initial_name));
   if (form.exec() != QDialog::Accepted || form.selectedFiles().isEmpty()) return std::nullopt;
   const QString file = form.selectedFiles().front();
@@ -147,6 +155,21 @@ bool QtPlatform::PrintDocument(const QTextDocument& document) {
   if (!Printer().isValid()) return false;
   document.print(&Printer());
   return true;
+}
+
+bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) {
+  QPrinter& printer = Printer();
+  if (!printer.isValid()) return false;
+  const QPageLayout::Orientation usual = printer.pageLayout().orientation();
+  printer.setPageOrientation(QPageLayout::Landscape);
+  QPainter painter;
+  bool printed = painter.begin(&printer);
+  if (printed) {
+    paint(painter, QRectF(0, 0, printer.width(), printer.height()));
+    printed = painter.end() && printer.printerState() != QPrinter::Error;
+  }
+  printer.setPageOrientation(usual);
+  return printed;
 }
 
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
@@ -198,6 +221,8 @@ void QtPlatform::HideProgress() { progress_.reset(); }
 
 std::string QtPlatform::ClipboardText() { return FromQt(QApplication::clipboard()->text()); }
 void QtPlatform::SetClipboardText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
+
+void QtPlatform::SetClipboardContent(QMimeData* content) { QApplication::clipboard()->setMimeData(content); }
 
 bool QtPlatform::PlaySoundFile(const Path& path) {
   const QString file = PathToQt(path);

@@ -1,0 +1,357 @@
+#include "window/chart_drawing.h"
+
+#include <QAreaSeries>
+#include <QBarCategoryAxis>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QCursor>
+#include <QFontMetricsF>
+#include <QGraphicsLayout>
+#include <QGraphicsScene>
+#include <QGraphicsSimpleTextItem>
+#include <QGuiApplication>
+#include <QLegend>
+#include <QLineSeries>
+#include <QPainter>
+#include <QPalette>
+#include <QScatterSeries>
+#include <QToolTip>
+#include <QValueAxis>
+#include <algorithm>
+#include <cmath>
+
+#include "numerics/number_text.h"
+#include "window/point_cloud.h"
+#include "window/text.h"
+
+namespace tessara {
+namespace {
+
+constexpr int kDarkBelow = 128;
+constexpr qsizetype kMostBars = 400;  // more of them are no bars any more, but lines
+constexpr int kTicks = 6;
+constexpr int kMostCountedTicks = 5;  // up to this count each has its tick
+constexpr qreal kBarWidth = 0.7;      // of a category's room
+constexpr qreal kLargestMarker = 9;
+constexpr qreal kSmallestMarker = 6;
+constexpr qsizetype kFewPoints = 500;
+constexpr double kPlainNumbersTo = 1e9;
+constexpr double kPlainStepsFrom = 1e-4;
+
+// Blue, orange, green, purple, vermilion, sky blue, yellow; the strong ones first on white, the bright ones on black.
+const QList<QColor> kOnLight = {0x0072B2, 0xE69F00, 0x009E73, 0xCC79A7, 0xD55E00, 0x56B4E9, 0xF0E442};
+const QList<QColor> kOnDark = {0x56B4E9, 0xE69F00, 0x009E73, 0xCC79A7, 0xF0E442, 0xD55E00, 0x0072B2};
+
+// Titles and labels of a chart are read as HTML.
+QString Plain(const QString& text) { return text.toHtmlEscaped().replace(QLatin1Char(' '), QChar::Nbsp); }
+
+// An axis takes each category once. What nobody sees tells equal texts apart: the category's number, in joiners.
+QString Distinct(const QString& text, qsizetype number) {
+  QString mark;
+  for (; number > 0; number /= 2) mark += QChar(number % 2 == 0 ? 0x200C : 0x200D);
+  return text + mark;
+}
+
+QString WithoutMark(QString text) { return text.remove(QChar(0x200C)).remove(QChar(0x200D)); }
+
+// As many decimals as the ticks need, and the short form for what would be too long.
+QString NumberFormat(double low, double high, int ticks) {
+  const double step = (high - low) / (ticks - 1);
+  const double size = std::max(std::abs(low), std::abs(high));
+  if (size >= kPlainNumbersTo || step < kPlainStepsFrom) return "%.6g";
+  const int decimals = std::max(0, -static_cast<int>(std::floor(std::log10(step) + 1e-9)));
+  return QString("%.%1f").arg(decimals);
+}
+
+void MakeNice(QValueAxis* axis, double low, double high) {
+  axis->setRange(low, high);
+  axis->setTickCount(kTicks);
+  axis->applyNiceNumbers();
+  axis->setLabelFormat(NumberFormat(axis->min(), axis->max(), axis->tickCount()));
+}
+
+double LargestValue(const Chart& chart) {
+  double largest = 0;
+  for (const Chart::Series& series : chart.series) {
+    for (const double value : series.values) largest = std::max(largest, value);
+  }
+  return largest;
+}
+
+}  // namespace
+
+ChartColours ColoursOfPalette(const QPalette& palette) {
+  ChartColours colours;
+  colours.ground = palette.color(QPalette::Active, QPalette::Base);
+  colours.text = palette.color(QPalette::Active, QPalette::Text);
+  colours.grid = colours.text;
+  colours.grid.setAlphaF(0.18F);
+  colours.series = colours.ground.lightness() < kDarkBelow ? kOnDark : kOnLight;
+  return colours;
+}
+
+ChartColours ColoursOfPaper() { return {Qt::white, Qt::black, QColor(0xD8D8D8), kOnLight}; }
+
+DrawnChart::DrawnChart(const Chart& chart, const ChartColours& colours, const QFont& type)
+    : chart_(chart), colours_(colours) {
+  for (const std::string& label : chart.labels) labels_ += ToQt(label);
+  SetAppearance(type);
+  if (chart.type == tessara::ChartType::kScatter) {
+    AddPoints();
+  } else if (labels_.isEmpty() || chart.series.empty()) {
+    ShowEmptyPlot();
+  } else if (labels_.size() * static_cast<qsizetype>(chart.series.size()) > kMostBars) {
+    AddOutlines();
+  } else {
+    if (chart.type != tessara::ChartType::kLine) AddBars();
+    if (chart.type == tessara::ChartType::kLine || chart.type == tessara::ChartType::kHistogramAndLine) AddLine();
+  }
+}
+
+void DrawnChart::SetAppearance(const QFont& type) {
+  setAnimationOptions(QChart::NoAnimation);
+  setBackgroundRoundness(0);
+  setBackgroundBrush(colours_.ground);
+  setBackgroundPen(Qt::NoPen);
+  setDropShadowEnabled(false);
+  layout()->setContentsMargins(0, 0, 0, 0);
+  setFont(type);
+  QFont title = type;
+  title.setPointSizeF(type.pointSizeF() * 1.15);
+  title.setWeight(QFont::DemiBold);
+  setTitleFont(title);
+  setTitleBrush(colours_.text);
+  legend()->setVisible(chart_.series.size() > 1);
+  legend()->setAlignment(Qt::AlignBottom);
+  legend()->setFont(type);
+  legend()->setLabelColor(colours_.text);
+
+  const int gap = qCeil(QFontMetricsF(type).height() * 0.7);
+  QMargins margins(gap, gap, gap, gap);
+  if (!chart_.footnote.empty()) {
+    footnote_ = new QGraphicsSimpleTextItem(this);
+    footnote_->setFont(type);
+    footnote_->setBrush(colours_.text);
+    margins.setBottom(gap + qCeil(QFontMetricsF(type).height() * 1.4));
+  }
+  setMargins(margins);
+}
+
+QBarCategoryAxis* DrawnChart::MakeCategoryAxis() {
+  if (categories_) return categories_;
+  categories_ = new QBarCategoryAxis(this);
+  categories_->setLabelsFont(font());
+  categories_->setLabelsColor(colours_.text);
+  categories_->setTitleFont(font());
+  categories_->setTitleBrush(colours_.text);
+  categories_->setLinePen(colours_.grid);
+  categories_->setGridLineVisible(false);
+  QStringList places;
+  for (qsizetype i = 0; i < labels_.size(); ++i) places += Distinct({}, i + 1);
+  categories_->append(places);
+  addAxis(categories_, Qt::AlignBottom);
+  return categories_;
+}
+
+QValueAxis* DrawnChart::MakeValueAxis(Qt::Alignment side, const std::string& title) {
+  auto* axis = new QValueAxis(this);
+  axis->setLabelsFont(font());
+  axis->setLabelsColor(colours_.text);
+  axis->setTitleFont(font());
+  axis->setTitleBrush(colours_.text);
+  axis->setTitleText(Plain(ToQt(title)));
+  axis->setLinePen(colours_.grid);
+  axis->setGridLinePen(colours_.grid);
+  addAxis(axis, side);
+  (side == Qt::AlignLeft ? vertical_ : horizontal_) = axis;
+  return axis;
+}
+
+// Bars stand on 0. Counts of a few have a tick each, so that no axis shows half a case.
+void DrawnChart::SetCountRange() {
+  const double largest = std::clamp(LargestValue(chart_), 0.0, 1e300);
+  if (largest > kMostCountedTicks) return MakeNice(vertical_, 0, largest);
+  const int top = std::max(1, static_cast<int>(std::ceil(largest)));
+  vertical_->setRange(0, top);
+  vertical_->setTickCount(top + 1);
+  vertical_->setLabelFormat("%.0f");
+}
+
+void DrawnChart::Attach(QAbstractSeries* series) {
+  addSeries(series);
+  if (!vertical_) {
+    MakeValueAxis(Qt::AlignLeft, chart_.vertical_title);
+    SetCountRange();
+  }
+  series->attachAxis(horizontal_ ? static_cast<QAbstractAxis*>(horizontal_) : MakeCategoryAxis());
+  series->attachAxis(vertical_);
+}
+
+void DrawnChart::AddBars() {
+  auto* bars = new QBarSeries(this);
+  const bool touching = chart_.type != tessara::ChartType::kBars;
+  bars->setBarWidth(touching ? 1.0 : kBarWidth);
+  for (std::size_t i = 0; i < chart_.series.size(); ++i) {
+    auto* set = new QBarSet(ToQt(chart_.series[i].name).toHtmlEscaped(), bars);
+    for (const double value : chart_.series[i].values) *set << value;
+    set->setColor(colours_.series[static_cast<qsizetype>(i) % colours_.series.size()]);
+    set->setPen(touching ? QPen(colours_.ground, 1) : QPen(Qt::NoPen));
+    bars->append(set);
+  }
+  connect(bars, &QAbstractBarSeries::hovered, this, [this](bool hovered, int row, QBarSet* set) {
+    ShowHint(hovered, row, WithoutMark(set->label()), set->at(row));
+  });
+  Attach(bars);
+}
+
+// Through the middles of the intervals.
+void DrawnChart::AddLine() {
+  auto* line = new QLineSeries(this);
+  QList<QPointF> points;
+  const std::vector<double>& values = chart_.series[0].values;
+  for (std::size_t i = 0; i < values.size(); ++i) points += QPointF(static_cast<double>(i), values[i]);
+  line->replace(points);
+  line->setPen(QPen(colours_.series[chart_.type == tessara::ChartType::kLine ? 0 : 1], 2.5));
+  line->setPointsVisible(true);
+  connect(line, &QXYSeries::hovered, this, [this](const QPointF& point, bool hovered) {
+    const auto row = static_cast<std::size_t>(std::max(0.0, std::round(point.x())));
+    if (row < chart_.series[0].values.size()) {
+      ShowHint(hovered, static_cast<qsizetype>(row), {}, chart_.series[0].values[row]);
+    }
+  });
+  Attach(line);
+  line->setName(ToQt(chart_.series[0].name).toHtmlEscaped());
+}
+
+// Hundreds of categories: their outline, with numbers in place of labels that nobody could read.
+void DrawnChart::AddOutlines() {
+  MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title);
+  MakeNice(horizontal_, 1, static_cast<double>(labels_.size()));
+  horizontal_->setRange(0.5, static_cast<double>(labels_.size()) + 0.5);
+  horizontal_->setGridLineVisible(false);
+  horizontal_->setLabelFormat("%.0f");
+  horizontal_->setTitleText(Plain(tr("%1 categories, in their order").arg(labels_.size())));
+  for (std::size_t i = 0; i < chart_.series.size(); ++i) {
+    auto* upper = new QLineSeries(this);
+    QList<QPointF> points;
+    double at = 0.5;
+    for (const double value : chart_.series[i].values) {
+      points << QPointF(at, 0) << QPointF(at, value) << QPointF(at + 1, value) << QPointF(at + 1, 0);
+      at += 1;
+    }
+    upper->replace(points);
+    auto* area = new QAreaSeries(upper);
+    area->setParent(this);
+    area->setName(ToQt(chart_.series[i].name).toHtmlEscaped());
+    const QColor colour = colours_.series[static_cast<qsizetype>(i) % colours_.series.size()];
+    QColor fill = colour;
+    if (chart_.series.size() > 1) fill.setAlphaF(0.5F);
+    area->setBrush(fill);
+    area->setPen(QPen(colour, 1));
+    Attach(area);
+  }
+}
+
+void DrawnChart::AddPoints() {
+  const QRectF range = RangeOfPoints(chart_);
+  MakeNice(MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title), range.left(), range.right());
+  MakeNice(MakeValueAxis(Qt::AlignLeft, chart_.vertical_title), range.top(), range.bottom());
+  auto* points = new QScatterSeries(this);
+  const QColor colour = colours_.series[0];
+  QColor translucent = colour;
+  translucent.setAlphaF(0.7F);
+  points->setColor(translucent);
+  points->setBorderColor(Qt::transparent);
+  legend()->hide();
+  const bool single = !chart_.x || chart_.x->size() <= kMostSinglePoints;
+  if (single) points->replace(SinglePoints(chart_));
+  points->setMarkerSize(points->count() <= kFewPoints ? kLargestMarker : kSmallestMarker);
+  Attach(points);
+  if (single) return;
+  cloud_ = new PointCloud(this, PictureOfPoints(chart_, range, colour), range);
+  connect(this, &QChart::plotAreaChanged, this, [this] { cloud_->Place(); });
+}
+
+void DrawnChart::ShowEmptyPlot() {
+  MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title)->setLabelsVisible(false);
+  MakeValueAxis(Qt::AlignLeft, chart_.vertical_title)->setRange(0, 1);
+  vertical_->setTickCount(2);
+  vertical_->setLabelFormat("%.0f");
+}
+
+void DrawnChart::ShowHint(bool hovered, qsizetype row, const QString& series, double value) {
+  if (!hovered || row < 0 || row >= labels_.size()) return QToolTip::hideText();
+  QString hint = labels_[row];
+  if (chart_.series.size() > 1) hint += "\n" + series;
+  NumberBuffer buffer;
+  hint += "\n" + ToQt(WriteGeneralText(value, buffer));
+  QToolTip::showText(QCursor::pos(), hint.toHtmlEscaped().replace(QLatin1Char(10), QLatin1String("<br>")));
+}
+
+QStringList DrawnChart::ShownLabels() const {
+  QStringList shown;
+  if (categories_) {
+    for (const QString& category : categories_->categories()) shown += WithoutMark(category);
+  }
+  return shown;
+}
+
+void DrawnChart::resizeEvent(QGraphicsSceneResizeEvent* event) {
+  FitTitles();
+  FitLabels();
+  QChart::resizeEvent(event);
+}
+
+// Titles and footnote are cut where the room ends.
+void DrawnChart::FitTitles() {
+  const QFontMetricsF metrics(font());
+  const qreal gap = metrics.height();
+  const auto cut = [](const QFontMetricsF& type, const std::string& text, qreal room) {
+    return type.elidedText(ToQt(text), Qt::ElideRight, std::max<qreal>(room, 1));
+  };
+  setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
+  const QString across = Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
+  if (categories_) categories_->setTitleText(across);
+  if (horizontal_ && chart_.type == tessara::ChartType::kScatter) horizontal_->setTitleText(across);
+  if (vertical_) vertical_->setTitleText(Plain(cut(metrics, chart_.vertical_title, size().height() - 6 * gap)));
+  if (footnote_) {
+    footnote_->setText(cut(metrics, chart_.footnote, size().width() - 2 * gap));
+    footnote_->setPos(gap, size().height() - metrics.height() * 1.5);
+  }
+}
+
+// Upright labels where they fit side by side, else turned ones, and only every second, third and so on where even
+// those would touch.
+void DrawnChart::FitLabels() {
+  if (!categories_) return;
+  const QFontMetricsF metrics(font());
+  const qreal line = metrics.height();
+  const qreal room = std::max<qreal>(size().width() - 7 * line, line) / static_cast<qreal>(labels_.size());
+  qreal longest = 0;
+  for (const QString& label : labels_) longest = std::max(longest, metrics.horizontalAdvance(label));
+  const bool turned = longest + line * 0.6 > room;
+  const qreal most = turned ? size().height() * 0.35 : longest + 1;
+  const auto every = turned ? static_cast<qsizetype>(std::ceil(line * 1.05 / room)) : 1;
+  for (qsizetype i = 0; i < labels_.size(); ++i) {
+    const bool left_out = i % every != 0;
+    const QString shown = left_out ? QString() : Plain(metrics.elidedText(labels_[i], Qt::ElideRight, most));
+    const QString place = Distinct(shown, i + 1);
+    const QString before = categories_->at(static_cast<int>(i));
+    if (before != place) categories_->replace(before, place);
+  }
+  categories_->setLabelsAngle(turned ? -90 : 0);
+  categories_->setTruncateLabels(false);
+}
+
+void PaintChart(QPainter& painter, const QRectF& place, const Chart& chart, const ChartColours& colours,
+                const QSizeF& size) {
+  QGraphicsScene scene;
+  auto* drawn = new DrawnChart(chart, colours, QGuiApplication::font());
+  scene.addItem(drawn);
+  drawn->resize(size);
+  scene.setSceneRect(QRectF(QPointF(0, 0), size));
+  painter.setRenderHint(QPainter::Antialiasing);
+  scene.render(&painter, place, scene.sceneRect());
+}
+
+}  // namespace tessara
