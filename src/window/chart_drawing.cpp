@@ -5,6 +5,7 @@
 #include <QBarSeries>
 #include <QBarSet>
 #include <QCursor>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGraphicsLayout>
 #include <QGraphicsScene>
@@ -29,9 +30,11 @@ namespace {
 
 constexpr int kDarkBelow = 128;
 constexpr qsizetype kMostBars = 400;  // more of them are no bars any more, but lines
-constexpr int kTicks = 6;
-constexpr int kMostCountedTicks = 5;  // up to this count each has its tick
-constexpr qreal kBarWidth = 0.7;      // of a category's room
+constexpr int kSteps = 5;
+constexpr int kMostCountedSteps = 5;        // up to this count each has its tick
+constexpr std::size_t kMostColumns = 1000;  // of an outline, each as high as the highest of its categories
+constexpr qreal kTitleScale = 1.15;
+constexpr qreal kBarWidth = 0.7;  // of a category's room
 constexpr qreal kLargestMarker = 9;
 constexpr qreal kSmallestMarker = 6;
 constexpr qsizetype kFewPoints = 500;
@@ -41,6 +44,12 @@ constexpr double kPlainStepsFrom = 1e-4;
 // Blue, orange, green, purple, vermilion, sky blue, yellow; the strong ones first on white, the bright ones on black.
 const QList<QColor> kOnLight = {0x0072B2, 0xE69F00, 0x009E73, 0xCC79A7, 0xD55E00, 0x56B4E9, 0xF0E442};
 const QList<QColor> kOnDark = {0x56B4E9, 0xE69F00, 0x009E73, 0xCC79A7, 0xF0E442, 0xD55E00, 0x0072B2};
+
+// A drawing is laid out for the screen and painted at many scales: its type must not follow the device's resolution.
+QFont InPixels(QFont type, qreal scale) {
+  type.setPixelSize(qRound(QFontInfo(type).pixelSize() * scale));
+  return type;
+}
 
 // Titles and labels of a chart are read as HTML.
 QString Plain(const QString& text) { return text.toHtmlEscaped().replace(QLatin1Char(' '), QChar::Nbsp); }
@@ -52,22 +61,41 @@ QString Distinct(const QString& text, qsizetype number) {
   return text + mark;
 }
 
+// A label in two lines: the interval's ends, or the category and its percent.
+QStringList Folded(const QString& label) {
+  for (const char* seam : {"  (", " to "}) {
+    const qsizetype at = label.lastIndexOf(QLatin1String(seam));
+    if (at > 0) return {label.left(at + (*(seam + 1) == 't' ? 3 : 0)), label.mid(at).trimmed().section("to ", -1)};
+  }
+  return {label};
+}
+
 QString WithoutMark(QString text) { return text.remove(QChar(0x200C)).remove(QChar(0x200D)); }
 
-// As many decimals as the ticks need, and the short form for what would be too long.
-QString NumberFormat(double low, double high, int ticks) {
-  const double step = (high - low) / (ticks - 1);
-  const double size = std::max(std::abs(low), std::abs(high));
-  if (size >= kPlainNumbersTo || step < kPlainStepsFrom) return "%.6g";
+// The step of 1, 2 or 5 times a power of ten that is next above the wanted one.
+double NiceStep(double wanted) {
+  const double power = std::pow(10, std::floor(std::log10(wanted)));
+  for (const double step : {power, 2 * power, 5 * power}) {
+    if (step >= wanted * (1 - 1e-9)) return step;
+  }
+  return 10 * power;
+}
+
+// As many decimals as the step needs, and the short form for what would be too long.
+QString NumberFormat(double low, double high, double step) {
+  if (std::max(std::abs(low), std::abs(high)) >= kPlainNumbersTo || step < kPlainStepsFrom) return "%.6g";
   const int decimals = std::max(0, -static_cast<int>(std::floor(std::log10(step) + 1e-9)));
   return QString("%.%1f").arg(decimals);
 }
 
+// From a round number at or below the least value to one at or above the greatest.
 void MakeNice(QValueAxis* axis, double low, double high) {
-  axis->setRange(low, high);
-  axis->setTickCount(kTicks);
-  axis->applyNiceNumbers();
-  axis->setLabelFormat(NumberFormat(axis->min(), axis->max(), axis->tickCount()));
+  const double step = NiceStep((high - low) / kSteps);
+  const double first = std::floor(low / step) * step;
+  const double last = std::ceil(high / step) * step;
+  axis->setRange(first, last);
+  axis->setTickCount(static_cast<int>(std::round((last - first) / step)) + 1);
+  axis->setLabelFormat(NumberFormat(first, last, step));
 }
 
 double LargestValue(const Chart& chart) {
@@ -115,24 +143,23 @@ void DrawnChart::SetAppearance(const QFont& type) {
   setBackgroundPen(Qt::NoPen);
   setDropShadowEnabled(false);
   layout()->setContentsMargins(0, 0, 0, 0);
-  setFont(type);
-  QFont title = type;
-  title.setPointSizeF(type.pointSizeF() * 1.15);
+  setFont(InPixels(type, 1));
+  QFont title = InPixels(type, kTitleScale);
   title.setWeight(QFont::DemiBold);
   setTitleFont(title);
   setTitleBrush(colours_.text);
   legend()->setVisible(chart_.series.size() > 1);
   legend()->setAlignment(Qt::AlignBottom);
-  legend()->setFont(type);
+  legend()->setFont(font());
   legend()->setLabelColor(colours_.text);
 
-  const int gap = qCeil(QFontMetricsF(type).height() * 0.7);
+  const int gap = qCeil(QFontMetricsF(font()).height() * 0.7);
   QMargins margins(gap, gap, gap, gap);
   if (!chart_.footnote.empty()) {
     footnote_ = new QGraphicsSimpleTextItem(this);
-    footnote_->setFont(type);
+    footnote_->setFont(font());
     footnote_->setBrush(colours_.text);
-    margins.setBottom(gap + qCeil(QFontMetricsF(type).height() * 1.4));
+    margins.setBottom(gap + qCeil(QFontMetricsF(font()).height() * 1.4));
   }
   setMargins(margins);
 }
@@ -170,7 +197,7 @@ QValueAxis* DrawnChart::MakeValueAxis(Qt::Alignment side, const std::string& tit
 // Bars stand on 0. Counts of a few have a tick each, so that no axis shows half a case.
 void DrawnChart::SetCountRange() {
   const double largest = std::clamp(LargestValue(chart_), 0.0, 1e300);
-  if (largest > kMostCountedTicks) return MakeNice(vertical_, 0, largest);
+  if (largest > kMostCountedSteps) return MakeNice(vertical_, 0, largest);
   const int top = std::max(1, static_cast<int>(std::ceil(largest)));
   vertical_->setRange(0, top);
   vertical_->setTickCount(top + 1);
@@ -226,18 +253,25 @@ void DrawnChart::AddLine() {
 // Hundreds of categories: their outline, with numbers in place of labels that nobody could read.
 void DrawnChart::AddOutlines() {
   MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title);
-  MakeNice(horizontal_, 1, static_cast<double>(labels_.size()));
   horizontal_->setRange(0.5, static_cast<double>(labels_.size()) + 0.5);
+  horizontal_->setTickType(QValueAxis::TicksDynamic);
+  horizontal_->setTickAnchor(0);
+  horizontal_->setTickInterval(NiceStep(static_cast<double>(labels_.size()) / kSteps));
   horizontal_->setGridLineVisible(false);
   horizontal_->setLabelFormat("%.0f");
   horizontal_->setTitleText(Plain(tr("%1 categories, in their order").arg(labels_.size())));
   for (std::size_t i = 0; i < chart_.series.size(); ++i) {
     auto* upper = new QLineSeries(this);
     QList<QPointF> points;
-    double at = 0.5;
-    for (const double value : chart_.series[i].values) {
-      points << QPointF(at, 0) << QPointF(at, value) << QPointF(at + 1, value) << QPointF(at + 1, 0);
-      at += 1;
+    const std::vector<double>& values = chart_.series[i].values;
+    const std::size_t group = (values.size() + kMostColumns - 1) / kMostColumns;
+    for (std::size_t first = 0; first < values.size(); first += group) {
+      const std::size_t end = std::min(first + group, values.size());
+      const double value = *std::max_element(values.begin() + static_cast<std::ptrdiff_t>(first),
+                                             values.begin() + static_cast<std::ptrdiff_t>(end));
+      const double left = static_cast<double>(first) + 0.5;
+      const double right = static_cast<double>(end) + 0.5;
+      points << QPointF(left, 0) << QPointF(left, value) << QPointF(right, value) << QPointF(right, 0);
     }
     upper->replace(points);
     auto* area = new QAreaSeries(upper);
@@ -297,9 +331,12 @@ QStringList DrawnChart::ShownLabels() const {
 }
 
 void DrawnChart::resizeEvent(QGraphicsSceneResizeEvent* event) {
+  QChart::resizeEvent(event);
   FitTitles();
   FitLabels();
-  QChart::resizeEvent(event);
+  // The new texts ask for room of their own: the plot takes what they leave, at once.
+  layout()->invalidate();
+  layout()->activate();
 }
 
 // Titles and footnote are cut where the room ends.
@@ -320,27 +357,49 @@ void DrawnChart::FitTitles() {
   }
 }
 
-// Upright labels where they fit side by side, else turned ones, and only every second, third and so on where even
-// those would touch.
+// Upright labels where they fit side by side, in two lines if need be, else turned ones, and only every second, third
+// and so on where even those would touch.
 void DrawnChart::FitLabels() {
   if (!categories_) return;
   const QFontMetricsF metrics(font());
   const qreal line = metrics.height();
-  const qreal room = std::max<qreal>(size().width() - 7 * line, line) / static_cast<qreal>(labels_.size());
+  const qreal room = std::max<qreal>(size().width() - 6 * line, line) / static_cast<qreal>(labels_.size());
   qreal longest = 0;
-  for (const QString& label : labels_) longest = std::max(longest, metrics.horizontalAdvance(label));
-  const bool turned = longest + line * 0.6 > room;
-  const qreal most = turned ? size().height() * 0.35 : longest + 1;
-  const auto every = turned ? static_cast<qsizetype>(std::ceil(line * 1.05 / room)) : 1;
-  for (qsizetype i = 0; i < labels_.size(); ++i) {
-    const bool left_out = i % every != 0;
-    const QString shown = left_out ? QString() : Plain(metrics.elidedText(labels_[i], Qt::ElideRight, most));
-    const QString place = Distinct(shown, i + 1);
-    const QString before = categories_->at(static_cast<int>(i));
-    if (before != place) categories_->replace(before, place);
+  qreal longest_folded = 0;
+  for (const QString& label : labels_) {
+    longest = std::max(longest, metrics.horizontalAdvance(label));
+    for (const QString& part : Folded(label))
+      longest_folded = std::max(longest_folded, metrics.horizontalAdvance(part));
   }
+  const bool upright = longest + line * 0.6 <= room;
+  const bool folded = !upright && longest_folded + line * 0.4 <= room;
+  const bool turned = !upright && !folded;
+  const auto every = turned ? static_cast<qsizetype>(std::ceil(line * 1.05 / room)) : 1;
+  const qreal most = RoomForTurnedLabels();
+  QStringList places;
+  for (qsizetype i = 0; i < labels_.size(); ++i) {
+    QString shown;
+    if (folded) {
+      QStringList parts = Folded(labels_[i]);
+      for (QString& part : parts) part = Plain(part);
+      shown = parts.join("<br>");
+    } else if (i % every == 0) {
+      shown = Plain(upright ? labels_[i] : metrics.elidedText(labels_[i], Qt::ElideRight, most));
+    }
+    places += Distinct(shown, i + 1);
+  }
+  if (places != categories_->categories()) categories_->setCategories(places);
   categories_->setLabelsAngle(turned ? -90 : 0);
   categories_->setTruncateLabels(false);
+}
+
+// An axis gets two fifths of the height, its title included.
+qreal DrawnChart::RoomForTurnedLabels() const {
+  const qreal line = QFontMetricsF(font()).height();
+  qreal height = size().height() - margins().top() - margins().bottom();
+  if (!chart_.title.empty()) height -= 2 * line;
+  if (legend()->isVisible()) height -= 2 * line;
+  return std::max(line, height * 0.4 - line - (chart_.horizontal_title.empty() ? 0 : 1.5 * line));
 }
 
 void PaintChart(QPainter& painter, const QRectF& place, const Chart& chart, const ChartColours& colours,

@@ -59,6 +59,7 @@ class DrawnChart : public QChart {
   void SetCountRange();
   void ShowHint(bool hovered, qsizetype row, const QString& series, double value);
   void FitLabels();
+  qreal RoomForTurnedLabels() const;
   void FitTitles();
 
   Chart chart_;

@@ -64,6 +64,7 @@ bool WriteChartSvg(const QString& file, const Chart& chart, const QSize& size) {
   QSvgGenerator generator;
   generator.setOutputDevice(&target);
   generator.setSize(size);
+  generator.setResolution(96);  // what a browser takes for a pixel
   generator.setViewBox(QRect(QPoint(0, 0), size));
   generator.setTitle(ToQt(chart.title));
   QPainter painter(&generator);
