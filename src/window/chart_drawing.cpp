@@ -4,6 +4,7 @@
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
+#include <QCategoryAxis>
 #include <QCursor>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -29,10 +30,12 @@ namespace tessara {
 namespace {
 
 constexpr int kDarkBelow = 128;
-constexpr qsizetype kMostBars = 400;  // more of them are no bars any more, but lines
+constexpr qsizetype kMostBars = 80;  // more of them are drawn as one outline
 constexpr int kSteps = 5;
 constexpr int kMostCountedSteps = 5;        // up to this count each has its tick
 constexpr std::size_t kMostColumns = 1000;  // of an outline, each as high as the highest of its categories
+constexpr qreal kSparseLines = 1.6;         // from one label of an outline to the next
+constexpr int kLeastCutLabel = 11;          // characters: with less room a label is turned rather than cut
 constexpr qreal kTitleScale = 1.15;
 constexpr qreal kBarWidth = 0.7;  // of a category's room
 constexpr qreal kLargestMarker = 9;
@@ -61,13 +64,15 @@ QString Distinct(const QString& text, qsizetype number) {
   return text + mark;
 }
 
-// A label in two lines: the interval's ends, or the category and its percent.
-QStringList Folded(const QString& label) {
-  for (const char* seam : {"  (", " to "}) {
-    const qsizetype at = label.lastIndexOf(QLatin1String(seam));
-    if (at > 0) return {label.left(at + (*(seam + 1) == 't' ? 3 : 0)), label.mid(at).trimmed().section("to ", -1)};
-  }
-  return {label};
+// A label in lines: the category and its percent; an interval's ends, with the "to" on a line of its own where the room
+// is smallest.
+QStringList Folded(const QString& label, bool narrow) {
+  const qsizetype percent = label.lastIndexOf(QLatin1String("  ("));
+  if (percent > 0) return {label.left(percent), label.mid(percent + 2)};
+  const qsizetype to = label.indexOf(QLatin1String(" to "));
+  if (to <= 0) return {label};
+  if (narrow) return {label.left(to), "to", label.mid(to + 4)};
+  return {label.left(to + 3), label.mid(to + 4)};
 }
 
 QString WithoutMark(QString text) { return text.remove(QChar(0x200C)).remove(QChar(0x200D)); }
@@ -167,17 +172,22 @@ void DrawnChart::SetAppearance(const QFont& type) {
 QBarCategoryAxis* DrawnChart::MakeCategoryAxis() {
   if (categories_) return categories_;
   categories_ = new QBarCategoryAxis(this);
-  categories_->setLabelsFont(font());
-  categories_->setLabelsColor(colours_.text);
-  categories_->setTitleFont(font());
-  categories_->setTitleBrush(colours_.text);
-  categories_->setLinePen(colours_.grid);
-  categories_->setGridLineVisible(false);
   QStringList places;
   for (qsizetype i = 0; i < labels_.size(); ++i) places += Distinct({}, i + 1);
   categories_->append(places);
-  addAxis(categories_, Qt::AlignBottom);
+  StyleLabelAxis(categories_);
   return categories_;
+}
+
+void DrawnChart::StyleLabelAxis(QAbstractAxis* axis) {
+  axis->setLabelsFont(font());
+  axis->setLabelsColor(colours_.text);
+  axis->setTitleFont(font());
+  axis->setTitleBrush(colours_.text);
+  axis->setLinePen(colours_.grid);
+  axis->setGridLineVisible(false);
+  axis->setTruncateLabels(false);
+  addAxis(axis, Qt::AlignBottom);
 }
 
 QValueAxis* DrawnChart::MakeValueAxis(Qt::Alignment side, const std::string& title) {
@@ -210,7 +220,13 @@ void DrawnChart::Attach(QAbstractSeries* series) {
     MakeValueAxis(Qt::AlignLeft, chart_.vertical_title);
     SetCountRange();
   }
-  series->attachAxis(horizontal_ ? static_cast<QAbstractAxis*>(horizontal_) : MakeCategoryAxis());
+  if (sparse_) {
+    series->attachAxis(sparse_);
+  } else if (horizontal_) {
+    series->attachAxis(horizontal_);
+  } else {
+    series->attachAxis(MakeCategoryAxis());
+  }
   series->attachAxis(vertical_);
 }
 
@@ -250,27 +266,26 @@ void DrawnChart::AddLine() {
   line->setName(ToQt(chart_.series[0].name).toHtmlEscaped());
 }
 
-// Hundreds of categories: their outline, with numbers in place of labels that nobody could read.
+// Many categories: one outline for all bars of a series, with the labels that there is room for. Thousands of them
+// share columns, each as high as its highest, so that none is lost to sight.
 void DrawnChart::AddOutlines() {
-  MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title);
-  horizontal_->setRange(0.5, static_cast<double>(labels_.size()) + 0.5);
-  horizontal_->setTickType(QValueAxis::TicksDynamic);
-  horizontal_->setTickAnchor(0);
-  horizontal_->setTickInterval(NiceStep(static_cast<double>(labels_.size()) / kSteps));
-  horizontal_->setGridLineVisible(false);
-  horizontal_->setLabelFormat("%.0f");
-  horizontal_->setTitleText(Plain(tr("%1 categories, in their order").arg(labels_.size())));
+  const auto count = static_cast<std::size_t>(labels_.size());
+  const std::size_t group = (count + kMostColumns - 1) / kMostColumns;
+  const double gap = group == 1 ? (1 - kBarWidth) / 2 : 0;
+  sparse_ = new QCategoryAxis(this);
+  sparse_->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+  sparse_->setRange(-0.5, static_cast<double>(count) - 0.5);
+  StyleLabelAxis(sparse_);
   for (std::size_t i = 0; i < chart_.series.size(); ++i) {
     auto* upper = new QLineSeries(this);
     QList<QPointF> points;
     const std::vector<double>& values = chart_.series[i].values;
-    const std::size_t group = (values.size() + kMostColumns - 1) / kMostColumns;
-    for (std::size_t first = 0; first < values.size(); first += group) {
+    for (std::size_t first = 0; first < std::min(values.size(), count); first += group) {
       const std::size_t end = std::min(first + group, values.size());
       const double value = *std::max_element(values.begin() + static_cast<std::ptrdiff_t>(first),
                                              values.begin() + static_cast<std::ptrdiff_t>(end));
-      const double left = static_cast<double>(first) + 0.5;
-      const double right = static_cast<double>(end) + 0.5;
+      const double left = static_cast<double>(first) - 0.5 + gap;
+      const double right = static_cast<double>(end) - 0.5 - gap;
       points << QPointF(left, 0) << QPointF(left, value) << QPointF(right, value) << QPointF(right, 0);
     }
     upper->replace(points);
@@ -324,6 +339,9 @@ void DrawnChart::ShowHint(bool hovered, qsizetype row, const QString& series, do
 
 QStringList DrawnChart::ShownLabels() const {
   QStringList shown;
+  if (sparse_) {
+    for (const QString& label : sparse_->categoriesLabels()) shown += WithoutMark(label);
+  }
   if (categories_) {
     for (const QString& category : categories_->categories()) shown += WithoutMark(category);
   }
@@ -349,6 +367,7 @@ void DrawnChart::FitTitles() {
   setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
   const QString across = Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
   if (categories_) categories_->setTitleText(across);
+  if (sparse_) sparse_->setTitleText(across);
   if (horizontal_ && chart_.type == tessara::ChartType::kScatter) horizontal_->setTitleText(across);
   if (vertical_) vertical_->setTitleText(Plain(cut(metrics, chart_.vertical_title, size().height() - 6 * gap)));
   if (footnote_) {
@@ -357,40 +376,67 @@ void DrawnChart::FitTitles() {
   }
 }
 
-// Upright labels where they fit side by side, in two lines if need be, else turned ones, and only every second, third
-// and so on where even those would touch.
+// Upright labels where they fit side by side, in lines if need be, cut where they are long and there is room for the
+// better part of them. Else turned ones, and only every second, third and so on where even those would touch.
 void DrawnChart::FitLabels() {
-  if (!categories_) return;
+  if (labels_.isEmpty() || (!categories_ && !sparse_)) return;
   const QFontMetricsF metrics(font());
   const qreal line = metrics.height();
-  const qreal room = std::max<qreal>(size().width() - 6 * line, line) / static_cast<qreal>(labels_.size());
-  qreal longest = 0;
-  qreal longest_folded = 0;
-  for (const QString& label : labels_) {
-    longest = std::max(longest, metrics.horizontalAdvance(label));
-    for (const QString& part : Folded(label))
-      longest_folded = std::max(longest_folded, metrics.horizontalAdvance(part));
+  const qreal room = std::max<qreal>(size().width() - 5 * line, line) / static_cast<qreal>(labels_.size());
+  if (sparse_) return PlaceSparseLabels(room);
+  const auto widest = [&](auto parts_of) {
+    qreal widest_part = 0;
+    for (const QString& label : labels_) {
+      for (const QString& part : parts_of(label)) widest_part = std::max(widest_part, metrics.horizontalAdvance(part));
+    }
+    return widest_part + line * 0.4;
+  };
+  const auto whole = [](const QString& label) { return QStringList(label); };
+  const auto wide = [](const QString& label) { return Folded(label, false); };
+  const auto narrow = [](const QString& label) { return Folded(label, true); };
+  if (widest(whole) + line * 0.4 <= room) return PlaceUprightLabels(whole, room);
+  if (widest(wide) <= room) return PlaceUprightLabels(wide, room);
+  if (widest(narrow) <= room || room >= metrics.averageCharWidth() * kLeastCutLabel) {
+    return PlaceUprightLabels(narrow, room);
   }
-  const bool upright = longest + line * 0.6 <= room;
-  const bool folded = !upright && longest_folded + line * 0.4 <= room;
-  const bool turned = !upright && !folded;
-  const auto every = turned ? static_cast<qsizetype>(std::ceil(line * 1.05 / room)) : 1;
-  const qreal most = RoomForTurnedLabels();
+  const auto every = static_cast<qsizetype>(std::ceil(line * 1.05 / room));
   QStringList places;
   for (qsizetype i = 0; i < labels_.size(); ++i) {
-    QString shown;
-    if (folded) {
-      QStringList parts = Folded(labels_[i]);
-      for (QString& part : parts) part = Plain(part);
-      shown = parts.join("<br>");
-    } else if (i % every == 0) {
-      shown = Plain(upright ? labels_[i] : metrics.elidedText(labels_[i], Qt::ElideRight, most));
-    }
-    places += Distinct(shown, i + 1);
+    const bool shown = i % every == every / 2;
+    places += Distinct(shown ? TurnedLabel(i) : QString(), i + 1);
   }
+  ShowCategories(places, -90);
+}
+
+void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room) {
+  const QFontMetricsF metrics(font());
+  QStringList places;
+  for (qsizetype i = 0; i < labels_.size(); ++i) {
+    QStringList parts = parts_of(labels_[i]);
+    for (QString& part : parts) part = Plain(metrics.elidedText(part, Qt::ElideRight, room - metrics.height() * 0.2));
+    places += Distinct(parts.join("<br>"), i + 1);
+  }
+  ShowCategories(places, 0);
+}
+
+void DrawnChart::ShowCategories(const QStringList& places, int angle) {
   if (places != categories_->categories()) categories_->setCategories(places);
-  categories_->setLabelsAngle(turned ? -90 : 0);
-  categories_->setTruncateLabels(false);
+  categories_->setLabelsAngle(angle);
+}
+
+// The labels of an outline's categories, as many as there is room for.
+void DrawnChart::PlaceSparseLabels(qreal room) {
+  for (const QString& label : sparse_->categoriesLabels()) sparse_->remove(label);
+  const qreal line = QFontMetricsF(font()).height();
+  const auto every = static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
+  for (qsizetype i = every / 2; i < labels_.size(); i += every) {
+    sparse_->append(Distinct(TurnedLabel(i), i + 1), static_cast<qreal>(i));
+  }
+  sparse_->setLabelsAngle(-90);
+}
+
+QString DrawnChart::TurnedLabel(qsizetype category) const {
+  return Plain(QFontMetricsF(font()).elidedText(labels_[category], Qt::ElideRight, RoomForTurnedLabels()));
 }
 
 // An axis gets two fifths of the height, its title included.

@@ -3,12 +3,14 @@
 #include <QChart>
 #include <QColor>
 #include <QList>
-#include <QPointer>
+#include <functional>
 
 #include "presentation/chart_data.h"
 
+class QAbstractAxis;
 class QAbstractSeries;
 class QBarCategoryAxis;
+class QCategoryAxis;
 class QGraphicsSimpleTextItem;
 class QPainter;
 class QPalette;
@@ -58,7 +60,12 @@ class DrawnChart : public QChart {
   QValueAxis* MakeValueAxis(Qt::Alignment side, const std::string& title);
   void SetCountRange();
   void ShowHint(bool hovered, qsizetype row, const QString& series, double value);
+  void StyleLabelAxis(QAbstractAxis* axis);
   void FitLabels();
+  void PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room);
+  void PlaceSparseLabels(qreal room);
+  void ShowCategories(const QStringList& places, int angle);
+  QString TurnedLabel(qsizetype category) const;
   qreal RoomForTurnedLabels() const;
   void FitTitles();
 
@@ -66,6 +73,7 @@ class DrawnChart : public QChart {
   ChartColours colours_;
   QStringList labels_;
   QBarCategoryAxis* categories_ = nullptr;
+  QCategoryAxis* sparse_ = nullptr;  // of outlines
   QValueAxis* horizontal_ = nullptr;
   QValueAxis* vertical_ = nullptr;
   QGraphicsSimpleTextItem* footnote_ = nullptr;
