@@ -23,6 +23,7 @@
 #include <cmath>
 
 #include "numerics/number_text.h"
+#include "window/chart_text.h"
 #include "window/point_cloud.h"
 #include "window/text.h"
 
@@ -32,10 +33,8 @@ namespace {
 constexpr int kDarkBelow = 128;
 constexpr qsizetype kMostBars = 80;  // more of them are drawn as one outline
 constexpr int kSteps = 5;
-constexpr int kMostCountedSteps = 5;        // up to this count each has its tick
-constexpr std::size_t kMostColumns = 1000;  // of an outline, each as high as the highest of its categories
-constexpr qreal kSparseLines = 1.6;         // from one label of an outline to the next
-constexpr int kLeastCutLabel = 11;          // characters: with less room a label is turned rather than cut
+constexpr int kMostCountedSteps = 5;      // up to this count each has its tick
+constexpr qsizetype kMostColumns = 1000;  // of an outline, each as high as the highest of its categories
 constexpr qreal kTitleScale = 1.15;
 constexpr qreal kBarWidth = 0.7;  // of a category's room
 constexpr qreal kLargestMarker = 9;
@@ -53,29 +52,6 @@ QFont InPixels(QFont type, qreal scale) {
   type.setPixelSize(qRound(QFontInfo(type).pixelSize() * scale));
   return type;
 }
-
-// Titles and labels of a chart are read as HTML.
-QString Plain(const QString& text) { return text.toHtmlEscaped().replace(QLatin1Char(' '), QChar::Nbsp); }
-
-// An axis takes each category once. What nobody sees tells equal texts apart: the category's number, in joiners.
-QString Distinct(const QString& text, qsizetype number) {
-  QString mark;
-  for (; number > 0; number /= 2) mark += QChar(number % 2 == 0 ? 0x200C : 0x200D);
-  return text + mark;
-}
-
-// A label in lines: the category and its percent; an interval's ends, with the "to" on a line of its own where the room
-// is smallest.
-QStringList Folded(const QString& label, bool narrow) {
-  const qsizetype percent = label.lastIndexOf(QLatin1String("  ("));
-  if (percent > 0) return {label.left(percent), label.mid(percent + 2)};
-  const qsizetype to = label.indexOf(QLatin1String(" to "));
-  if (to <= 0) return {label};
-  if (narrow) return {label.left(to), "to", label.mid(to + 4)};
-  return {label.left(to + 3), label.mid(to + 4)};
-}
-
-QString WithoutMark(QString text) { return text.remove(QChar(0x200C)).remove(QChar(0x200D)); }
 
 // The step of 1, 2 or 5 times a power of ten that is next above the wanted one.
 double NiceStep(double wanted) {
@@ -270,7 +246,8 @@ void DrawnChart::AddLine() {
 // share columns, each as high as its highest, so that none is lost to sight.
 void DrawnChart::AddOutlines() {
   const auto count = static_cast<std::size_t>(labels_.size());
-  const std::size_t group = (count + kMostColumns - 1) / kMostColumns;
+  const auto group = static_cast<std::size_t>((labels_.size() + kMostColumns - 1) / kMostColumns);
+  shares_columns_ = group > 1;
   const double gap = group == 1 ? (1 - kBarWidth) / 2 : 0;
   sparse_ = new QCategoryAxis(this);
   sparse_->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
@@ -337,17 +314,6 @@ void DrawnChart::ShowHint(bool hovered, qsizetype row, const QString& series, do
   QToolTip::showText(QCursor::pos(), hint.toHtmlEscaped().replace(QLatin1Char(10), QLatin1String("<br>")));
 }
 
-QStringList DrawnChart::ShownLabels() const {
-  QStringList shown;
-  if (sparse_) {
-    for (const QString& label : sparse_->categoriesLabels()) shown += WithoutMark(label);
-  }
-  if (categories_) {
-    for (const QString& category : categories_->categories()) shown += WithoutMark(category);
-  }
-  return shown;
-}
-
 void DrawnChart::resizeEvent(QGraphicsSceneResizeEvent* event) {
   QChart::resizeEvent(event);
   FitTitles();
@@ -355,97 +321,6 @@ void DrawnChart::resizeEvent(QGraphicsSceneResizeEvent* event) {
   // The new texts ask for room of their own: the plot takes what they leave, at once.
   layout()->invalidate();
   layout()->activate();
-}
-
-// Titles and footnote are cut where the room ends.
-void DrawnChart::FitTitles() {
-  const QFontMetricsF metrics(font());
-  const qreal gap = metrics.height();
-  const auto cut = [](const QFontMetricsF& type, const std::string& text, qreal room) {
-    return type.elidedText(ToQt(text), Qt::ElideRight, std::max<qreal>(room, 1));
-  };
-  setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
-  const QString across = Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
-  if (categories_) categories_->setTitleText(across);
-  if (sparse_) sparse_->setTitleText(across);
-  if (horizontal_ && chart_.type == tessara::ChartType::kScatter) horizontal_->setTitleText(across);
-  if (vertical_) vertical_->setTitleText(Plain(cut(metrics, chart_.vertical_title, size().height() - 6 * gap)));
-  if (footnote_) {
-    footnote_->setText(cut(metrics, chart_.footnote, size().width() - 2 * gap));
-    footnote_->setPos(gap, size().height() - metrics.height() * 1.5);
-  }
-}
-
-// Upright labels where they fit side by side, in lines if need be, cut where they are long and there is room for the
-// better part of them. Else turned ones, and only every second, third and so on where even those would touch.
-void DrawnChart::FitLabels() {
-  if (labels_.isEmpty() || (!categories_ && !sparse_)) return;
-  const QFontMetricsF metrics(font());
-  const qreal line = metrics.height();
-  const qreal room = std::max<qreal>(size().width() - 5 * line, line) / static_cast<qreal>(labels_.size());
-  if (sparse_) return PlaceSparseLabels(room);
-  const auto widest = [&](auto parts_of) {
-    qreal widest_part = 0;
-    for (const QString& label : labels_) {
-      for (const QString& part : parts_of(label)) widest_part = std::max(widest_part, metrics.horizontalAdvance(part));
-    }
-    return widest_part + line * 0.4;
-  };
-  const auto whole = [](const QString& label) { return QStringList(label); };
-  const auto wide = [](const QString& label) { return Folded(label, false); };
-  const auto narrow = [](const QString& label) { return Folded(label, true); };
-  if (widest(whole) + line * 0.4 <= room) return PlaceUprightLabels(whole, room);
-  if (widest(wide) <= room) return PlaceUprightLabels(wide, room);
-  if (widest(narrow) <= room || room >= metrics.averageCharWidth() * kLeastCutLabel) {
-    return PlaceUprightLabels(narrow, room);
-  }
-  const auto every = static_cast<qsizetype>(std::ceil(line * 1.05 / room));
-  QStringList places;
-  for (qsizetype i = 0; i < labels_.size(); ++i) {
-    const bool shown = i % every == every / 2;
-    places += Distinct(shown ? TurnedLabel(i) : QString(), i + 1);
-  }
-  ShowCategories(places, -90);
-}
-
-void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room) {
-  const QFontMetricsF metrics(font());
-  QStringList places;
-  for (qsizetype i = 0; i < labels_.size(); ++i) {
-    QStringList parts = parts_of(labels_[i]);
-    for (QString& part : parts) part = Plain(metrics.elidedText(part, Qt::ElideRight, room - metrics.height() * 0.2));
-    places += Distinct(parts.join("<br>"), i + 1);
-  }
-  ShowCategories(places, 0);
-}
-
-void DrawnChart::ShowCategories(const QStringList& places, int angle) {
-  if (places != categories_->categories()) categories_->setCategories(places);
-  categories_->setLabelsAngle(angle);
-}
-
-// The labels of an outline's categories, as many as there is room for.
-void DrawnChart::PlaceSparseLabels(qreal room) {
-  for (const QString& label : sparse_->categoriesLabels()) sparse_->remove(label);
-  const qreal line = QFontMetricsF(font()).height();
-  const auto every = static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
-  for (qsizetype i = every / 2; i < labels_.size(); i += every) {
-    sparse_->append(Distinct(TurnedLabel(i), i + 1), static_cast<qreal>(i));
-  }
-  sparse_->setLabelsAngle(-90);
-}
-
-QString DrawnChart::TurnedLabel(qsizetype category) const {
-  return Plain(QFontMetricsF(font()).elidedText(labels_[category], Qt::ElideRight, RoomForTurnedLabels()));
-}
-
-// An axis gets two fifths of the height, its title included.
-qreal DrawnChart::RoomForTurnedLabels() const {
-  const qreal line = QFontMetricsF(font()).height();
-  qreal height = size().height() - margins().top() - margins().bottom();
-  if (!chart_.title.empty()) height -= 2 * line;
-  if (legend()->isVisible()) height -= 2 * line;
-  return std::max(line, height * 0.4 - line - (chart_.horizontal_title.empty() ? 0 : 1.5 * line));
 }
 
 void PaintChart(QPainter& painter, const QRectF& place, const Chart& chart, const ChartColours& colours,

@@ -65,6 +65,7 @@ class DrawnChart : public QChart {
   void PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room);
   void PlaceSparseLabels(qreal room);
   void ShowCategories(const QStringList& places, int angle);
+  QString SharedColumnsTitle() const;
   QString TurnedLabel(qsizetype category) const;
   qreal RoomForTurnedLabels() const;
   void FitTitles();
@@ -74,6 +75,7 @@ class DrawnChart : public QChart {
   QStringList labels_;
   QBarCategoryAxis* categories_ = nullptr;
   QCategoryAxis* sparse_ = nullptr;  // of outlines
+  bool shares_columns_ = false;      // of outlines: a column stands for several categories
   QValueAxis* horizontal_ = nullptr;
   QValueAxis* vertical_ = nullptr;
   QGraphicsSimpleTextItem* footnote_ = nullptr;

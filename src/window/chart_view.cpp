@@ -14,6 +14,7 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
   setRenderHint(QPainter::Antialiasing);
+  viewport()->setMouseTracking(true);  // for the hints over bars
   setMinimumSize(fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 9);
   words_ = new QLabel(viewport());
   words_->setObjectName("EmptyText");

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -123,10 +124,17 @@ void QtPlatform::BeforeDialog() {
   if (before_dialog_) before_dialog_();
 }
 
+// The window that the user works in, so that no dialog opens behind it: the frame, or a window beside it.
+QWidget* QtPlatform::DialogParent() const {
+  auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
+  const QWidget* owner = active ? active->parentWidget() : nullptr;
+  return owner && !active->isModal() && owner->window() == frame_ ? active : frame_.data();
+}
+
 std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_save) {
   BeforeDialog();
   const PlainCursor cursor;
-  QFileDialog form(frame_, ToQt(dialog.title), StartFolder(dialog.initial_folder));
+  QFileDialog form(DialogParent(), ToQt(dialog.title), StartFolder(dialog.initial_folder));
   form.setNameFilters(NameFilters(dialog.filter));
   form.setAcceptMode(to_save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   form.setFileMode(to_save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -175,7 +183,7 @@ bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
   BeforeDialog();
   const PlainCursor cursor;
-  QPrintDialog form(&Printer(), frame_);
+  QPrintDialog form(&Printer(), DialogParent());
   form.setWindowTitle(ToQt(dialog.title));
   form.setOption(QAbstractPrintDialog::PrintPageRange, false);
   form.setOption(QAbstractPrintDialog::PrintSelection, dialog.offer_selection);
@@ -189,7 +197,7 @@ std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
 Answer QtPlatform::ShowMessage(const MessageBox& box) {
   BeforeDialog();
   const PlainCursor cursor;
-  QMessageBox form(BoxIcon(box.tone), ToQt(box.title), QString(), BoxButtons(box.buttons), frame_);
+  QMessageBox form(BoxIcon(box.tone), ToQt(box.title), QString(), BoxButtons(box.buttons), DialogParent());
   form.setTextFormat(Qt::PlainText);
   form.setText(ToQtLines(box.text));
   return AnswerOf(form.exec(), box.buttons);

@@ -75,6 +75,7 @@ class QtPlatform : public Platform {
   void BeforeDialog();
 
  private:
+  QWidget* DialogParent() const;
   std::optional<ChosenFile> AskFile(const FileDialog& dialog, bool to_save);
 
   PlatformFolders folders_;

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QScatterSeries>
 #include <QSvgRenderer>
+#include <QToolTip>
 #include <QValueAxis>
 
 #include "presentation/chart_data.h"
@@ -389,6 +390,20 @@ class ChartsTest : public QObject {
     const QImage picture = MsChart(1)->grab().toImage();
     QVERIFY(HasColour(picture, 0x56B4E9));
     QVERIFY(!HasColour(picture, 0x0072B2));
+  }
+
+  void AHintTellsABarsFigure() {
+    Run(Procedure::kFrequencies, {1});
+    ChartView* view = MsChart(1);
+    const auto place = [view](double category) {
+      return view->mapFromScene(
+          view->chart()->mapToScene(view->chart()->mapToPosition(QPointF(category, 1), view->chart()->series()[0])));
+    };
+    QTest::mouseMove(view->viewport(), place(0.5));
+    QTest::mouseMove(view->viewport(), place(1));
+    QTRY_VERIFY(QToolTip::text().contains("2  (60.0%)<br>3"));
+    QTest::mouseMove(view->viewport(), place(0.5));
+    QTRY_VERIFY(!QToolTip::isVisible() || QToolTip::text().isEmpty());
   }
 
   void TheFootnoteIsDrawn() {
