@@ -394,16 +394,12 @@ class ChartsTest : public QObject {
 
   void AHintTellsABarsFigure() {
     Run(Procedure::kFrequencies, {1});
-    ChartView* view = MsChart(1);
-    const auto place = [view](double category) {
-      return view->mapFromScene(
-          view->chart()->mapToScene(view->chart()->mapToPosition(QPointF(category, 1), view->chart()->series()[0])));
-    };
-    QTest::mouseMove(view->viewport(), place(0.5));
-    QTest::mouseMove(view->viewport(), place(1));
-    QTRY_VERIFY(QToolTip::text().contains("2  (60.0%)<br>3"));
-    QTest::mouseMove(view->viewport(), place(0.5));
-    QTRY_VERIFY(!QToolTip::isVisible() || QToolTip::text().isEmpty());
+    QVERIFY(MsChart(1)->viewport()->hasMouseTracking());
+    auto* bars = qobject_cast<QBarSeries*>(MsChart(1)->chart()->series()[0]);
+    emit bars->hovered(true, 1, bars->barSets()[0]);
+    QVERIFY(QToolTip::text().endsWith("2  (60.0%)<br>3"));
+    emit bars->hovered(false, 1, bars->barSets()[0]);
+    QTRY_VERIFY(!QToolTip::isVisible());
   }
 
   void TheFootnoteIsDrawn() {
