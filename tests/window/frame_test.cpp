@@ -229,7 +229,7 @@ class FrameTest : public QObject {
     window().Trigger(602);
     QVERIFY(pane->isVisible());
     QCOMPARE(pane->windowTitle(), "Help Window");
-    auto* browser = window().Find<QTextEdit>("WebBrowser1");
+    auto* browser = window().Find<QWidget>("TaskPanel")->findChild<QTextEdit*>("WebBrowser1");
     QTRY_VERIFY(browser->toPlainText().contains("About the grid"));
     window().ShowView(View::ViewOutput);
     QTRY_VERIFY(browser->toPlainText().contains("About the output"));
