@@ -35,6 +35,7 @@ constexpr qsizetype kMostBars = 80;  // more of them are drawn as one outline
 constexpr int kSteps = 5;
 constexpr int kMostCountedSteps = 5;      // up to this count each has its tick
 constexpr qsizetype kMostColumns = 1000;  // of an outline, each as high as the highest of its categories
+constexpr double kAboveALine = 1.04;
 constexpr qreal kTitleScale = 1.15;
 constexpr qreal kBarWidth = 0.7;  // of a category's room
 constexpr qreal kLargestMarker = 9;
@@ -180,9 +181,12 @@ QValueAxis* DrawnChart::MakeValueAxis(Qt::Alignment side, const std::string& tit
   return axis;
 }
 
-// Bars stand on 0. Counts of a few have a tick each, so that no axis shows half a case.
+// Bars stand on 0. Counts of a few have a tick each, so that no axis shows half a case. The points of a line keep off
+// the edge.
 void DrawnChart::SetCountRange() {
-  const double largest = std::clamp(LargestValue(chart_), 0.0, 1e300);
+  const bool has_line =
+      chart_.type == tessara::ChartType::kLine || chart_.type == tessara::ChartType::kHistogramAndLine;
+  const double largest = std::clamp(LargestValue(chart_), 0.0, 1e300) * (has_line ? kAboveALine : 1);
   if (largest > kMostCountedSteps) return MakeNice(vertical_, 0, largest);
   const int top = std::max(1, static_cast<int>(std::ceil(largest)));
   vertical_->setRange(0, top);

@@ -16,8 +16,9 @@
 namespace tessara {
 namespace {
 
-constexpr qreal kSparseLines = 1.6;  // from one label of an outline to the next
-constexpr int kLeastCutLabel = 11;   // characters: with less room a label is turned rather than cut
+constexpr qreal kSparseLines = 1.6;     // from one label of an outline to the next
+constexpr int kLeastCutLabel = 11;      // characters: with less room a label is turned rather than cut
+constexpr qreal kLeastTurnedLines = 4;  // the height below which a turned label would be cut to nothing
 
 }  // namespace
 
@@ -56,7 +57,8 @@ QString DrawnChart::SharedColumnsTitle() const {
 }
 
 // Upright labels where they fit side by side, in lines if need be, cut where they are long and there is room for the
-// better part of them. Else turned ones, and only every second, third and so on where even those would touch.
+// better part of them. Else turned ones, or upright ones again where the chart is too low for that, and only every
+// second, third and so on where even those would touch.
 void DrawnChart::FitLabels() {
   if (labels_.isEmpty() || (!categories_ && !sparse_)) return;
   const QFontMetricsF metrics(font());
@@ -78,6 +80,9 @@ void DrawnChart::FitLabels() {
   if (widest(narrow) <= room || room >= metrics.averageCharWidth() * kLeastCutLabel) {
     return PlaceUprightLabels(narrow, room);
   }
+  if (RoomForTurnedLabels() < line * kLeastTurnedLines) {
+    return PlaceUprightLabels(wide, room, static_cast<qsizetype>(std::ceil(widest(wide) / room)));
+  }
   const auto every = static_cast<qsizetype>(std::ceil(line * 1.05 / room));
   QStringList places;
   for (qsizetype i = 0; i < labels_.size(); ++i) {
@@ -87,12 +92,14 @@ void DrawnChart::FitLabels() {
   ShowCategories(places, -90);
 }
 
-void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room) {
+void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room,
+                                    qsizetype every) {
   const QFontMetricsF metrics(font());
+  const qreal most = room * static_cast<qreal>(every) - metrics.height() * 0.2;
   QStringList places;
   for (qsizetype i = 0; i < labels_.size(); ++i) {
-    QStringList parts = parts_of(labels_[i]);
-    for (QString& part : parts) part = Plain(metrics.elidedText(part, Qt::ElideRight, room - metrics.height() * 0.2));
+    QStringList parts = i % every == every / 2 ? parts_of(labels_[i]) : QStringList();
+    for (QString& part : parts) part = Plain(metrics.elidedText(part, Qt::ElideRight, most));
     places += Distinct(parts.join("<br>"), i + 1);
   }
   ShowCategories(places, 0);

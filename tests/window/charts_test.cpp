@@ -272,6 +272,9 @@ class ChartsTest : public QObject {
     few->resize(200, 300);
     QVERIFY(turned(*few));
     QCOMPARE(few->ShownLabels().count(QString()), 0);
+    few->resize(200, 130);  // too low for turned labels
+    QVERIFY(!turned(*few));
+    QVERIFY(few->ShownLabels().count(QString()) > 0);
     // An interval's ends stand in lines ahead of that.
     const auto lines = Draw(IntervalChart(ChartType::kLine, "L", "X", Values({1, 2})), {340, 300});
     QVERIFY(!turned(*lines));
@@ -306,6 +309,11 @@ class ChartsTest : public QObject {
       QCOMPARE(axis->max(), std::max(1.0, count));
       QCOMPARE(axis->tickCount(), static_cast<int>(std::max(1.0, count)) + 1);
     }
+  }
+
+  void ThePointsOfALineKeepOffTheEdge() {
+    const auto drawn = Draw(IntervalChart(ChartType::kLine, "L", "X", Values(std::vector<double>(30, 1))), {600, 400});
+    QVERIFY(qobject_cast<QValueAxis*>(drawn->axes(Qt::Vertical).value(0))->max() > 30);
   }
 
   void ThousandsOfCategoriesAreDrawnAsOneOutline() {
