@@ -7,7 +7,7 @@
 packages_of() {
   case "$1" in
     build) echo "g++ cmake ninja-build ccache libcli11-dev" ;;
-    window) echo "qt6-base-dev qt6-svg-dev qt6-charts-dev qt6-multimedia-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
+    window) echo "qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-multimedia-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
     test) echo "libgtest-dev clang clang-format libclang-rt-14-dev" ;;
   esac
 }
@@ -40,6 +40,7 @@ need_packages() {
         libclang-rt-14-dev) package=$(apt-cache pkgnames libclang-rt- | grep -E '^libclang-rt-[0-9]+-dev$' | sort -V | tail -n 1) ;;
         qt6-svg-dev) package=libqt6svg6-dev ;;
         qt6-charts-dev) package=libqt6charts6-dev ;;
+        libqt6opengl6-dev) package=qt6-base-dev ;;
       esac
     fi
     wanted="$wanted $package"

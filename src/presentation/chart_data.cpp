@@ -1,8 +1,10 @@
 #include "presentation/chart_data.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
+#include "numerics/checked.h"
 #include "numerics/number_text.h"
 #include "numerics/text.h"
 #include "presentation/bar_chart.h"
@@ -21,7 +23,30 @@ std::string Field(std::string_view text) {
   return field;
 }
 
-bool HasIntervals(const Chart& chart) { return chart.values != nullptr; }
+std::size_t PointCount(const Chart& chart) {
+  return chart.x && chart.y ? std::min(chart.x->size(), chart.y->size()) : 0;
+}
+
+// The points of a scatter chart go to their lines without a table in between: there may be a million of them.
+void AppendRows(std::string& text, const Chart& chart) {
+  if (chart.type == ChartType::kScatter) {
+    NumberBuffer buffer;
+    for (std::size_t i = 0; i < PointCount(chart); ++i) {
+      text += TextOf((*chart.x)[i], buffer);
+      text += '\t';
+      text += TextOf((*chart.y)[i], buffer);
+      text += "\r\n";
+    }
+    return;
+  }
+  for (const std::vector<TaggedValue>& row : ChartRows(chart)) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (i > 0) text += '\t';
+      text += Field(TextOf(row[i]));
+    }
+    text += "\r\n";
+  }
+}
 
 }  // namespace
 
@@ -35,6 +60,7 @@ void ClearCharts(ChartStore& store) {
 void KeepCharts(ChartStore& store, ChartKind kind, std::vector<Chart> charts) {
   store.kind = kind;
   store.charts = std::move(charts);
+  if (store.charts.size() > kChartViews) store.charts.resize(kChartViews);
   ++store.Revision;
 }
 
@@ -74,11 +100,13 @@ Chart ScatterChart(std::string title, std::string horizontal_title, std::string 
 
 Chart WithRows(const Chart& chart) {
   Chart filled = chart;
-  if (!HasIntervals(chart) || chart.values->empty()) return filled;
+  if (!chart.values || chart.values->empty()) return filled;
   const auto [least, greatest] = std::ranges::minmax_element(*chart.values);
+  Number range;
+  range = Checked(*greatest) - *least;
   Chart::Series counts{kFrequency, {}};
   filled.labels.clear();
-  for (const BarTable::Bar& bar : MakeBarTable(*chart.values, *least, *greatest - *least).bars) {
+  for (const BarTable::Bar& bar : MakeBarTable(*chart.values, *least, range.value()).bars) {
     filled.labels.emplace_back(Trimmed(bar.label));
     counts.values.push_back(static_cast<double>(bar.count));
   }
@@ -89,17 +117,28 @@ Chart WithRows(const Chart& chart) {
 ChartTable ChartRows(const Chart& chart) {
   ChartTable table;
   if (chart.type == ChartType::kScatter) {
-    const std::size_t points = chart.x && chart.y ? std::min(chart.x->size(), chart.y->size()) : 0;
-    for (std::size_t i = 0; i < points; ++i) table.push_back({(*chart.x)[i], (*chart.y)[i]});
+    for (std::size_t i = 0; i < PointCount(chart); ++i) table.push_back({(*chart.x)[i], (*chart.y)[i]});
     return table;
   }
   const Chart filled = WithRows(chart);
   for (std::size_t row = 0; row < filled.labels.size(); ++row) {
     std::vector<TaggedValue> cells = {filled.labels[row]};
-    for (const Chart::Series& series : filled.series) cells.emplace_back(series.values[row]);
+    for (const Chart::Series& series : filled.series) {
+      cells.push_back(row < series.values.size() ? TaggedValue(series.values[row]) : TaggedValue());
+    }
     table.push_back(std::move(cells));
   }
   return table;
+}
+
+std::string ChartRowsText(const Chart& chart) {
+  std::string text;
+  if (chart.series.size() > 1) {
+    for (const Chart::Series& series : chart.series) text += '\t' + Field(series.name);
+    text += "\r\n";
+  }
+  AppendRows(text, chart);
+  return text;
 }
 
 std::optional<Chart> ShowChart(const ChartStore& store, std::size_t view, Platform& platform) {
@@ -120,13 +159,7 @@ std::string ChartsText(const ChartStore& store) {
   for (const Chart& chart : store.charts) {
     text += "chart\t" + Field(chart.title) + '\t' + Field(chart.horizontal_title) + '\t' + Field(chart.vertical_title) +
             '\t' + Field(chart.footnote) + "\r\n";
-    for (const std::vector<TaggedValue>& row : ChartRows(chart)) {
-      for (std::size_t i = 0; i < row.size(); ++i) {
-        if (i > 0) text += '\t';
-        text += Field(TextOf(row[i]));
-      }
-      text += "\r\n";
-    }
+    AppendRows(text, chart);
   }
   return text;
 }

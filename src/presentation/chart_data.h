@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -58,7 +58,7 @@ using ChartTable = std::vector<std::vector<TaggedValue>>;
 struct ChartStore {
   ChartKind kind = ChartKind::kNone;
   std::vector<Chart> charts;              // the first views, kChartViews at most
-  std::string summary;                    // the short summary beside an enlarged chart
+  std::string summary;                    // the text beside an enlarged chart
   std::size_t SelectedVariableCount = 0;  // analysis variables of the last run
   std::uint64_t Revision = 0;             // counts up when the charts change
 };
@@ -66,7 +66,7 @@ struct ChartStore {
 // Forgets the charts. A run begins with it, and a procedure that gives no chart leaves it so.
 void ClearCharts(ChartStore& store);
 
-// Takes the charts of a procedure in the place of the former ones.
+// Takes the charts of a procedure in the place of the former ones; what has no view is left out.
 void KeepCharts(ChartStore& store, ChartKind kind, std::vector<Chart> charts);
 
 // One bar for each label.
@@ -77,13 +77,20 @@ Chart IntervalChart(ChartType type, std::string title, std::string horizontal_ti
 Chart ScatterChart(std::string title, std::string horizontal_title, std::string vertical_title, ChartValues x,
                    ChartValues y);
 
-// The rows of a chart: labels of the intervals are without the blanks that fill them in a report.
+// The rows of a chart: labels of the intervals are without the blanks that fill them in a report. A series that is
+// shorter than the labels has empty cells at its end.
 ChartTable ChartRows(const Chart& chart);
 
-// An interval chart's labels and counts, filled in; other charts as they are.
+// The rows as tab-delimited text, each with a line end: what goes to the clipboard with a chart's image. More than one
+// series stand under a line of their names.
+std::string ChartRowsText(const Chart& chart);
+
+// An interval chart with its labels and counts filled in, as in the text bar chart: a range beyond that of a double
+// counts as 0, and no values at all have no rows. Other charts as they are.
 Chart WithRows(const Chart& chart);
 
-// A view of the last run, from 0, to be shown enlarged; nothing, and a box that says why, where there is none.
+// The chart of a view of the last run, views counted from 0, to be shown enlarged; nothing, and a box that says why,
+// where there is none.
 std::optional<Chart> ShowChart(const ChartStore& store, std::size_t view, Platform& platform);
 
 // All charts as tab-delimited text: for each a line "chart", title, both axis titles and footnote, then its rows.

@@ -22,6 +22,9 @@ struct PrintOptions {
 // and more are cut after every 66th line.
 std::vector<std::string> OutputPages(std::string_view text, const PrintOptions& options, const CalendarDay& today);
 
+// The box for a printer that refuses, whatever was to be printed.
+void ShowPrinterError(Platform& platform);
+
 // Asks for the printer and prints the text of the box, each copy anew; a text without a mark is printed once, whatever
 // the number of copies. False when it was cancelled or the printer refused.
 bool PrintOutput(const OutputLog& output, Platform& platform, const PrintOptions& options, bool box_has_selection);

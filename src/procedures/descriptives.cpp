@@ -1,6 +1,7 @@
 #include "procedures/descriptives.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "data/missing_test.h"
@@ -137,6 +138,32 @@ std::string DescriptivesReport(const DataSet& data, const CaseControl& control, 
   return report;
 }
 
+// What stands beside an enlarged chart. The count has decimals here as the other values have.
+std::string ShortSummary(const DataSet& data, const CaseControl& control, const DescriptiveStatistics& s) {
+  const std::size_t column = data.RoleVariable[kMainRole];
+  const auto value = [](const Number& number) { return FormatCol(number, 14, 4) + "\r\n"; };
+  std::string summary = control.ControlCaption();
+  summary += "Descriptive Statistics\r\n";
+  summary += "Variable: " + data.VariableName(column) + "\r\n";
+  summary += "Label: " + data.VariableLabel(column) + "\r\n";
+  summary += "Count        " + value(static_cast<double>(s.count));
+  summary += "Mean         " + value(s.mean);
+  summary += "Median       " + value(s.median);
+  summary += "Min          " + value(s.minimum);
+  summary += "Max          " + value(s.maximum);
+  summary += "Missing Cases    " + std::to_string(s.excluded) + "\r\n";
+  return summary;
+}
+
+// The same intervals in three forms. The values go over to the charts.
+void LeaveDescriptiveCharts(ProcedureRun& run, std::vector<double> values) {
+  const std::string name = run.data.VariableName(run.data.RoleVariable[kMainRole]);
+  const auto shared = std::make_shared<const std::vector<double>>(std::move(values));
+  run.LeaveCharts(ChartKind::kDescriptives, {IntervalChart(ChartType::kHistogram, "Histogram", name, shared),
+                                             IntervalChart(ChartType::kLine, "Line Chart", name, shared),
+                                             IntervalChart(ChartType::kHistogramAndLine, "Line/Hist", name, shared)});
+}
+
 }  // namespace
 
 void RunDescriptives(ProcedureRun& run) {
@@ -162,6 +189,10 @@ void RunDescriptives(ProcedureRun& run) {
             ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
             : "\r\n";
     run.AppendReport(DescriptivesReport(data, control, statistics, chart));
+    if (run.WantsCharts()) {
+      LeaveDescriptiveCharts(run, std::move(cases.values));
+      run.charts.summary = ShortSummary(data, control, statistics);
+    }
     if (run.panel.checks.Check2) SaveZScores(run, control, statistics);
   }
   if (run.panel.checks.Check2) RebuildVariableLists(data);

@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::size_t kSortWidth = 20;
 constexpr int kRuleLength = 65;
+constexpr std::size_t kMostChartedCategories = 10000;  // an ID variable has nothing to see in a chart
 
 // What is decided once for each different cell, and how often it was accepted.
 struct DistinctCell {
@@ -124,10 +125,15 @@ FrequencyTable ComputeFrequencies(const FrequencyCases& cases) {
 
 namespace {
 
+// What the report and the charts call a category: its value label, else the value itself.
+std::string CategoryText(const FrequencyCases::Category& category, const ValueLabels& labels) {
+  NumberBuffer buffer;
+  return labels.Apply(Trimmed(TextOf(category.value.view(), buffer)));
+}
+
 std::string CategoryRow(const FrequencyCases& cases, const FrequencyCases::Category& category,
                         const FrequencyTable::Row& row, const ValueLabels& labels) {
-  NumberBuffer buffer;
-  const std::string text = labels.Apply(Trimmed(TextOf(category.value.view(), buffer)));
+  const std::string text = CategoryText(category, labels);
   // Values of 0 or more shift by one to stand under the digits of negative ones.
   std::string line = cases.negative_seen && !category.below_zero ? " " + PadRight(text, 20) + "   "  //
                                                                  : PadRight(text, 20) + "    ";
@@ -168,6 +174,28 @@ std::string FrequenciesReport(const DataSet& data, const CaseControl& control, c
   return report;
 }
 
+// Two charts of the same categories: counts and percents.
+void LeaveFrequencyCharts(ProcedureRun& run, const FrequencyCases& cases, const FrequencyTable& table) {
+  const std::size_t column = run.data.RoleVariable[kMainRole];
+  const std::string name = run.data.VariableName(column);
+  const std::string label = run.data.VariableLabel(column);
+  const ValueLabels value_labels = LoadValueLabels(run.data.matrix, column);
+  const Number n = static_cast<double>(table.n);
+  std::vector<std::string> labels;
+  Chart::Series counts{"Frequency", {}};
+  Chart::Series percents{"Percent (%)", {}};
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const FrequencyTable::Row& row = table.rows[i];
+    const Checked share = static_cast<double>(row.count) / n;
+    labels.push_back(CategoryText(cases.categories[i], value_labels) + "  (" + MaskedNumber(share.value_or(0), "0.0%") +
+                     ")");
+    counts.values.push_back(static_cast<double>(row.count));
+    percents.values.push_back(row.percent.value());
+  }
+  run.LeaveCharts(ChartKind::kFrequencies, {BarsChart(name, label, "Frequency", labels, {counts}),
+                                            BarsChart(name + " (%)", label, "Percent (%)", labels, {percents})});
+}
+
 }  // namespace
 
 void RunFrequencies(ProcedureRun& run) {
@@ -186,7 +214,9 @@ void RunFrequencies(ProcedureRun& run) {
         ErrorMessage(kTitle, data.VariableName(column), "There are no observations, so the procedure was aborted."));
     return;
   }
-  run.AppendReport(FrequenciesReport(data, control, cases, ComputeFrequencies(cases), run.panel.checks.Check2));
+  const FrequencyTable table = ComputeFrequencies(cases);
+  run.AppendReport(FrequenciesReport(data, control, cases, table, run.panel.checks.Check2));
+  if (run.WantsCharts() && table.rows.size() <= kMostChartedCategories) LeaveFrequencyCharts(run, cases, table);
 }
 
 }  // namespace tessara

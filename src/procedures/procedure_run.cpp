@@ -17,6 +17,7 @@ void ProcedureRun::ReportError(std::string_view pending_text) {
 }
 
 void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {
+  if (!WantsCharts()) return;
   for (Chart& chart : made) chart.footnote = ChartFootnote;
   KeepCharts(charts, kind, std::move(made));
 }

@@ -30,8 +30,10 @@ struct ProcedureRun {
   void AppendReport(std::string report);
   // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
   void ReportError(std::string_view pending_text);
-  // Leaves the charts of a procedure, with the run's footnote: only while a single variable is selected.
+  // Leaves the charts of a procedure, with the run's footnote, once its report stands: only while a single variable is
+  // selected.
   void LeaveCharts(ChartKind kind, std::vector<Chart> made);
+  // Whether it is worth the time to make charts.
   bool WantsCharts() const { return panel.SelectedVariables.size() < 2; }
 };
 

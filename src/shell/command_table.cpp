@@ -67,7 +67,8 @@ CommandState ConvertState(const Session& session) {
 
 CommandState PrintState(const Session& session) {
   const bool visible = !InView(session, View::ViewDataGrid) && !InView(session, View::ViewStatProcs);
-  return {visible, InOutputText(session) || InView(session, View::ViewBrevarum), {}};
+  const bool result = InView(session, View::ViewBrevarum) && CanCopyResult(session.brevarum);
+  return {visible, InOutputText(session) || result || InView(session, View::ViewCharts), {}};
 }
 
 CommandState CopyOutputState(const Session& session) {
@@ -139,6 +140,10 @@ void SaveAs(Session& session) {
 }
 
 void Print(Session& session, const WidgetState& widgets) {
+  if (InView(session, View::ViewCharts)) {  // a chart is printed from its own window
+    session.platform.ShowMessage(
+        {"Information", "Please click graph to view print screen", Buttons::kOk, Tone::kInformation});
+  }
   const PrintOptions options = {.date = session.settings.print_date(),
                                 .notes_caption = session.settings.notes_caption()};
   if (InOutputText(session)) PrintOutput(session.output, session.platform, options, widgets.output_has_selection);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QHash>
+#include <QMap>
 #include <array>
 #include <cstddef>
 #include <functional>
@@ -91,9 +91,9 @@ class Brevarum1 : public ViewForm {
   QPlainTextEdit* narrative_ = nullptr;  // Text25
   HelpBrowser* browser_ = nullptr;       // WebBrowser1
   QStackedWidget* pane_ = nullptr;
-  QHash<QString, QLineEdit*> boxes_;
-  QHash<QString, QComboBox*> choices_;
-  QHash<QString, QWidget*> own_frames_;
+  QMap<QString, QLineEdit*> boxes_;
+  QMap<QString, QComboBox*> choices_;
+  QMap<QString, QWidget*> own_frames_;
   int laid_out_ = -1;  // the panel whose layout the shared frame has
 };
 

@@ -18,6 +18,7 @@
 #include "platform/files.h"
 #include "window/about_box.h"
 #include "window/brevarum1.h"
+#include "window/charts1.h"
 #include "window/command_bars.h"
 #include "window/data1.h"
 #include "window/frm_splash2.h"
@@ -42,13 +43,6 @@ constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
 
 int Pixels(int twips) { return twips / kTwipsPerPixel; }
-
-PageText ChartsPage() {
-  return {"office-chart-bar", QObject::tr("Charts"),
-          QObject::tr("Histograms, bar charts and scatter plots of the last procedure have their place here, ready to "
-                      "be copied or printed.\n\nDescriptives already draws its bar chart inside the report, in the "
-                      "Output view.")};
-}
 
 PageText GlossaryPage() {
   return {"view-list-text", QObject::tr("Glossary"),
@@ -153,7 +147,7 @@ void FrmMain::BuildWorkspace() {
   AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
   AddView(new StatProc1(session_), "StatProc1", tr("Stat Procs"), "view-statistics");
   AddView(output_, "Output1", tr("Output"), "text-x-generic");
-  AddView(new PageView(session_, View::ViewCharts, ChartsPage()), "Charts1", tr("Charts"), "office-chart-bar");
+  AddView(new Charts1(platform_, session_), "Charts1", tr("Charts"), "office-chart-bar");
   AddView(new Brevarum1(platform_, session_), "Brevarum1", tr("Brevarum"), "accessories-calculator");
   AddView(new PageView(session_, View::ViewGlossary, GlossaryPage()), "Glossary1", tr("Glossary"), "view-list-text");
   AddView(new PageView(session_, View::ViewHandbook, HandbookPage()), "Handbook1", tr("Handbook"), "documentation");

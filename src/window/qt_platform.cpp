@@ -3,13 +3,17 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSoundEffect>
 #include <QStandardPaths>
 #include <QTextDocument>
@@ -120,15 +124,27 @@ void QtPlatform::BeforeDialog() {
   if (before_dialog_) before_dialog_();
 }
 
+// The window that the user works in, so that no dialog opens behind it: the frame, or a window beside it.
+QWidget* QtPlatform::DialogParent() const {
+  auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
+  const QWidget* owner = active ? active->parentWidget() : nullptr;
+  return owner && !active->isModal() && owner->window() == frame_ ? active : frame_.data();
+}
+
 std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_save) {
   BeforeDialog();
   const PlainCursor cursor;
-  QFileDialog form(frame_, ToQt(dialog.title), StartFolder(dialog.initial_folder));
+  QFileDialog form(DialogParent(), ToQt(dialog.title), StartFolder(dialog.initial_folder));
   form.setNameFilters(NameFilters(dialog.filter));
   form.setAcceptMode(to_save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   form.setFileMode(to_save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   form.setOption(QFileDialog::DontConfirmOverwrite, !dialog.overwrite_prompt);
   form.setDefaultSuffix(ToQt(dialog.default_extension));
+  // A name that is typed without an ending takes that of the kind of file chosen.
+  QObject::connect(&form, &QFileDialog::filterSelected, &form, [&form](const QString& filter) {
+    const QString ending = filter.section("*.", 1, 1).section(QRegularExpression("[ )]"), 0, 0);
+    if (!form.defaultSuffix().isEmpty() && !ending.isEmpty()) form.setDefaultSuffix(ending);
+  });
   if (!dialog.initial_name.empty()) form.selectFile(ToQt(dialog.initial_name));
   if (form.exec() != QDialog::Accepted || form.selectedFiles().isEmpty()) return std::nullopt;
   const QString file = form.selectedFiles().front();
@@ -149,10 +165,25 @@ bool QtPlatform::PrintDocument(const QTextDocument& document) {
   return true;
 }
 
+bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) {
+  QPrinter& printer = Printer();
+  if (!printer.isValid()) return false;
+  const QPageLayout::Orientation usual = printer.pageLayout().orientation();
+  printer.setPageOrientation(QPageLayout::Landscape);
+  QPainter painter;
+  bool printed = painter.begin(&printer);
+  if (printed) {
+    paint(painter, QRectF(0, 0, printer.width(), printer.height()));
+    printed = painter.end() && printer.printerState() != QPrinter::Error;
+  }
+  printer.setPageOrientation(usual);
+  return printed;
+}
+
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
   BeforeDialog();
   const PlainCursor cursor;
-  QPrintDialog form(&Printer(), frame_);
+  QPrintDialog form(&Printer(), DialogParent());
   form.setWindowTitle(ToQt(dialog.title));
   form.setOption(QAbstractPrintDialog::PrintPageRange, false);
   form.setOption(QAbstractPrintDialog::PrintSelection, dialog.offer_selection);
@@ -166,7 +197,7 @@ std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
 Answer QtPlatform::ShowMessage(const MessageBox& box) {
   BeforeDialog();
   const PlainCursor cursor;
-  QMessageBox form(BoxIcon(box.tone), ToQt(box.title), QString(), BoxButtons(box.buttons), frame_);
+  QMessageBox form(BoxIcon(box.tone), ToQt(box.title), QString(), BoxButtons(box.buttons), DialogParent());
   form.setTextFormat(Qt::PlainText);
   form.setText(ToQtLines(box.text));
   return AnswerOf(form.exec(), box.buttons);
@@ -198,6 +229,8 @@ void QtPlatform::HideProgress() { progress_.reset(); }
 
 std::string QtPlatform::ClipboardText() { return FromQt(QApplication::clipboard()->text()); }
 void QtPlatform::SetClipboardText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
+
+void QtPlatform::SetClipboardContent(QMimeData* content) { QApplication::clipboard()->setMimeData(content); }
 
 bool QtPlatform::PlaySoundFile(const Path& path) {
   const QString file = PathToQt(path);

@@ -8,7 +8,10 @@
 #include "platform/platform.h"
 
 class QLabel;
+class QMimeData;
+class QPainter;
 class QPrinter;
+class QRectF;
 class QSoundEffect;
 class QTextDocument;
 class QWidget;
@@ -41,6 +44,11 @@ class QtPlatform : public Platform {
   QPrinter& Printer();
   // Prints a page of the help. False when the printer refuses.
   virtual bool PrintDocument(const QTextDocument& document);
+  // Prints one sheet across on the printer that the user chose last, the system's own at first: calls paint with the
+  // place to fill. False when the printer refuses.
+  virtual bool PrintPicture(const std::function<void(QPainter& painter, const QRectF& sheet)>& paint);
+  // Takes the content over.
+  void SetClipboardContent(QMimeData* content);
 
   std::optional<ChosenFile> AskOpenFile(const FileDialog& dialog) override;
   std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
@@ -67,6 +75,7 @@ class QtPlatform : public Platform {
   void BeforeDialog();
 
  private:
+  QWidget* DialogParent() const;
   std::optional<ChosenFile> AskFile(const FileDialog& dialog, bool to_save);
 
   PlatformFolders folders_;

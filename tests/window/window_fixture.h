@@ -3,7 +3,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QImage>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -54,6 +56,17 @@ class AnsweringPlatform : public QtPlatform {
     return script.ShowMessage(box);
   }
   bool PrintPages(const std::vector<std::string>& pages) override { return script.PrintPages(pages); }
+  // Paints on a sheet that the test can look at.
+  bool PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) override {
+    if (!script.printer_works) return false;
+    QImage sheet(1100, 800, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    paint(painter, QRectF(sheet.rect()));
+    printed_pictures.push_back(sheet);
+    return true;
+  }
+  std::vector<QImage> printed_pictures;
   bool PlaySoundFile(const Path& path) override { return script.PlaySoundFile(path); }
   bool OpenDocument(const std::string& address) override { return script.OpenDocument(address); }
   DateTime Now() override { return script.Now(); }

@@ -288,6 +288,31 @@ TEST_F(BatchRunTest, ARunLeavesNoBoxesToTheNextLine) {
             std::string::npos);
 }
 
+// One 1 and two 2 of three cases.
+TEST_F(BatchRunTest, ChartsPrintsTheTablesOfTheLatestRun) {
+  const std::string data = WriteData();
+  const Outcome run = RunScript("open " + data + "\ncontrol B --gt 1\nfrequencies A\ncharts\n");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_NE(run.out.find("chart\tA\t\tFrequency\tControlling for B > 1\n"
+                         "1  (33.3%)\t1\n"
+                         "2  (66.7%)\t2\n"
+                         "chart\tA (%)\t\tPercent (%)\tControlling for B > 1\n"),
+            std::string::npos)
+      << run.out;
+  // Neither before a run nor after one of two variables is there anything to print.
+  EXPECT_EQ(RunScript("open " + data + "\ncharts\n").out, "");
+  EXPECT_EQ(RunScript("open " + data + "\nfrequencies A\nfrequencies A B\ncharts\n").out.find("chart\t"),
+            std::string::npos);
+}
+
+TEST_F(BatchRunTest, ChartsAddNothingToTheLog) {
+  const std::string data = WriteData();
+  const Outcome run = Run({"-o", In("log.txt"), "-s", "-"}, "open " + data + "\ndescriptives B\ncharts\n");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(run.out.starts_with("chart\tHistogram\tB\tFrequency\t\n5.00 to 5.40\t1\n")) << run.out;
+  EXPECT_EQ(FileContent(folder_ / "log.txt"), Run({"--bytes", data, "descriptives", "B"}).out);
+}
+
 TEST_F(BatchRunTest, TheErrorFrameIsARefusal) {
   // One accepted case of A under the control: too few for Descriptives.
   const Outcome run = RunScript("open " + WriteData() + "\ncontrol B --eq 5\ndescriptives A\nstatistics\n");

@@ -154,6 +154,69 @@ TEST(Descriptives, TheBarChartStandsAtTheEndOfTheReport) {
                 rule);
 }
 
+// The eight values of the whole report above: mean 5, median 4.5. Five intervals of 1.4 from 2 to 9.
+TEST(Descriptives, LeavesThreeChartsAndAShortSummary) {
+  TestRun run({{"SCORE", Texts({"2", "4", "99", "4", "4", "5", "", "5", "7", "9"}), "Test score", "99||||||", {}},
+               {"C", Texts({"1", "1", "1", "1", "1", "1", "1", "1", "1", "1"})}});
+  run.Control(2, ControlRelation::kEqualTo, "1");
+  run.Report(RunDescriptives);
+  EXPECT_EQ(run.charts.kind, ChartKind::kDescriptives);
+  std::string expected;
+  for (const char* title : {"Histogram", "Line Chart", "Line/Hist"}) {
+    expected += std::string("chart\t") + title +
+                "\tSCORE\tFrequency\tControlling for C = 1\r\n"
+                "2.00 to 3.40\t1\r\n"
+                "3.40 to 4.80\t3\r\n"
+                "4.80 to 6.20\t2\r\n"
+                "6.20 to 7.60\t1\r\n"
+                "7.60 to 9.00\t1\r\n";
+  }
+  EXPECT_EQ(ChartsText(run.charts), expected);
+  ASSERT_EQ(run.charts.charts.size(), 3u);
+  EXPECT_EQ(run.charts.charts[0].type, ChartType::kHistogram);
+  EXPECT_EQ(run.charts.charts[1].type, ChartType::kLine);
+  EXPECT_EQ(run.charts.charts[2].type, ChartType::kHistogramAndLine);
+  EXPECT_EQ(run.charts.summary,
+            "Controlling for C = 1\r\n"
+            "\r\n"
+            "Descriptive Statistics\r\n"
+            "Variable: SCORE\r\n"
+            "Label: Test score\r\n"
+            "Count                8.0000\r\n"
+            "Mean                 5.0000\r\n"
+            "Median               4.5000\r\n"
+            "Min                  2.0000\r\n"
+            "Max                  9.0000\r\n"
+            "Missing Cases    2\r\n");
+}
+
+TEST(Descriptives, OfSeveralVariablesLeaveNeitherChartsNorASummary) {
+  TestRun run({{"X", Texts({"1", "2"})}, {"Y", Texts({"1", "2"})}});
+  run.panel.SelectedVariables = {1, 2};
+  run.Report(RunDescriptives);
+  EXPECT_TRUE(run.charts.charts.empty());
+  EXPECT_EQ(run.charts.summary, "");
+}
+
+TEST(Descriptives, ChartsStandBesideTheTextChartAndTheZScores) {
+  TestRun run({{"X", Texts({"1", "2", "3"})}});
+  run.panel.checks.Check1 = true;
+  run.panel.checks.Check2 = true;
+  const std::string report = run.Report(RunDescriptives);
+  EXPECT_NE(report.find("1.00 to 1.40                          1  XXXXXXXXXXXXXXXXXXXX\r\n"), std::string::npos);
+  EXPECT_EQ(run.charts.charts.size(), 3u);
+  EXPECT_EQ(TextOf(run.data.matrix.Cell(kFirstRecordRow, 2)), "-1.00000");
+}
+
+TEST(Descriptives, ARunThatEndsInTheFrameLeavesNoCharts) {
+  TestRun run({{"X", Texts({"1"})}});
+  KeepCharts(run.charts, ChartKind::kDescriptives, {BarsChart("old", "", "", {}, {})});
+  run.charts.summary = "old";
+  run.Report(RunDescriptives);
+  EXPECT_TRUE(run.charts.charts.empty());
+  EXPECT_EQ(run.charts.summary, "");
+}
+
 class ZScores : public testing::Test {
  protected:
   // Mean 4, sample deviation 2: z is -1, 0 and 1.

@@ -201,6 +201,62 @@ TEST(Frequencies, ABoundThatMeetsATextExcludesTheCase) {
             "7                               1       100.00         100.00\r\n");
 }
 
+// 10 accepted cases: 3, 5 and 2 of them.
+TEST(Frequencies, LeavesAChartOfCountsAndOneOfPercents) {
+  TestRun run({{"SMOKE",
+                Texts({"2", "1", "2", "10", "9", "2", "1", "2", "", "10", "1", "2"}),
+                "Smoker",
+                "9||||||",
+                {"1=Yes", "2=No"}},
+               {"C", Texts({"1", "1", "1", "1", "1", "1", "1", "1", "1", "1", "1", "1"})}});
+  run.Control(2);
+  run.Report(RunFrequencies);
+  EXPECT_EQ(run.charts.kind, ChartKind::kFrequencies);
+  EXPECT_EQ(ChartsText(run.charts),
+            "chart\tSMOKE\tSmoker\tFrequency\tControlling for C\r\n"
+            "Yes  (30.0%)\t3\r\n"
+            "No  (50.0%)\t5\r\n"
+            "10  (20.0%)\t2\r\n"
+            "chart\tSMOKE (%)\tSmoker\tPercent (%)\tControlling for C\r\n"
+            "Yes  (30.0%)\t30\r\n"
+            "No  (50.0%)\t50\r\n"
+            "10  (20.0%)\t20\r\n");
+  EXPECT_EQ(run.charts.charts[0].type, ChartType::kBars);
+}
+
+TEST(Frequencies, AChartLabelHasTheWholeTextAndARoundedPercent) {
+  TestRun run({{"X", Texts({"abcdefghijklmnopqrstuvwxyz", "-1", "-1"})}});
+  run.Report(RunFrequencies);
+  ASSERT_EQ(run.charts.charts.size(), 2u);
+  EXPECT_EQ(run.charts.charts[0].labels,
+            (std::vector<std::string>{"-1  (66.7%)", "abcdefghijklmnopqrstuvwxyz  (33.3%)"}));
+}
+
+TEST(Frequencies, SeveralVariablesLeaveNoCharts) {
+  TestRun run({{"X", Texts({"1", "2"})}, {"Y", Texts({"1", "2"})}});
+  run.panel.SelectedVariables = {1, 2};
+  run.Report(RunFrequencies);
+  EXPECT_TRUE(run.charts.charts.empty());
+}
+
+TEST(Frequencies, NoObservationsTakeTheFormerChartsAway) {
+  TestRun run({{"X", Texts({"9", "9"}), "", "9||||||"}, {"Y", Texts({"1", "1"})}});
+  KeepCharts(run.charts, ChartKind::kFrequencies, {BarsChart("old", "", "", {}, {})});
+  run.Report(RunFrequencies);
+  EXPECT_TRUE(run.charts.charts.empty());
+}
+
+TEST(Frequencies, MoreThanTenThousandCategoriesHaveNoCharts) {
+  for (const int categories : {10000, 10001}) {
+    std::vector<TaggedValue> cells;
+    for (int i = 1; i <= categories; ++i) cells.emplace_back(std::to_string(i));
+    TestRun run({{"ID", std::move(cells)}});
+    run.Report(RunFrequencies);
+    EXPECT_EQ(run.charts.charts.size(), categories > 10000 ? 0u : 2u);
+    EXPECT_FALSE(run.aborted);
+  }
+}
+
 // The algorithm word for word: keep the values, walk and pad, sort, count runs. Checked against the counting by cell on
 // many small columns in which every kind of cell can meet every other.
 TEST(Frequencies, CountingByCellAgreesWithTheWalk) {

@@ -149,7 +149,7 @@ class CommandTest : public SessionFixture {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--++oooo"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--o++ooo"},
       {107, "++++++++"}, {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"},
       {211, "---o----"}, {350, "---+----"}, {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"},
       {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"}, {504, "oooooooo"}, {505, "oooooooo"},
@@ -169,7 +169,7 @@ TEST_F(CommandTest, StatesByViewWithOutputASelectionAndAFullClipboard) {
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
   const std::pair<int, const char*> expected[] = {{101, "++++----"}, {102, "+----o--"}, {103, "+----o--"},
-                                                  {106, "--+ooooo"}, {205, "+--+-o--"}, {213, "o--+-o--"},
+                                                  {106, "--oo+ooo"}, {205, "+--+-o--"}, {213, "o--+-o--"},
                                                   {211, "---+----"}, {350, "--------"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -314,6 +314,15 @@ TEST_F(CommandTest, PrintSendsThePagesOfTheOutput) {
 
   Execute(106, View::ViewDataGrid);
   EXPECT_EQ(platform.print_dialogs.size(), 2u);
+}
+
+TEST_F(CommandTest, PrintInTheChartsSaysWhereAChartIsPrinted) {
+  Execute(106, View::ViewCharts);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Information");
+  EXPECT_EQ(platform.messages[0].text, "Please click graph to view print screen");
+  EXPECT_EQ(platform.messages[0].tone, Tone::kInformation);
+  EXPECT_TRUE(platform.print_dialogs.empty());
 }
 
 TEST_F(CommandTest, RunRunsOnThePanelAlone) {

@@ -1,0 +1,130 @@
+#include <QBarCategoryAxis>
+#include <QCategoryAxis>
+#include <QFontMetricsF>
+#include <QGraphicsSimpleTextItem>
+#include <QLegend>
+#include <QValueAxis>
+#include <algorithm>
+#include <cmath>
+
+#include "window/chart_drawing.h"
+#include "window/chart_text.h"
+#include "window/text.h"
+
+// How the texts of a chart find their place when its size changes.
+
+namespace tessara {
+namespace {
+
+constexpr qreal kSparseLines = 1.6;  // from one label of an outline to the next
+constexpr int kLeastCutLabel = 11;   // characters: with less room a label is turned rather than cut
+
+}  // namespace
+
+QStringList DrawnChart::ShownLabels() const {
+  QStringList shown;
+  if (sparse_) {
+    for (const QString& label : sparse_->categoriesLabels()) shown += WithoutMark(label);
+  }
+  if (categories_) {
+    for (const QString& category : categories_->categories()) shown += WithoutMark(category);
+  }
+  return shown;
+}
+
+// Titles and footnote are cut where the room ends.
+void DrawnChart::FitTitles() {
+  const QFontMetricsF metrics(font());
+  const qreal gap = metrics.height();
+  const auto cut = [](const QFontMetricsF& type, const std::string& text, qreal room) {
+    return type.elidedText(ToQt(text), Qt::ElideRight, std::max<qreal>(room, 1));
+  };
+  setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
+  const QString across = Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
+  if (categories_) categories_->setTitleText(across);
+  if (sparse_) sparse_->setTitleText(shares_columns_ ? Plain(SharedColumnsTitle()) : across);
+  if (horizontal_ && chart_.type == tessara::ChartType::kScatter) horizontal_->setTitleText(across);
+  if (vertical_) vertical_->setTitleText(Plain(cut(metrics, chart_.vertical_title, size().height() - 6 * gap)));
+  if (footnote_) {
+    footnote_->setText(cut(metrics, chart_.footnote, size().width() - 2 * gap));
+    footnote_->setPos(gap, size().height() - metrics.height() * 1.5);
+  }
+}
+
+QString DrawnChart::SharedColumnsTitle() const {
+  return tr("%1 categories: each column is as high as the highest of those it stands for").arg(labels_.size());
+}
+
+// Upright labels where they fit side by side, in lines if need be, cut where they are long and there is room for the
+// better part of them. Else turned ones, and only every second, third and so on where even those would touch.
+void DrawnChart::FitLabels() {
+  if (labels_.isEmpty() || (!categories_ && !sparse_)) return;
+  const QFontMetricsF metrics(font());
+  const qreal line = metrics.height();
+  const qreal room = std::max<qreal>(size().width() - 5 * line, line) / static_cast<qreal>(labels_.size());
+  if (sparse_) return PlaceSparseLabels(room);
+  const auto widest = [&](auto parts_of) {
+    qreal widest_part = 0;
+    for (const QString& label : labels_) {
+      for (const QString& part : parts_of(label)) widest_part = std::max(widest_part, metrics.horizontalAdvance(part));
+    }
+    return widest_part + line * 0.4;
+  };
+  const auto whole = [](const QString& label) { return QStringList(label); };
+  const auto wide = [](const QString& label) { return Folded(label, false); };
+  const auto narrow = [](const QString& label) { return Folded(label, true); };
+  if (widest(whole) + line * 0.4 <= room) return PlaceUprightLabels(whole, room);
+  if (widest(wide) <= room) return PlaceUprightLabels(wide, room);
+  if (widest(narrow) <= room || room >= metrics.averageCharWidth() * kLeastCutLabel) {
+    return PlaceUprightLabels(narrow, room);
+  }
+  const auto every = static_cast<qsizetype>(std::ceil(line * 1.05 / room));
+  QStringList places;
+  for (qsizetype i = 0; i < labels_.size(); ++i) {
+    const bool shown = i % every == every / 2;
+    places += Distinct(shown ? TurnedLabel(i) : QString(), i + 1);
+  }
+  ShowCategories(places, -90);
+}
+
+void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room) {
+  const QFontMetricsF metrics(font());
+  QStringList places;
+  for (qsizetype i = 0; i < labels_.size(); ++i) {
+    QStringList parts = parts_of(labels_[i]);
+    for (QString& part : parts) part = Plain(metrics.elidedText(part, Qt::ElideRight, room - metrics.height() * 0.2));
+    places += Distinct(parts.join("<br>"), i + 1);
+  }
+  ShowCategories(places, 0);
+}
+
+void DrawnChart::ShowCategories(const QStringList& places, int angle) {
+  if (places != categories_->categories()) categories_->setCategories(places);
+  categories_->setLabelsAngle(angle);
+}
+
+// The labels of an outline's categories, as many as there is room for.
+void DrawnChart::PlaceSparseLabels(qreal room) {
+  for (const QString& label : sparse_->categoriesLabels()) sparse_->remove(label);
+  const qreal line = QFontMetricsF(font()).height();
+  const auto every = static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
+  for (qsizetype i = every / 2; i < labels_.size(); i += every) {
+    sparse_->append(Distinct(TurnedLabel(i), i + 1), static_cast<qreal>(i));
+  }
+  sparse_->setLabelsAngle(-90);
+}
+
+QString DrawnChart::TurnedLabel(qsizetype category) const {
+  return Plain(QFontMetricsF(font()).elidedText(labels_[category], Qt::ElideRight, RoomForTurnedLabels()));
+}
+
+// An axis gets two fifths of the height, its title included.
+qreal DrawnChart::RoomForTurnedLabels() const {
+  const qreal line = QFontMetricsF(font()).height();
+  qreal height = size().height() - margins().top() - margins().bottom();
+  if (!chart_.title.empty()) height -= 2 * line;
+  if (legend()->isVisible()) height -= 2 * line;
+  return std::max(line, height * 0.4 - line - (chart_.horizontal_title.empty() ? 0 : 1.5 * line));
+}
+
+}  // namespace tessara

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// Texts on a chart's axes.
+
+namespace tessara {
+
+// Titles and labels of a chart are read as HTML.
+QString Plain(const QString& text);
+
+// An axis takes each category once. What nobody sees tells equal texts apart: the category's number, in joiners.
+QString Distinct(const QString& text, qsizetype number);
+QString WithoutMark(QString text);
+
+// A label in lines: the category and its percent; an interval's ends, with the "to" on a line of its own where the room
+// is smallest.
+QStringList Folded(const QString& label, bool narrow);
+
+}  // namespace tessara

@@ -1,0 +1,433 @@
+#include <QBarCategoryAxis>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QClipboard>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QScatterSeries>
+#include <QSvgRenderer>
+#include <QToolTip>
+#include <QValueAxis>
+
+#include "presentation/chart_data.h"
+#include "window/chart_drawing.h"
+#include "window/chart_output.h"
+#include "window/chart_view.h"
+#include "window/point_cloud.h"
+#include "window_fixture.h"
+
+namespace tessara {
+
+// The Charts view, the window Chart, and the drawings themselves.
+class ChartsTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<WindowFixture> window_;
+  WindowFixture& window() { return *window_; }
+  ChartView* MsChart(int number) { return window().Find<ChartView>(("MSChart" + std::to_string(number)).c_str()); }
+  QDialog* ChartWindow() { return window().frame().findChild<QDialog*>("Chart"); }
+  void DoubleClick(int number) {
+    QTest::mouseDClick(MsChart(number)->viewport(), Qt::LeftButton, {}, QPoint(40, 40));
+    QCoreApplication::processEvents();
+  }
+  void Click(const char* name) { ChartWindow()->findChild<QPushButton*>(name)->click(); }
+
+  // Runs a procedure through the panel's command and comes back to the charts.
+  void Run(Procedure procedure, const std::vector<std::size_t>& variables) {
+    window().ShowView(View::ViewStatProcs);
+    SelectProcedure(window().session().panel, procedure);
+    window().session().panel.SelectedVariables = variables;
+    window().Trigger(308);
+    window().ShowView(View::ViewCharts);
+  }
+  static std::vector<double> FirstValues(ChartView* view) {
+    std::vector<double> values;
+    const auto* bars = qobject_cast<QBarSeries*>(view->chart()->series().value(0));
+    if (!bars) return values;
+    for (int i = 0; i < bars->barSets()[0]->count(); ++i) values.push_back(bars->barSets()[0]->at(i));
+    return values;
+  }
+  static std::unique_ptr<DrawnChart> Draw(const Chart& chart, const QSizeF& size) {
+    auto drawn = std::make_unique<DrawnChart>(WithRows(chart), ColoursOfPaper(), QApplication::font());
+    drawn->resize(size);
+    return drawn;
+  }
+  static ChartValues Values(std::vector<double> values) {
+    return std::make_shared<const std::vector<double>>(std::move(values));
+  }
+  static Chart BarsOf(int categories) {
+    std::vector<std::string> labels;
+    Chart::Series counts{"n", {}};
+    for (int i = 0; i < categories; ++i) {
+      labels.push_back("Category " + std::to_string(i));
+      counts.values.push_back(i % 7);
+    }
+    return BarsChart("Bars", "", "Frequency", labels, {counts});
+  }
+
+ private slots:
+  void init() {
+    window_ = std::make_unique<WindowFixture>();
+    const Path file = window().WriteDataFile("people.dcs", {"SEX", "AGE"},
+                                             {{"1", "20"}, {"2", "30"}, {"2", "40"}, {"1", "50"}, {"2", "60"}});
+    window().Start(file);
+  }
+  void cleanup() { window_.reset(); }
+
+  void WithoutARunTheFirstViewSaysHowToGetCharts() {
+    window().ShowView(View::ViewCharts);
+    QVERIFY(MsChart(1)->isVisible());
+    QVERIFY(MsChart(1)->findChild<QLabel*>("EmptyText")->text().contains("Stat Procs"));
+    for (const int number : {2, 3, 4}) QVERIFY(!MsChart(number)->isVisible());
+    DoubleClick(1);
+    QCOMPARE(window().script().messages.back().text, std::string("Charts are not available for this procedure."));
+  }
+
+  void FrequenciesFillTwoViews() {
+    Run(Procedure::kFrequencies, {1});
+    QVERIFY(MsChart(2)->isVisible());
+    QVERIFY(!MsChart(3)->isVisible());
+    QCOMPARE(MsChart(1)->chart()->title(), "SEX");
+    QCOMPARE(FirstValues(MsChart(1)), (std::vector<double>{2, 3}));
+    QCOMPARE(FirstValues(MsChart(2)), (std::vector<double>{40, 60}));
+    QCOMPARE(dynamic_cast<DrawnChart*>(MsChart(1)->chart())->ShownLabels().join('|').replace(QChar::Nbsp, ' '),
+             "1  (40.0%)|2  (60.0%)");
+    QVERIFY(!MsChart(1)->chart()->legend()->isVisible());
+  }
+
+  void DescriptivesFillThreeViewsAndTheNextRunReplacesThem() {
+    Run(Procedure::kDescriptives, {2});
+    QVERIFY(MsChart(3)->isVisible());
+    QCOMPARE(MsChart(1)->chart()->title(), "Histogram");
+    QCOMPARE(FirstValues(MsChart(1)), (std::vector<double>{1, 1, 1, 1, 1}));
+    QCOMPARE(MsChart(3)->chart()->series().size(), 2);  // bars and line
+    Run(Procedure::kFrequencies, {1});
+    QVERIFY(!MsChart(3)->isVisible());
+    QVERIFY(!MsChart(3)->has_chart());
+    QVERIFY(MsChart(3)->chart()->title().isEmpty());
+  }
+
+  void ADoubleClickOpensTheChartEnlarged() {
+    Run(Procedure::kDescriptives, {2});
+    DoubleClick(1);
+    QVERIFY(ChartWindow()->isVisible());
+    QVERIFY(!ChartWindow()->isModal());
+    auto* enlarged = ChartWindow()->findChild<ChartView*>("MSChart");
+    QCOMPARE(enlarged->chart()->title(), "Histogram");
+    QVERIFY(ChartWindow()->findChild<QPlainTextEdit*>("Text2")->toPlainText().contains(
+        "Count                5.0000\nMean                40.0000\n"));
+    QCOMPARE(ChartWindow()->findChild<QLabel*>("Label1")->text(),
+             "To copy the chart image, click \"Copy Chart\" and then use \"Edit/Paste Special/Bitmap\" to paste the "
+             "image into other software applications.  To paste the data used to create the chart, use the standard "
+             "paste option.");
+    QCOMPARE(ChartWindow()->findChild<QPushButton*>("Command1")->text(), "Print");
+    QCOMPARE(ChartWindow()->findChild<QPushButton*>("Command2")->text(), "Close");
+    QCOMPARE(ChartWindow()->findChild<QPushButton*>("Command3")->text(), "Copy Chart");
+    QCOMPARE(ChartWindow()->findChild<QPushButton*>("Command3")->toolTip(), "Copy chart image");
+    Click("Command2");
+    QVERIFY(!ChartWindow()->isVisible());
+  }
+
+  void TheKeyboardWalksOpensAndCloses() {
+    Run(Procedure::kFrequencies, {1});
+    MsChart(1)->setFocus();
+    QTest::keyClick(MsChart(1), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), MsChart(2));
+    QTest::keyClick(MsChart(2), Qt::Key_Return);
+    QVERIFY(ChartWindow()->isVisible());
+    QVERIFY(ChartWindow()->windowTitle().contains("SEX (%)"));
+    QVERIFY(ChartWindow()->findChild<QPlainTextEdit*>("Text2")->isHidden());
+    QTest::keyClick(ChartWindow(), Qt::Key_Escape);
+    QVERIFY(!ChartWindow()->isVisible());
+  }
+
+  void TheEnlargedChartStaysWhenTheNextProcedureRuns() {
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(1);
+    Run(Procedure::kFrequencies, {1, 2});
+    QCOMPARE(ChartWindow()->findChild<ChartView*>("MSChart")->chart()->title(), "SEX");
+  }
+
+  void TwoVariablesGiveTheBox() {
+    Run(Procedure::kFrequencies, {1, 2});
+    QVERIFY(MsChart(1)->findChild<QLabel*>("EmptyText")->text().contains("several variables"));
+    DoubleClick(1);
+    QCOMPARE(window().script().messages.back().title, std::string("No Chart Available"));
+    QCOMPARE(window().script().messages.back().text,
+             std::string("Charts are not shown when there is more than one variable in a stat procedure list box."));
+    QVERIFY(!ChartWindow());
+  }
+
+  void AViewWithoutAChartGivesTheOtherBox() {
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(4);
+    QCOMPARE(window().script().messages.back().title, std::string("No Chart Available"));
+    QCOMPARE(window().script().messages.back().text, std::string("Charts are not available for this procedure."));
+    QVERIFY(!ChartWindow());
+  }
+
+  void PrintOfTheFrameSaysWhereAChartIsPrinted() {
+    Run(Procedure::kFrequencies, {1});
+    window().Trigger(106);
+    QCOMPARE(window().script().messages.back().title, std::string("Information"));
+    QCOMPARE(window().script().messages.back().text, std::string("Please click graph to view print screen"));
+  }
+
+  void CopyPutsThePictureAndTheRowsOnTheClipboard() {
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(1);
+    Click("Command3");
+    const QMimeData* content = QApplication::clipboard()->mimeData();
+    QVERIFY(content->hasImage());
+    const QImage picture = qvariant_cast<QImage>(content->imageData());
+    QVERIFY(picture.width() > 600);
+    QVERIFY(HasColour(picture, 0x0072B2));
+    QCOMPARE(content->text(), "1  (40.0%)\t2\n2  (60.0%)\t3\n");
+    QCOMPARE(window().script().sounds.back().filename().string(), std::string("copy.wav"));
+  }
+
+  void CopyWorksOnAViewToo() {
+    Run(Procedure::kFrequencies, {1});
+    QTest::keyClick(MsChart(2), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), "1  (40.0%)\t40\n2  (60.0%)\t60\n");
+  }
+
+  void WithoutSoundsCopyIsSilent() {
+    window().session().settings.Op3 = 1;
+    QVERIFY(!window().session().settings.sounds());
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(1);
+    Click("Command3");
+    QVERIFY(window().script().sounds.empty());
+    QVERIFY(QApplication::clipboard()->mimeData()->hasImage());
+  }
+
+  void SaveWritesAPictureOfTwiceTheSize() {
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(1);
+    const Path target = window().folder() / "chart.png";
+    window().script().save_answers.push_back(WindowFixture::Chosen(target));
+    Click("SaveChart");
+    QCOMPARE(window().script().save_dialogs.back().initial_name, std::string("SEX.png"));
+    const QImage picture(PathToQt(target));
+    const QSize shown = ChartWindow()->findChild<ChartView*>("MSChart")->size();
+    QCOMPARE(picture.size(), 2 * shown);
+    QVERIFY(HasColour(picture, 0x0072B2));
+    QCOMPARE(window().Pane(1), "Save Completed");
+  }
+
+  void SaveWritesADrawing() {
+    Run(Procedure::kDescriptives, {2});
+    DoubleClick(3);
+    const Path target = window().folder() / "chart.svg";
+    window().script().save_answers.push_back(WindowFixture::Chosen(target));
+    Click("SaveChart");
+    QCOMPARE(window().script().save_dialogs.back().initial_name, std::string("Line-Hist.png"));
+    QSvgRenderer drawing(PathToQt(target));
+    QVERIFY(drawing.isValid());
+    QCOMPARE(drawing.viewBox().size(), ChartWindow()->findChild<ChartView*>("MSChart")->size());
+    QVERIFY(WindowFixture::ReadFile(target).find("Frequency") != std::string::npos);
+  }
+
+  void SaveThatFailsSaysSoAndCancelIsQuiet() {
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(1);
+    Click("SaveChart");
+    QVERIFY(window().script().messages.empty());
+    window().script().save_answers.push_back(WindowFixture::Chosen(window().folder() / "no such folder" / "chart.png"));
+    Click("SaveChart");
+    QCOMPARE(window().script().messages.back().text, std::string("The picture could not be written."));
+  }
+
+  void PrintDrawsOnASheetAndAPrinterThatRefusesGetsItsBox() {
+    Run(Procedure::kFrequencies, {1});
+    DoubleClick(1);
+    Click("Command1");
+    QCOMPARE(window().platform().printed_pictures.size(), std::size_t{1});
+    QVERIFY(HasColour(window().platform().printed_pictures[0], 0x0072B2));
+    QVERIFY(window().script().messages.empty());
+    window().script().printer_works = false;
+    Click("Command1");
+    QCOMPARE(window().script().messages.back().title, std::string("Printer Error"));
+  }
+
+  void EqualAndOddLabelsKeepTheirBars() {
+    const Chart chart = BarsChart("<b>A</b> & B", "", "Frequency", {"x", "x", "", "<i>y</i>"}, {{"n", {1, 2, 3, 4}}});
+    const auto drawn = Draw(chart, {800, 500});
+    QCOMPARE(drawn->ShownLabels().size(), 4);
+    QCOMPARE(drawn->ShownLabels()[1], "x");
+    QCOMPARE(drawn->ShownLabels()[3], "&lt;i&gt;y&lt;/i&gt;");
+    QVERIFY(!drawn->title().contains('<'));
+    QCOMPARE(qobject_cast<QBarCategoryAxis*>(drawn->axes(Qt::Horizontal).value(0))->count(), 4);
+  }
+
+  void LabelsTurnAndThinOutAsTheRoomGetsNarrow() {
+    const auto turned = [](const DrawnChart& chart) {
+      return qobject_cast<QBarCategoryAxis*>(chart.axes(Qt::Horizontal).value(0))->labelsAngle() != 0;
+    };
+    const auto few = Draw(BarsOf(4), {900, 500});
+    QVERIFY(!turned(*few));
+    few->resize(200, 300);
+    QVERIFY(turned(*few));
+    QCOMPARE(few->ShownLabels().count(QString()), 0);
+    // An interval's ends stand in lines ahead of that.
+    const auto lines = Draw(IntervalChart(ChartType::kLine, "L", "X", Values({1, 2})), {340, 300});
+    QVERIFY(!turned(*lines));
+    QVERIFY(lines->ShownLabels()[0].contains("<br>"));
+    const auto many = Draw(BarsOf(80), {600, 400});
+    QVERIFY(turned(*many));
+    QVERIFY(many->ShownLabels().count(QString()) >= 40);
+    QVERIFY(many->ShownLabels().count(QString()) < 60);
+    QCOMPARE(many->series().size(), 1);
+  }
+
+  void BarsHaveGapsAndHistogramsHaveNone() {
+    const auto bars = Draw(BarsOf(3), {600, 400});
+    const auto histogram = Draw(IntervalChart(ChartType::kHistogram, "H", "X", Values({1, 2, 3})), {600, 400});
+    QVERIFY(qobject_cast<QBarSeries*>(bars->series()[0])->barWidth() < 0.9);
+    QCOMPARE(qobject_cast<QBarSeries*>(histogram->series()[0])->barWidth(), 1.0);
+  }
+
+  void TheLegendNamesSeveralSeries() {
+    const auto drawn =
+        Draw(BarsChart("T", "", "Frequency", {"a", "b"}, {{"first", {1, 2}}, {"second", {3, 4}}}), {600, 400});
+    QVERIFY(drawn->legend()->isVisible());
+    const QList<QBarSet*> sets = qobject_cast<QBarSeries*>(drawn->series()[0])->barSets();
+    QVERIFY(sets[0]->color() != sets[1]->color());
+  }
+
+  void CountsOfAFewHaveWholeTicks() {
+    for (const double count : {0.0, 1.0, 2.0, 5.0}) {
+      const auto drawn = Draw(BarsChart("T", "", "Frequency", {"a"}, {{"n", {count}}}), {600, 400});
+      auto* axis = qobject_cast<QValueAxis*>(drawn->axes(Qt::Vertical).value(0));
+      QCOMPARE(axis->min(), 0.0);
+      QCOMPARE(axis->max(), std::max(1.0, count));
+      QCOMPARE(axis->tickCount(), static_cast<int>(std::max(1.0, count)) + 1);
+    }
+  }
+
+  void ThousandsOfCategoriesAreDrawnAsOneOutline() {
+    QElapsedTimer timer;
+    timer.start();
+    QImage picture(700, 400, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    PaintChart(painter, picture.rect(), BarsOf(10000), ColoursOfPaper(), picture.size());
+    QVERIFY(HasColour(picture, 0x0072B2));
+    const auto drawn = Draw(BarsOf(10000), {700, 400});
+    QVERIFY(!qobject_cast<QBarSeries*>(drawn->series()[0]));
+    QVERIFY(drawn->ShownLabels().size() > 10);
+    QVERIFY(drawn->ShownLabels().size() < 60);
+    QVERIFY(timer.elapsed() < 20000);  // a hang, not a measure
+  }
+
+  void ASmallScatterShowsEachPointAndALargeOneItsCells() {
+    std::vector<double> x, y;
+    for (int i = 0; i < 1000000; ++i) {
+      x.push_back(i % 1000);
+      y.push_back(static_cast<double>((i * 7919LL) % 100003));
+    }
+    const auto small = Draw(ScatterChart("T", "X", "Y", Values({1, 2, 3}), Values({3, 1, 2})), {600, 400});
+    QCOMPARE(qobject_cast<QScatterSeries*>(small->series()[0])->count(), 3);
+    const Chart chart = ScatterChart("T", "X", "Y", Values(x), Values(y));
+    const auto large = Draw(chart, {600, 400});
+    QCOMPARE(qobject_cast<QScatterSeries*>(large->series()[0])->count(), 0);
+    QImage picture(600, 400, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    PaintChart(painter, picture.rect(), chart, ColoursOfPaper(), picture.size());
+    QVERIFY(picture.pixelColor(330, 200).blue() > picture.pixelColor(330, 200).red() + 20);
+  }
+
+  void CellsStandWhereTheirPointsAre() {
+    const Chart chart = ScatterChart("T", "X", "Y", Values({0, 10, 10, 10}), Values({0, 5, 5, 5}));
+    const QRectF range = RangeOfPoints(chart);
+    QCOMPARE(range, QRectF(0, 0, 10, 5));
+    const QImage picture = PictureOfPoints(chart, range, Qt::blue);
+    QVERIFY(picture.pixelColor(0, picture.height() - 1).alpha() > 0);
+    QCOMPARE(picture.pixelColor(picture.width() - 1, 0).alpha(), 255);  // the cell with the most points
+    QVERIFY(picture.pixelColor(0, picture.height() - 1).alpha() < 255);
+    QCOMPARE(picture.pixelColor(picture.width() / 2, picture.height() / 2).alpha(), 0);
+  }
+
+  // None of these may hang, crash or upset the sanitizers.
+  void StrangeChartsAreDrawn() {
+    const double huge = 1.7e308;
+    const std::vector<Chart> charts = {
+        Chart(),
+        BarsChart("", "", "", {}, {}),
+        BarsChart("T", "", "", {"a", "b"}, {{"short", {1}}}),
+        BarsChart("T", "", "", {"a"}, {{"n", {huge}}}),
+        BarsChart(std::string(500, 'T'), std::string(500, 'h'), std::string(500, 'v'), {std::string(500, 'l'), "b"},
+                  {{"n", {1, 2}}}),
+        IntervalChart(ChartType::kHistogramAndLine, "T", "X", Values({})),
+        IntervalChart(ChartType::kHistogramAndLine, "T", "X", Values({7, 7, 7})),
+        IntervalChart(ChartType::kLine, "T", "X", Values({-huge, huge})),
+        ScatterChart("T", "X", "Y", nullptr, nullptr),
+        ScatterChart("T", "X", "Y", Values({5, 5}), Values({0, 0})),
+        ScatterChart("T", "X", "Y", Values({-huge, huge}), Values({1e15, 1e15 + 0.125})),
+        ScatterChart("T", "X", "Y", Values({1e-300, 2e-300}), Values({5e-324, 0})),
+        ScatterChart("T", "X", "Y", Values(std::vector<double>(5000, 3)), Values(std::vector<double>(5000, huge))),
+    };
+    for (const Chart& chart : charts) {
+      for (const QSize size : {QSize(600, 400), QSize(20, 20)}) {
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        QPainter painter(&picture);
+        PaintChart(painter, picture.rect(), WithRows(chart), ColoursOfPaper(), size);
+        QCOMPARE(picture.pixelColor(0, 0), QColor(Qt::white));
+      }
+    }
+  }
+
+  void TheDrawingFollowsThePalette() {
+    Run(Procedure::kFrequencies, {1});
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(0x1B1E20));
+    dark.setColor(QPalette::Text, Qt::white);
+    MsChart(1)->setPalette(dark);
+    QCOMPARE(MsChart(1)->chart()->titleBrush().color(), QColor(Qt::white));
+    const QImage picture = MsChart(1)->grab().toImage();
+    QVERIFY(HasColour(picture, 0x56B4E9));
+    QVERIFY(!HasColour(picture, 0x0072B2));
+  }
+
+  void AHintTellsABarsFigure() {
+    Run(Procedure::kFrequencies, {1});
+    QVERIFY(MsChart(1)->viewport()->hasMouseTracking());
+    auto* bars = qobject_cast<QBarSeries*>(MsChart(1)->chart()->series()[0]);
+    emit bars->hovered(true, 1, bars->barSets()[0]);
+    QVERIFY(QToolTip::text().endsWith("2  (60.0%)<br>3"));
+    emit bars->hovered(false, 1, bars->barSets()[0]);
+    QTRY_VERIFY(!QToolTip::isVisible());
+  }
+
+  void TheFootnoteIsDrawn() {
+    Chart chart = BarsOf(2);
+    QImage without(600, 400, QImage::Format_RGB32);
+    QImage with = without;
+    for (QImage* picture : {&without, &with}) {
+      QPainter painter(picture);
+      PaintChart(painter, picture->rect(), chart, ColoursOfPaper(), picture->size());
+      chart.footnote = "Controlling for SEX = 1";
+    }
+    const QRect foot(0, 372, 100, 28);
+    QVERIFY(!HasColour(without.copy(foot), 0x000000));
+    QVERIFY(HasColour(with.copy(foot), 0x000000));
+  }
+
+ private:
+  static bool HasColour(const QImage& picture, QRgb colour) {
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if ((picture.pixel(x, y) & 0xFFFFFF) == colour) return true;
+      }
+    }
+    return false;
+  }
+};
+
+}  // namespace tessara
+
+QTEST_MAIN(tessara::ChartsTest)
+#include "charts_test.moc"
