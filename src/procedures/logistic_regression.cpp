@@ -116,7 +116,7 @@ void ComputeTests(LogisticModel& model) {
     const Checked ratio = Checked(model.Coef[j]) / model.CoefSE[j];
     wald = ratio * ratio;
     p = ChiSquareP(1, wald);
-    odds_ratio = Exp(model.Coef[j]);
+    if (j > 0) odds_ratio = Exp(model.Coef[j]);  // the constant has none, and leaves none to keep
     model.wald.push_back(wald.value());
     model.p.push_back(p.value());
     model.odds_ratio.push_back(odds_ratio.value());

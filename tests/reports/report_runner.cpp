@@ -7,6 +7,7 @@
 //
 //   == data NAME         a file in code page 1252 with CR LF, written here in UTF-8 (up to U+00FF) with LF; "|" stands
 //                        for the byte between fields, "^" for the bar of missing values
+//   == sample NAME       a copy of the sample data set NAME of installed/Data
 //   == file NAME         any other file, line ends as they stand
 //   == run WORDS...      the command line, as a shell would take it; the program starts in a folder that holds the
 //   files
@@ -174,6 +175,9 @@ bool Same(const std::string& what, const std::string& expected, const std::strin
   return false;
 }
 
+// Where the sample data sets lie, as seen from a test file in tests/reports.
+fs::path SampleFolder(const fs::path& test) { return test.parent_path() / ".." / ".." / "installed" / "Data"; }
+
 bool RunTest(const fs::path& program, const fs::path& test, const fs::path& folder) {
   std::string words;
   std::string out;
@@ -184,6 +188,8 @@ bool RunTest(const fs::path& program, const fs::path& test, const fs::path& fold
   for (const Section& section : ReadSections(test)) {
     if (section.kind == "data") {
       WriteFile(folder / section.argument, DataBytes(section.text));
+    } else if (section.kind == "sample") {
+      WriteFile(folder / section.argument, ReadFile(SampleFolder(test) / section.argument));
     } else if (section.kind == "file") {
       WriteFile(folder / section.argument, section.text);
     } else if (section.kind == "run") {

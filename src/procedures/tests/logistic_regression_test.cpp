@@ -393,6 +393,25 @@ TEST(Logistic, TheRoundsEndAt200AndEtaIsCutFromAboveOnly) {
   EXPECT_EQ(TextOf(run.data.matrix.Cell(kFirstRecordRow + 5, predicted)), "1.00000");
 }
 
+// A tiny X has a coefficient beyond 710, and exp() fails. The constant has no odds ratio, so there is nothing to keep
+// in the first place; in a later one the ratio of the variable before stays.
+TEST(Logistic, AnOddsRatioBeyondTheRangeKeepsThatOfTheVariableBefore) {
+  const std::vector<double> outcome = {0, 0, 0, 1, 0, 1, 1, 0, 1, 1};
+  const std::vector<double> tiny = {-0.0025, -0.002, -0.0015, -0.001, -0.0005, 0, 0.0005, 0.001, 0.0015, 0.002};
+  const std::vector<double> plain = {1, 2, 1, 2, 1, 1, 2, 2, 1, 2};
+
+  const LogisticModel first = Fit({outcome, tiny, plain});
+  ASSERT_GT(first.Coef[1], 710);
+  EXPECT_NE(first.Coef[0], 0);
+  EXPECT_EQ(first.odds_ratio[1], 0);
+  EXPECT_EQ(first.odds_ratio[2], std::exp(first.Coef[2]));
+
+  const LogisticModel second = Fit({outcome, plain, tiny});
+  ASSERT_GT(second.Coef[2], 710);
+  EXPECT_EQ(second.odds_ratio[1], std::exp(second.Coef[1]));
+  EXPECT_EQ(second.odds_ratio[2], second.odds_ratio[1]);
+}
+
 // More cases than a block holds, against the same sums without blocks.
 TEST(Logistic, TheFirstStepOfManyCases) {
   std::vector<std::vector<double>> variables(3);
