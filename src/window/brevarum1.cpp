@@ -32,9 +32,9 @@ constexpr int kNew = 101;
 constexpr int kRunCommand = 308;
 constexpr int kCopyOutput = 212;
 constexpr int kCharactersOfABox = 9;
-constexpr int kColumnsOfCompactText = 62;
-constexpr int kLinesOfCompactText = 14;
-constexpr int kWidthBeside = 100;  // characters: with less the results stand below the input
+constexpr int kColumnsOfCompactText = 24;  // at the least; it scrolls
+constexpr int kLinesOfCompactText = 10;    // at the least
+constexpr int kWidthBeside = 100;          // characters: with less the results stand below the input
 constexpr std::size_t kCountsSide = 5;
 constexpr int kCountsPanel = 3;
 constexpr int kScorePanel = 6;
@@ -200,7 +200,7 @@ QWidget* Brevarum1::BuildInput() {
   compact_->setFont(ReportFont(font()));
   const QFontMetrics type(compact_->font());
   compact_->setMinimumHeight(type.height() * kLinesOfCompactText);
-  compact_->setMinimumWidth(type.averageCharWidth() * kColumnsOfCompactText / 2);
+  compact_->setMinimumWidth(type.averageCharWidth() * kColumnsOfCompactText);
   layout->addWidget(compact_, 1);
 
   auto* scroll = new QScrollArea(this);
