@@ -22,8 +22,8 @@ double MedianOf(std::vector<double>& values) {
   if (values.empty()) return 0;
   const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
   std::nth_element(values.begin(), middle, values.end());
-  Number median = *middle;
-  if (values.size() % 2 == 0) median = (median + *std::max_element(values.begin(), middle)) / 2;
+  if (values.size() % 2 != 0) return *middle;
+  const Number median = (Checked(*middle) + *std::max_element(values.begin(), middle)) / 2;
   return median.value();
 }
 

@@ -11,8 +11,8 @@
 namespace tessara {
 
 // Two-tailed p of Student's t, by the finite series of Abramowitz and Stegun 26.7.3 and 26.7.4, with 1 - 2/pi kept to
-// eight digits. df may be fractional. Takes about df / 2 steps, a tenth of a second at the most. Fails for df of 0 or
-// less.
+// eight digits. df may be fractional. Takes about df / 2 steps, up to 100,000 of them; the limit of the series beyond.
+// Fails for df of 0 or less.
 Checked TDistP(Checked df, Checked t);
 
 // Upper-tail p of F with d1 and d2 degrees of freedom: the incomplete beta at d2 / (d2 + d1 F) (Abramowitz and Stegun

@@ -31,5 +31,10 @@ TEST(CaseValues, Median) {
   EXPECT_EQ(MedianOf(even), 3);
 }
 
+TEST(CaseValues, AMedianBeyondTheRangeFails) {
+  Values huge = {1.5e308, 1.6e308};
+  EXPECT_EQ(MedianOf(huge), 0);
+}
+
 }  // namespace
 }  // namespace tessara
