@@ -54,6 +54,8 @@ QFont InPixels(QFont type, qreal scale) {
   return type;
 }
 
+constexpr qreal kMarginOfPoints = 0.02;  // of the range, on every side
+
 // The step of 1, 2 or 5 times a power of ten that is next above the wanted one.
 double NiceStep(double wanted) {
   const double power = std::pow(10, std::floor(std::log10(wanted)));
@@ -283,7 +285,11 @@ void DrawnChart::AddOutlines() {
 }
 
 void DrawnChart::AddPoints() {
-  const QRectF range = RangeOfPoints(chart_);
+  // A margin, so that no point is cut in half by the frame of the plot.
+  const QRectF points_range = RangeOfPoints(chart_);
+  const qreal across = points_range.width() * kMarginOfPoints;
+  const qreal upward = points_range.height() * kMarginOfPoints;
+  const QRectF range = points_range.adjusted(-across, -upward, across, upward);
   MakeNice(MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title), range.left(), range.right());
   MakeNice(MakeValueAxis(Qt::AlignLeft, chart_.vertical_title), range.top(), range.bottom());
   auto* points = new QScatterSeries(this);
