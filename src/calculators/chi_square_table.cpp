@@ -193,6 +193,22 @@ std::vector<std::size_t> CountedPlaces(const std::array<double, Count>& totals) 
   return places;
 }
 
+// The counted rows and columns, closed up. Their totals are those of the whole table: a column that negative counts
+// keep from counting still takes part in the totals of the rows.
+CountedTable CountedPart(const TypedTable& table, const std::vector<std::size_t>& rows,
+                         const std::vector<std::size_t>& columns) {
+  CountedTable counted;
+  counted.rows = rows.size();
+  counted.columns = columns.size();
+  for (std::size_t row : rows) {
+    for (std::size_t column : columns) counted.cells.push_back(table.cells[row][column]);
+    counted.row_totals.push_back(table.row_totals[row]);
+  }
+  for (std::size_t column : columns) counted.column_totals.push_back(table.column_totals[column]);
+  counted.n = table.n;
+  return counted;
+}
+
 }  // namespace
 
 TypedTable ReadTypedTable(const ChiSquareBoxes& boxes) {
@@ -217,12 +233,7 @@ std::optional<ChiSquareStatistics> ComputeChiSquareTable(const TypedTable& table
   const std::vector<std::size_t> columns = CountedPlaces(table.column_totals);
   if (rows.empty() || columns.empty()) return std::nullopt;
 
-  std::vector<double> cells;
-  for (std::size_t row : rows) {
-    for (std::size_t column : columns) cells.push_back(table.cells[row][column]);
-  }
-  ChiSquareStatistics statistics{
-      .counted = CountedTable(rows.size(), columns.size(), std::move(cells)), .table = {}, .low_share = 0, .p = 0};
+  ChiSquareStatistics statistics{.counted = CountedPart(table, rows, columns), .table = {}, .low_share = 0, .p = 0};
   statistics.table = ComputeTableStatistics(statistics.counted);
   const Number counted_cells = static_cast<double>(rows.size() * columns.size());
   const Number share = static_cast<double>(statistics.table.low_cells) / counted_cells;

@@ -1,50 +1,172 @@
 #include "numerics/probability.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
+#include <optional>
+#include <span>
+#include <vector>
 
 #include "numerics/number_text.h"
 
 namespace tessara {
 namespace {
 
-// Beyond this many steps (df of 2E+05) the t series gives way to its limit. There the two differ by 6E-12, and reports
-// print four decimals; each step costs a division, and a matrix of correlations asks for many a p.
-constexpr double kMostSeriesSteps = 1e5;
+// Beyond this many steps (df of 2E+07) the t series gives way to its limit. By then the two differ by less than the
+// rounding that the series gathers on its way, 1E-09.
+constexpr double kMostSeriesSteps = 1e7;
 
-// One path of the t series as it enters its loop: what has been added up, the term added last, and the numbers that the
-// next term takes two further.
+// The t series as it enters its loop: what has been added up, the term added last, and the numbers that the next term
+// takes two further. Afterwards `sum` is the sum of all.
 struct StudentSeries {
-  double sum;
-  double term;
-  double i;
-  double j;
-  double steps;  // a fraction of a step is not taken
+  double sum = 0;
+  double term = 0;
+  double cosine = 0;
+  double i = 0;
+  double j = 1;
+  double steps = 0;   // a whole number
+  double parity = 0;  // 0 to 2, also of a fractional df
 };
+
+void TakeStep(double& sum, double& term, double cosine, double& i, double& j) {
+  i += 2;
+  j += 2;
+  term = term * cosine * cosine * i / j;
+  sum += term;
+}
 
 // The terms are left as soon as they cannot change the sum any more. They have one sign, and none exceeds the one ahead
 // of it: i stays below j, the cosine is at most 1, and j stays far below 2^53, where rounding could lift a term again.
 // So once a term leaves the sum as it is, each of those behind it does.
-double AddUp(StudentSeries series, double cosine) {
+void AddUp(StudentSeries& series) {
   for (double k = 1; k <= series.steps; ++k) {
-    series.i += 2;
-    series.j += 2;
-    series.term = series.term * cosine * cosine * series.i / series.j;
-    const double sum = series.sum + series.term;
-    if (sum == series.sum) break;
-    series.sum = sum;
+    const double sum_ahead = series.sum;
+    TakeStep(series.sum, series.term, series.cosine, series.i, series.j);
+    if (series.sum == sum_ahead) break;
   }
-  return series.sum;
 }
 
-// The central area between -t and t for hundreds of thousands of degrees of freedom, where tan(theta) is t /
-// sqrt(df): the normal area at t (1 - 1/(4 df)) / sqrt(1 + t^2 / (2 df)) (Abramowitz and Stegun 26.7.8), whose error is
-// less than 1/df^2.
-double LimitingCentralArea(double df, double sine, double cosine) {
+// Several series side by side, a lane each. A step waits for the division of the one ahead of it in its own series;
+// meanwhile the processor takes the steps of the others. The sum of a series is the same to the last digit.
+class SeriesLanes {
+ public:
+  // Adds up all of them, one taking the lane of another that has ended.
+  static void AddUp(std::span<StudentSeries> all);
+
+ private:
+  static constexpr std::size_t kLanes = 8;
+  static constexpr double kStepsInOneGo = 256;
+
+  void Enter(std::size_t lane, StudentSeries& series);
+  void Leave(std::size_t lane);
+  double CommonSteps() const;  // that every lane in use still has; 0 when none is in use
+  void Take(double steps);
+
+  std::array<double, kLanes> sum_{};
+  std::array<double, kLanes> term_{};  // of an idle lane 0, which stays so
+  std::array<double, kLanes> cosine_{};
+  std::array<double, kLanes> i_{};
+  std::array<double, kLanes> j_{1, 1, 1, 1, 1, 1, 1, 1};
+  std::array<double, kLanes> steps_left_{};
+  std::array<StudentSeries*, kLanes> series_{};  // null of an idle lane
+};
+
+void SeriesLanes::Enter(std::size_t lane, StudentSeries& series) {
+  series_[lane] = &series;
+  sum_[lane] = series.sum;
+  term_[lane] = series.term;
+  cosine_[lane] = series.cosine;
+  i_[lane] = series.i;
+  j_[lane] = series.j;
+  steps_left_[lane] = series.steps;
+}
+
+void SeriesLanes::Leave(std::size_t lane) {
+  series_[lane]->sum = sum_[lane];
+  series_[lane] = nullptr;
+  term_[lane] = 0;
+}
+
+double SeriesLanes::CommonSteps() const {
+  double common = 0;
+  for (std::size_t lane = 0; lane < kLanes; ++lane) {
+    if (series_[lane] == nullptr) continue;
+    common = common == 0 ? std::min(steps_left_[lane], kStepsInOneGo) : std::min(steps_left_[lane], common);
+  }
+  return common;
+}
+
+void SeriesLanes::Take(double steps) {
+  for (double k = 1; k <= steps; ++k) {
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      TakeStep(sum_[lane], term_[lane], cosine_[lane], i_[lane], j_[lane]);
+    }
+  }
+}
+
+void SeriesLanes::AddUp(std::span<StudentSeries> all) {
+  SeriesLanes lanes;
+  auto next = all.begin();
+  while (true) {
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      while (next != all.end() && next->steps < 1) ++next;
+      if (lanes.series_[lane] == nullptr && next != all.end()) lanes.Enter(lane, *next++);
+    }
+    const double steps = lanes.CommonSteps();
+    if (steps == 0) return;
+    lanes.Take(steps);
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      if (lanes.series_[lane] == nullptr) continue;
+      lanes.steps_left_[lane] -= steps;
+      const bool settled = lanes.sum_[lane] + lanes.term_[lane] == lanes.sum_[lane];
+      if (settled || lanes.steps_left_[lane] == 0) lanes.Leave(lane);
+    }
+  }
+}
+
+// The central area between -t and t for a number of degrees of freedom in the millions, where tan(theta) is t /
+// sqrt(df): the normal area at t (1 - 1/(4 df)) / sqrt(1 + t^2 / (2 df)) (Abramowitz and Stegun 26.7.8), whose error of
+// less than 1/df^2 is below the rounding of a double here.
+double CentralAreaOfMillions(double df, double sine, double cosine) {
   const double z = std::sqrt(df) * sine / std::sqrt(cosine * cosine + sine * sine / 2) * (1 - 1 / (4 * df));
   return std::erf(z / std::sqrt(2.0));
+}
+
+// The series of t, or nothing where it fails. A series beyond the longest comes with its sum and no steps.
+std::optional<StudentSeries> StartSeries(Checked df, Checked t) {
+  const double ratio = t.value() / std::sqrt(df.value());
+  if (!std::isfinite(ratio)) return std::nullopt;  // its arc tangent would be finite
+  const double theta = std::atan(ratio);
+  const double s = std::sin(theta);
+  const double c = std::cos(theta);
+  StudentSeries series = {.cosine = c};
+  series.parity = RoundHalfEven(df.value() - 2 * std::floor(df.value() / 2));
+  if (series.parity != 0) {
+    series.term = s * c;
+    series.sum = df.value() == 1 ? theta : theta + series.term;
+    series.steps = std::floor((df.value() - 3) / 2);
+  } else {
+    series.term = s;
+    series.sum = s;
+    series.i = -1;
+    series.j = 0;
+    series.steps = std::floor((df.value() - 2) / 2);
+  }
+  if (series.steps > kMostSeriesSteps) {
+    // n steps of the odd path belong to 2n + 3 degrees of freedom, and add up to pi / 2 times the central area.
+    series.sum = series.parity != 0 ? CentralAreaOfMillions(2 * series.steps + 3, s, c) * (std::numbers::pi / 2)
+                                    : CentralAreaOfMillions(2 * series.steps + 2, s, c);
+    series.steps = 0;
+  }
+  return series;
+}
+
+// The two-tailed p from a series that has been added up.
+Checked PFrom(const StudentSeries& series, Checked t) {
+  const double sum = series.parity != 0 ? series.sum * (1 - series.parity * 0.36338023) : series.sum;
+  return {t.value() < 0 ? 2 * (0.5 * (sum + 1)) : 2 * (1 - 0.5 * (sum + 1))};
 }
 
 // 1e-30 in place of a value that is smaller in size, whatever its sign. A failed value stays failed.
@@ -56,38 +178,27 @@ Checked Floored(Checked value) {
 }  // namespace
 
 Checked TDistP(Checked df, Checked t) {
-  const double ratio = t.value() / std::sqrt(df.value());
-  if (!std::isfinite(ratio)) return Checked::Failed();  // its arc tangent would be finite
-  const double theta = std::atan(ratio);
-  const double s = std::sin(theta);
-  const double c = std::cos(theta);
-  const double parity = RoundHalfEven(df.value() - 2 * std::floor(df.value() / 2));  // 0 to 2, also of a fractional df
+  auto series = StartSeries(df, t);
+  if (!series) return Checked::Failed();
+  AddUp(*series);
+  return PFrom(*series, t);
+}
 
-  double sum;
-  if (parity != 0) {
-    const double limit = (df.value() - 3) / 2;
-    if (df.value() == 1) {
-      sum = theta;
-    } else if (df.value() == 3) {
-      sum = theta + s * c;
-    } else if (limit <= kMostSeriesSteps) {
-      sum = AddUp({.sum = theta + s * c, .term = s * c, .i = 0, .j = 1, .steps = limit}, c);
-    } else {
-      // The series of n steps belongs to 2n + 3 degrees of freedom, and is pi / 2 times the central area.
-      sum = LimitingCentralArea(2 * std::floor(limit) + 3, s, c) * (std::numbers::pi / 2);
-    }
-    sum = sum * (1 - parity * 0.36338023);
-  } else {
-    const double limit = (df.value() - 2) / 2;
-    if (df.value() == 2) {
-      sum = s;
-    } else if (limit <= kMostSeriesSteps) {
-      sum = AddUp({.sum = s, .term = s, .i = -1, .j = 0, .steps = limit}, c);
-    } else {
-      sum = LimitingCentralArea(2 * std::floor(limit) + 2, s, c);
-    }
+std::vector<Checked> TDistPs(std::span<const StudentT> values) {
+  std::vector<StudentSeries> started(values.size());
+  std::vector<bool> failed(values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const auto series = StartSeries(values[i].df, values[i].t);
+    failed[i] = !series;
+    if (series) started[i] = *series;
   }
-  return {t.value() < 0 ? 2 * (0.5 * (sum + 1)) : 2 * (1 - 0.5 * (sum + 1))};
+  SeriesLanes::AddUp(started);
+  std::vector<Checked> ps;
+  ps.reserve(values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    ps.push_back(failed[i] ? Checked::Failed() : PFrom(started[i], values[i].t));
+  }
+  return ps;
 }
 
 Checked FDistP(Checked d1, Checked d2, Checked f) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+#include <vector>
+
 #include "numerics/checked.h"
 
 // The probability kit below every report: p-values, one table of critical values, and the measures of a 2x2 table. Each
@@ -11,9 +14,17 @@
 namespace tessara {
 
 // Two-tailed p of Student's t, by the finite series of Abramowitz and Stegun 26.7.3 and 26.7.4, with 1 - 2/pi kept to
-// eight digits. df may be fractional. Takes about df / 2 steps, up to 100,000 of them; the limit of the series beyond.
-// Fails for df of 0 or less.
+// eight digits. df may be fractional. Takes about df / 2 steps, up to 10,000,000 of them; the limit of the series
+// beyond. Fails for df of 0 or less.
 Checked TDistP(Checked df, Checked t);
+
+struct StudentT {
+  Checked df;
+  Checked t;
+};
+
+// TDistP of each, the same to the last digit. Of many values with a high df in a fraction of the time.
+std::vector<Checked> TDistPs(std::span<const StudentT> values);
 
 // Upper-tail p of F with d1 and d2 degrees of freedom: the incomplete beta at d2 / (d2 + d1 F) (Abramowitz and Stegun
 // 26.6.2). Fails for an F below 0 and where a degree of freedom is 0.

@@ -40,15 +40,13 @@ bool AllEqualAmong(std::span<const double> values, const CaseFlags& accepted) {
   return true;
 }
 
-CorrelationStore::Cell CellOf(const PearsonStatistics& pearson) { return {pearson.r, pearson.n, pearson.p}; }
-
 // A pair of variables that have a number in every record.
 PearsonStatistics ComputeCompletePair(std::span<const double> y, std::span<const double> x) {
   const PairSums sums = SumPairs(y.size(), [&](std::size_t i, double& y_value, double& x_value) {
     y_value = y[i];
     x_value = x[i];
   });
-  return ComputePearson(y.size(), sums, {.y = AllEqual(y), .x = AllEqual(x)});
+  return ComputePearsonCoefficient(y.size(), sums, {.y = AllEqual(y), .x = AllEqual(x)});
 }
 
 // The value of an accepted case, 0 of any other: without a branch, whatever the pattern of the missing values.
@@ -64,22 +62,22 @@ PearsonStatistics ComputePairAmong(std::span<const double> y, std::span<const do
     y_value = AcceptedOrZero(y[i], accepted[i]);
     x_value = AcceptedOrZero(x[i], accepted[i]);
   });
-  return ComputePearson(n, sums, {.y = AllEqualAmong(y, accepted), .x = AllEqualAmong(x, accepted)});
+  return ComputePearsonCoefficient(n, sums, {.y = AllEqualAmong(y, accepted), .x = AllEqualAmong(x, accepted)});
 }
 
-// The cell of a pair; nothing when it has fewer than two cases. `common` is space for flags, kept from pair to pair.
-std::optional<CorrelationStore::Cell> ComputeCell(const PreparedVariable& y, const PreparedVariable& x,
-                                                  CaseFlags& common) {
+// The coefficient of a pair; nothing when it has fewer than two cases. `common` is space for flags, kept from pair to
+// pair.
+std::optional<PearsonStatistics> ComputePair(const PreparedVariable& y, const PreparedVariable& x, CaseFlags& common) {
   if (y.complete && x.complete) {
     if (y.values.size() < 2) return std::nullopt;
-    return CellOf(ComputeCompletePair(y.values, x.values));
+    return ComputeCompletePair(y.values, x.values);
   }
   common.resize(y.accepted.size());
   std::transform(y.accepted.begin(), y.accepted.end(), x.accepted.begin(), common.begin(),
                  std::bit_and<std::uint8_t>());
   const std::size_t n = CountCases(common);
   if (n < 2) return std::nullopt;
-  return CellOf(ComputePairAmong(y.values, x.values, common, n));
+  return ComputePairAmong(y.values, x.values, common, n);
 }
 
 }  // namespace
@@ -91,12 +89,23 @@ CorrelationStore ComputeCorrelationMatrix(const DataSet& data, const CaseControl
   variables.reserve(columns.size());
   for (const std::size_t column : columns) variables.push_back(Prepare(data, column, passing));
 
-  CorrelationStore store(columns.size());
+  std::vector<std::pair<std::size_t, std::size_t>> places;
+  std::vector<PearsonStatistics> coefficients;
   CaseFlags common;
   for (std::size_t i = 0; i < variables.size(); ++i) {
     for (std::size_t j = i; j < variables.size(); ++j) {
-      if (auto cell = ComputeCell(variables[i], variables[j], common)) store.Store(i, j, *std::move(cell));
+      auto coefficient = ComputePair(variables[i], variables[j], common);
+      if (!coefficient) continue;
+      places.emplace_back(i, j);
+      coefficients.push_back(*std::move(coefficient));
     }
+  }
+  ComputePearsonPs(coefficients);
+
+  CorrelationStore store(columns.size());
+  for (std::size_t k = 0; k < places.size(); ++k) {
+    PearsonStatistics& pearson = coefficients[k];
+    store.Store(places[k].first, places[k].second, {std::move(pearson.r), pearson.n, std::move(pearson.p)});
   }
   return store;
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "numerics/checked.h"
@@ -77,5 +78,9 @@ struct PearsonStatistics {
 // Fails nowhere as a whole. Without spread r stays 0; without degrees of freedom p stays empty. The t of a coefficient
 // of exactly 1 or -1 stays 0, so that the p of -1 is 1.
 PearsonStatistics ComputePearson(std::size_t n, const PairSums& sums, PairConstancy constant);
+
+// The same in two steps, for many pairs: everything but p, and then the p of all.
+PearsonStatistics ComputePearsonCoefficient(std::size_t n, const PairSums& sums, PairConstancy constant);
+void ComputePearsonPs(std::span<PearsonStatistics> coefficients);
 
 }  // namespace tessara
