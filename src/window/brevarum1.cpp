@@ -94,7 +94,7 @@ QWidget* Brevarum1::BuildButtons() {
     button->setObjectName(QString("Option1(%1)").arg(row.option));
     button->setText(ToQt(row.button));
     button->setCheckable(true);
-    button->setFocusPolicy(Qt::StrongFocus);
+    button->setFocusPolicy(Qt::TabFocus);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     button->setToolTip(ToQt(row.frame_caption).trimmed());
     button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -111,6 +111,7 @@ QWidget* Brevarum1::BuildButtons() {
   for (const auto& [id, caption] : {std::pair{0, kTwoSample}, std::pair{1, kOneSample}}) {
     auto* button = new QRadioButton(ToQt(caption), bar);
     button->setObjectName(QString("Option2(%1)").arg(id));
+    button->setFocusPolicy(Qt::TabFocus);
     samples_->addButton(button, id);
     samples->addWidget(button);
   }
@@ -456,7 +457,6 @@ void Brevarum1::ShowInput() {
   const BrevarumPanelRow& row = CurrentRow(panel());
   kinds_->button(panel().Option1)->setChecked(true);
   samples_->button(panel().one_sample ? 1 : 0)->setChecked(true);
-  for (QAbstractButton* button : samples_->buttons()) button->setEnabled(!row.samples.empty());
   frame_->setTitle(ToQt(panel().frame_caption).trimmed());
   const QString name = Name(row.frame);
   if (own_frames_.contains(name)) {
@@ -515,6 +515,9 @@ void Brevarum1::ChangePanel(const std::function<void(BrevarumPanel&)>& change) {
   change(panel());
   ShowSession();
   emit SessionChanged();
+  // The boxes are ready for typing at once, unless the arrow keys are on their way through the buttons.
+  const bool by_keyboard = qobject_cast<QAbstractButton*>(focusWidget()) != nullptr && focusWidget()->hasFocus();
+  if (!by_keyboard) FocusFirst();
 }
 
 void Brevarum1::ShowTab(int tab) {

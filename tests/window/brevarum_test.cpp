@@ -113,13 +113,30 @@ class BrevarumTest : public QObject {
 
   void SamplesMatterToTwoKindsOnly() {
     Press("Option1(3)");
-    QVERIFY(!window().Find<QRadioButton>("Option2(1)")->isEnabled());
-    Press("Option1(2)");
     Press("Option2(1)");
+    QCOMPARE(Panel().CurrentPanel, std::int16_t{3});
+    QCOMPARE(window().Find<QGroupBox>("InputFrame")->title(), "Chi-Square Test of Independence");
+    Press("Option1(2)");
     QCOMPARE(Panel().CurrentPanel, std::int16_t{10});
     QCOMPARE(window().Find<QGroupBox>("InputFrame")->title(), "One Sample Proportion");
     QVERIFY(Box("PU1")->isVisible());
     QVERIFY(!Box("zp1")->isVisible());
+  }
+
+  void APressedButtonMakesTheFirstBoxReady() {
+    Press("Option1(6)");
+    QVERIFY(Box("T1")->hasFocus());
+    Press("Option1(0)");
+    Press("Option2(1)");
+    QVERIFY(Box("Text20")->hasFocus());
+  }
+
+  void TheArrowKeysStayOnTheButtons() {
+    auto* button = window().Find<QAbstractButton>("Option1(0)");
+    button->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button, Qt::Key_Right);
+    QCOMPARE(Panel().CurrentPanel, std::int16_t{1});
+    QVERIFY(window().Find<QAbstractButton>("Option1(1)")->hasFocus());
   }
 
   void EveryPanelShowsItsBoxesAndNoOther() {
