@@ -31,7 +31,7 @@ namespace {
 constexpr int kNew = 101;
 constexpr int kRunCommand = 308;
 constexpr int kCopyOutput = 212;
-constexpr int kCharactersOfABox = 9;
+constexpr int kCharactersOfABox = 8;       // at the least; a box grows to twice that
 constexpr int kColumnsOfCompactText = 24;  // at the least; it scrolls
 constexpr int kLinesOfCompactText = 10;    // at the least
 constexpr int kWidthBeside = 100;          // characters: with less the results stand below the input
@@ -379,10 +379,12 @@ void Brevarum1::LayOutRows(const BrevarumPanelRow& row) {
     grid->addWidget(Label(5), line, 1);
     Label(5)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Label(5)->setMinimumHeight(boxes_["T1"]->sizeHint().height());
-    grid->addWidget(curve_, line + 1, 0, 1, 3);
+    grid->addWidget(curve_, ++line, 0, 1, 3);
+  } else {
+    ++line;
   }
   grid->setColumnStretch(2, 1);
-  grid->setRowStretch(line + 2, 1);
+  grid->setRowStretch(line, 1);
 }
 
 // The fourfold table: known status above, test results beside, totals behind.
@@ -471,6 +473,7 @@ void Brevarum1::ShowInput() {
     frames_->widget(i)->setSizePolicy(QSizePolicy::Preferred, shown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
   }
   frames_->adjustSize();
+  compact_->setVisible(row.panel != kScorePanel);  // which has no compact result, but a curve to give the place to
 }
 
 void Brevarum1::ShowBoxes() {

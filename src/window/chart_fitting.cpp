@@ -16,9 +16,11 @@
 namespace tessara {
 namespace {
 
-constexpr qreal kSparseLines = 1.6;     // from one label of an outline to the next
-constexpr int kLeastCutLabel = 11;      // characters: with less room a label is turned rather than cut
-constexpr qreal kLeastTurnedLines = 4;  // the height below which a turned label would be cut to nothing
+constexpr qreal kSparseLines = 1.6;  // from one label of an outline to the next
+constexpr int kLeastCutLabel = 11;   // characters: with less room a label is turned rather than cut
+constexpr qreal kLinesOfLegend = 3;
+constexpr qreal kLeastTitledLines = 10;  // the height below which the axes have no titles
+constexpr qreal kLeastTurnedLines = 4;   // the height below which a turned label would be cut to nothing
 
 }  // namespace
 
@@ -33,7 +35,8 @@ QStringList DrawnChart::ShownLabels() const {
   return shown;
 }
 
-// Titles and footnote are cut where the room ends.
+// Titles and footnote are cut where the room ends. The axes of a low chart go without, so that the plot keeps its
+// height.
 void DrawnChart::FitTitles() {
   const QFontMetricsF metrics(font());
   const qreal gap = metrics.height();
@@ -41,11 +44,14 @@ void DrawnChart::FitTitles() {
     return type.elidedText(ToQt(text), Qt::ElideRight, std::max<qreal>(room, 1));
   };
   setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
-  const QString across = Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
+  const qreal height = size().height() - (legend()->isVisible() ? kLinesOfLegend * gap : 0);
+  const bool low = height < kLeastTitledLines * gap;
+  const QString across = low ? QString() : Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
   if (categories_) categories_->setTitleText(across);
   if (sparse_) sparse_->setTitleText(shares_columns_ ? Plain(SharedColumnsTitle()) : across);
   if (horizontal_ && chart_.type == tessara::ChartType::kScatter) horizontal_->setTitleText(across);
-  if (vertical_) vertical_->setTitleText(Plain(cut(metrics, chart_.vertical_title, size().height() - 6 * gap)));
+  if (vertical_)
+    vertical_->setTitleText(low ? QString() : Plain(cut(metrics, chart_.vertical_title, height - 6 * gap)));
   if (footnote_) {
     footnote_->setText(cut(metrics, chart_.footnote, size().width() - 2 * gap));
     footnote_->setPos(gap, size().height() - metrics.height() * 1.5);

@@ -24,7 +24,7 @@ double PlaceOf(double z) { return std::copysign(kOneDeviation * std::sqrt(std::f
 NormalCurve::NormalCurve(QWidget* parent) : QWidget(parent) {
   setObjectName("NormalCurve");
   setAccessibleName(tr("Normal curve"));
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
 void NormalCurve::SetMarker(double centre) {
@@ -38,9 +38,9 @@ void NormalCurve::SetScore(const QString& score) {
   update();
 }
 
-QSize NormalCurve::sizeHint() const { return {fontMetrics().averageCharWidth() * 44, fontMetrics().height() * 9}; }
+QSize NormalCurve::sizeHint() const { return {fontMetrics().averageCharWidth() * 44, fontMetrics().height() * 8}; }
 QSize NormalCurve::minimumSizeHint() const {
-  return {fontMetrics().averageCharWidth() * 26, fontMetrics().height() * 9};
+  return {fontMetrics().averageCharWidth() * 26, fontMetrics().height() * 8};
 }
 
 void NormalCurve::paintEvent(QPaintEvent*) {
@@ -50,7 +50,7 @@ void NormalCurve::paintEvent(QPaintEvent*) {
   const double middle = width() / 2.0;
   const double half = width() * kShareOfCurve / 2;
   const double base = height() - 1.6 * line;
-  const double top = 1.4 * line;  // the score stands above the curve
+  const double top = 1.7 * line;  // the score stands above the curve
   const auto x_of = [&](double place) { return middle + place * half; };
   const auto y_of = [&](double place) {
     const double deviations = place * kEdge / kOneDeviation;
@@ -96,7 +96,7 @@ void NormalCurve::paintEvent(QPaintEvent*) {
   const QString caption = "z = " + score_;
   const double wide = fontMetrics().horizontalAdvance(caption);
   const double left = std::clamp(x - wide / 2, 0.0, std::max(0.0, width() - wide));
-  painter.drawText(QPointF(left, top - line / 3), caption);
+  painter.drawText(QPointF(left, top - line / 2), caption);
 }
 
 }  // namespace tessara

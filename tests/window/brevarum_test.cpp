@@ -123,6 +123,17 @@ class BrevarumTest : public QObject {
     QVERIFY(!Box("zp1")->isVisible());
   }
 
+  void TheCurveTakesThePlaceOfTheCompactResult() {
+    auto* curve = window().Find<QWidget>("NormalCurve");
+    auto* compact = window().Find<QPlainTextEdit>("T5");
+    Press("Option1(6)");
+    QVERIFY(curve->isVisible());
+    QVERIFY(!compact->isVisible());
+    Press("Option1(5)");
+    QVERIFY(!curve->isVisible());
+    QVERIFY(compact->isVisible());
+  }
+
   void APressedButtonMakesTheFirstBoxReady() {
     Press("Option1(6)");
     QVERIFY(Box("T1")->hasFocus());

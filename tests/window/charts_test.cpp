@@ -263,6 +263,16 @@ class ChartsTest : public QObject {
     QCOMPARE(qobject_cast<QBarCategoryAxis*>(drawn->axes(Qt::Horizontal).value(0))->count(), 4);
   }
 
+  void TheAxesOfALowChartHaveNoTitles() {
+    const Chart chart = BarsOf(3);
+    const auto title_at = [&](qreal height) {
+      return Draw(chart, QSizeF(500, height))->axes(Qt::Vertical).value(0)->titleText();
+    };
+    const qreal line = QFontMetricsF(QApplication::font()).height();
+    QCOMPARE(title_at(30 * line), "Frequency");
+    QCOMPARE(title_at(8 * line), "");
+  }
+
   void LabelsTurnAndThinOutAsTheRoomGetsNarrow() {
     const auto turned = [](const DrawnChart& chart) {
       return qobject_cast<QBarCategoryAxis*>(chart.axes(Qt::Horizontal).value(0))->labelsAngle() != 0;
