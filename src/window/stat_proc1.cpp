@@ -175,7 +175,9 @@ void StatProc1::ProcedureSelected() {
   emit SessionChanged();
 }
 
+// A box that was clicked goes to the panel's state first: the frame shows every view anew from the state.
 void StatProc1::PanelChanged() {
+  procedures_->StoreWidgets();
   ShowSummary();
   emit SessionChanged();
 }

@@ -1,5 +1,7 @@
+#include <QCheckBox>
 #include <QDockWidget>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -175,6 +177,48 @@ class FrameTest : public QObject {
     const QString report = window().Find<QPlainTextEdit>("RichText1")->toPlainText();
     QVERIFY(report.startsWith("Descriptive Statistics\nVariable: AGE     \n"));
     QVERIFY(report.contains("Mean                          39.7500"));  // (34 + 41 + 29 + 55) / 4
+  }
+
+  void WhatIsChosenInThePanelStays() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    auto* panel = window().Find<QWidget>("StatProc1");
+    window().Find<QRadioButton>("Option4")->click();  // t-test
+    auto* group = panel->findChild<QLineEdit*>("Text5");
+    group->setFocus();
+    QTest::keyClicks(group, "12");
+    QCOMPARE(group->text(), "12");
+    auto* summary = window().Find<QCheckBox>("Check2");
+    window().Find<QRadioButton>("Option5")->click();  // analysis of variance
+    QTest::mouseClick(summary, Qt::LeftButton, {}, QPoint(8, summary->height() / 2));
+    QVERIFY(summary->isChecked());
+    auto* greater = window().Find<QRadioButton>("Option8");
+    greater->click();
+    auto* value = panel->findChild<QLineEdit*>("Text1");
+    QVERIFY(greater->isChecked() && value->isEnabled());
+    QTest::keyClicks(value, "30");
+    QCOMPARE(value->text(), "30");
+    QVERIFY(summary->isChecked() && greater->isChecked());
+    QTest::mouseClick(summary, Qt::LeftButton, {}, QPoint(8, summary->height() / 2));
+    QVERIFY(!summary->isChecked());
+    QCOMPARE(value->text(), "30");
+  }
+
+  void TheSummaryStatisticsOfAnAnovaByMouse() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QRadioButton>("Option5")->click();
+    auto* list = window().Find<VariableListView>("List1");
+    for (const auto& [row, arrow] : {std::pair{1, "Image2(0)"}, std::pair{2, "Image2(1)"}}) {
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(row, 0)).center());
+      window().Find<QAbstractButton>(arrow)->click();
+    }
+    window().Find<QCheckBox>("Check2")->click();
+    window().Find<QPushButton>("RunButton")->click();
+    QCoreApplication::processEvents();
+    const QString report = window().Find<QPlainTextEdit>("RichText1")->toPlainText();
+    QVERIFY(report.contains("Group Summary Statistics"));
+    QVERIFY(report.contains("44.5000"));  // (34 + 55) / 2
   }
 
   void WithOp10OffTheOutputStaysBehind() {
