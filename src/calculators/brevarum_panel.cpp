@@ -13,9 +13,6 @@ namespace {
 
 constexpr std::string_view kInstructionsTitle = "  Instructions";
 constexpr std::string_view kSharedFrame = "F1";
-constexpr int kAccuracyPanel = 7;
-constexpr int kScorePanel = 6;
-constexpr int kCountsPanel = 3;
 constexpr std::size_t kScoreLabel = 4;        // L5
 constexpr std::size_t kFirstTotalsLabel = 5;  // L6
 constexpr std::size_t kScoreColumn = 4;       // of the box memory

@@ -19,6 +19,12 @@
 
 namespace tessara {
 
+// Panels that show something of their own.
+inline constexpr int kCountsPanel = 3;
+inline constexpr int kScorePanel = 6;
+inline constexpr int kAccuracyPanel = 7;
+inline constexpr int kPowerPanel = 8;
+
 enum class BrevarumBoxKind : std::uint8_t {
   kNumber,
   kLabel,   // any text

@@ -1,12 +1,7 @@
 #include "window/brevarum1.h"
 
 #include <QButtonGroup>
-#include <QComboBox>
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -19,8 +14,8 @@
 #include <QVBoxLayout>
 
 #include "shell/command_table.h"
+#include "window/brevarum_input.h"
 #include "window/help_browser.h"
-#include "window/normal_curve.h"
 #include "window/segment_button.h"
 #include "window/text.h"
 #include "window/theme.h"
@@ -31,19 +26,11 @@ namespace {
 constexpr int kNew = 101;
 constexpr int kRunCommand = 308;
 constexpr int kCopyOutput = 212;
-constexpr int kCharactersOfABox = 8;       // at the least; a box grows to twice that
 constexpr int kColumnsOfCompactText = 24;  // at the least; it scrolls
 constexpr int kLinesOfCompactText = 10;    // at the least
 constexpr int kWidthBeside = 100;          // characters: with less the results stand below the input
-constexpr std::size_t kCountsSide = 5;
-constexpr int kCountsPanel = 3;
-constexpr int kScorePanel = 6;
-constexpr int kAccuracyPanel = 7;
-constexpr int kPowerPanel = 8;
 
 enum Tab { kInstructions, kHelp, kModule };
-
-QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<int>(name.size())); }
 
 QFont ReportFont(const QFont& base) {
   QFont font("Courier New");
@@ -158,21 +145,8 @@ QWidget* Brevarum1::BuildInput() {
   auto* layout = new QVBoxLayout(input);
   layout->setContentsMargins(0, 0, 0, 0);
 
-  frame_ = new QGroupBox(input);
-  frame_->setObjectName("InputFrame");
-  frames_ = new QStackedWidget(frame_);
-  for (const BrevarumPanelRow& row : BrevarumPanelRows()) {
-    if (row.frame != "F1") frames_->addWidget(own_frames_[Name(row.frame)] = BuildOwnFrame(row));
-  }
-  BuildSharedFrame();
-  frames_->addWidget(shared_);
-  auto* inside = new QVBoxLayout(frame_);
-  inside->addWidget(frames_);
-  note_ = new QLabel(frame_);
-  note_->setObjectName("Label28");
-  note_->setWordWrap(true);
-  inside->addWidget(note_);
-  layout->addWidget(frame_);
+  input_ = new BrevarumInput(session().platform, panel(), input);
+  layout->addWidget(input_);
 
   auto* buttons = new QHBoxLayout;
   const auto add = [&](std::size_t place, const char* name, const char* icon, const QString& text, const QString& tip,
@@ -250,256 +224,21 @@ QWidget* Brevarum1::BuildResults() {
   return side;
 }
 
-QWidget* Brevarum1::MakeBox(const BrevarumBox& box, QWidget* parent) {
-  const QString name = Name(box.name);
-  QWidget* made = nullptr;
-  if (box.kind == BrevarumBoxKind::kChoice) {
-    auto* choice = new QComboBox(parent);
-    for (const std::string_view text : box.choices) choice->addItem(ToQt(text));
-    choices_[name] = choice;
-    made = choice;
-  } else {
-    auto* edit = new QLineEdit(parent);
-    edit->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox);
-    edit->setMaximumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox * 2);
-    if (box.kind == BrevarumBoxKind::kNumber) edit->setAlignment(Qt::AlignRight);
-    if (box.kind == BrevarumBoxKind::kLabel) edit->setPlaceholderText(tr("Label"));
-    edit->installEventFilter(this);
-    boxes_[name] = edit;
-    made = edit;
-  }
-  made->setObjectName(name);
-  made->setToolTip(ToQt(box.tooltip));
-  return made;
-}
-
-// Captions to the left, boxes in rows: the one frame for a table of counts has labels on both sides.
-QWidget* Brevarum1::BuildOwnFrame(const BrevarumPanelRow& row) {
-  auto* page = new QWidget(frames_);
-  page->setObjectName(Name(row.frame));
-  page->setToolTip(ToQt(row.frame_tooltip));
-  auto* grid = new QGridLayout(page);
-  grid->setContentsMargins(0, 0, 0, 0);
-  if (row.panel == kCountsPanel) {
-    auto* columns = new QLabel(ToQt(row.captions[1]), page);
-    columns->setAlignment(Qt::AlignHCenter);
-    grid->addWidget(new QLabel(ToQt(row.captions[0]), page), 0, 0);
-    grid->addWidget(columns, 0, 1, 1, kCountsSide);
-    int place = 1;  // the corner stays free
-    for (const BrevarumBox& box : row.boxes) {
-      QWidget* made = MakeBox(box, page);
-      if (made->toolTip().isEmpty())
-        made->setToolTip(tr("Count of column %1, row %2").arg(box.name[1]).arg(box.name[3]));
-      made->setAccessibleName(made->toolTip());
-      grid->addWidget(made, 1 + place / (static_cast<int>(kCountsSide) + 1),
-                      place % (static_cast<int>(kCountsSide) + 1));
-      ++place;
-    }
-    return page;
-  }
-  const auto rows = row.captions.size();
-  const auto columns = row.boxes.size() / rows;
-  for (std::size_t r = 0; r < rows; ++r) {
-    const QString caption = ToQt(row.captions[r]);
-    grid->addWidget(new QLabel(caption, page), static_cast<int>(r), 0);
-    for (std::size_t c = 0; c < columns; ++c) {
-      QWidget* made = MakeBox(row.boxes[r * columns + c], page);
-      made->setAccessibleName(columns == 1 ? caption : caption + ' ' + QString::number(c + 1));
-      grid->addWidget(made, static_cast<int>(r), static_cast<int>(c) + 1);
-    }
-  }
-  for (std::size_t c = 1; c <= columns; ++c) grid->setColumnStretch(static_cast<int>(c), 2);
-  grid->setColumnStretch(static_cast<int>(columns) + 1, 1);
-  grid->setRowStretch(static_cast<int>(rows), 1);
-  return page;
-}
-
-// F1: its boxes and labels serve five panels, which lay them out in their own way.
-void Brevarum1::BuildSharedFrame() {
-  shared_ = new QWidget(frames_);
-  shared_->setObjectName("F1");
-  for (std::size_t i = 0; i < labels_.size(); ++i) {
-    labels_[i] = new QLabel(shared_);
-    labels_[i]->setObjectName(QString("L%1").arg(i + 1));
-  }
-  for (const BrevarumPanelRow& row : BrevarumPanelRows()) {
-    for (const BrevarumBox& box : row.boxes) {
-      const QString name = Name(box.name);
-      if (row.frame == "F1" && !boxes_.contains(name) && !choices_.contains(name)) MakeBox(box, shared_);
-    }
-  }
-  curve_ = new NormalCurve(shared_);
-}
-
-void Brevarum1::LayOutShared(const BrevarumPanelRow& row) {
-  if (laid_out_ == row.panel) return;
-  laid_out_ = row.panel;
-  qDeleteAll(headings_);
-  headings_.clear();
-  delete shared_->layout();
-  for (QWidget* child : shared_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) child->hide();
-  for (QLabel* label : labels_) {
-    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    label->setMinimumSize(0, 0);
-  }
-  auto* grid = new QGridLayout(shared_);
-  grid->setContentsMargins(0, 0, 0, 0);
-  if (row.panel == kAccuracyPanel) {
-    LayOutAccuracy();
-  } else if (row.panel == kPowerPanel) {
-    LayOutPower();
-  } else {
-    LayOutRows(row);
-  }
-  for (int i = 0; i < grid->count(); ++i) {
-    if (QWidget* shown = grid->itemAt(i)->widget()) shown->show();
-  }
-  // Tab goes through the boxes as the eye does.
-  QWidget* before = nullptr;
-  for (const BrevarumBox& box : row.boxes) {
-    QWidget* made = shared_->findChild<QWidget*>(Name(box.name));
-    if (before) setTabOrder(before, made);
-    before = made;
-  }
-}
-
-void Brevarum1::LayOutRows(const BrevarumPanelRow& row) {
-  auto* grid = static_cast<QGridLayout*>(shared_->layout());
-  int line = 0;
-  for (const BrevarumBox& box : row.boxes) {
-    QLineEdit* edit = boxes_[Name(box.name)];
-    QLabel* label = Label(static_cast<std::size_t>(line) + 1);
-    edit->setAccessibleName(ToQt(row.labels[static_cast<std::size_t>(line)]));
-    grid->addWidget(label, line, 0);
-    grid->addWidget(edit, line, 1);
-    ++line;
-  }
-  if (row.panel == kScorePanel) {
-    grid->addWidget(Label(4), line, 0);
-    grid->addWidget(Label(5), line, 1);
-    Label(5)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Label(5)->setMinimumHeight(boxes_["T1"]->sizeHint().height());
-    grid->addWidget(curve_, ++line, 0, 1, 3);
-  } else {
-    ++line;
-  }
-  grid->setColumnStretch(2, 1);
-  grid->setRowStretch(line, 1);
-}
-
-// The fourfold table: known status above, test results beside, totals behind.
-void Brevarum1::LayOutAccuracy() {
-  auto* grid = static_cast<QGridLayout*>(shared_->layout());
-  const auto heading = [&](const QString& text, int line, int column) {
-    auto* label = new QLabel(text, shared_);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    headings_.push_back(label);
-    grid->addWidget(label, line, column);
-  };
-  grid->addWidget(Label(1), 0, 1, 1, 2, Qt::AlignHCenter);
-  grid->addWidget(Label(2), 1, 0);
-  heading("D-", 1, 1);
-  heading("D+", 1, 2);
-  heading(tr("Total"), 1, 3);
-  const std::array<std::array<const char*, 2>, 2> cells = {{{"T1", "T2"}, {"T3", "T4"}}};
-  for (int test = 0; test < 2; ++test) {
-    grid->addWidget(Label(static_cast<std::size_t>(test) + 3), test + 2, 0);
-    for (int disease = 0; disease < 2; ++disease) {
-      QLineEdit* edit = boxes_[cells[static_cast<std::size_t>(test)][static_cast<std::size_t>(disease)]];
-      edit->setAccessibleName(QString("T%1, D%2").arg(test == 0 ? '-' : '+').arg(disease == 0 ? '-' : '+'));
-      grid->addWidget(edit, test + 2, disease + 1);
-    }
-  }
-  grid->addWidget(Label(5), 4, 0);
-  const std::array<std::array<int, 2>, 5> places = {{{2, 3}, {3, 3}, {4, 1}, {4, 2}, {4, 3}}};  // L6 to L10
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    QLabel* total = Label(i + 6);
-    total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    total->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox);
-    grid->addWidget(total, places[i][0], places[i][1]);
-  }
-  grid->setColumnStretch(4, 1);
-  grid->setRowStretch(5, 1);
-}
-
-void Brevarum1::LayOutPower() {
-  auto* grid = static_cast<QGridLayout*>(shared_->layout());
-  const auto choice = [&](std::size_t label, const char* name, int line) {
-    choices_[name]->setAccessibleName(ToQt(CurrentRow(panel()).labels[label - 1]));
-    grid->addWidget(Label(label), line, 0);
-    grid->addWidget(choices_[name], line, 1);
-  };
-  const auto box = [&](std::size_t label, const char* name, int line, int column) {
-    boxes_[name]->setAccessibleName(ToQt(CurrentRow(panel()).labels[label - 1]));
-    grid->addWidget(Label(label), line, column);
-    grid->addWidget(boxes_[name], line, column + 1);
-  };
-  choice(1, "Alpha", 0);
-  choice(2, "Beta", 1);
-  grid->addWidget(Label(3), 2, 0, 1, 2);
-  box(4, "T1", 3, 0);
-  box(5, "T2", 4, 0);
-  grid->addWidget(Label(6), 5, 0, 1, 2);
-  box(7, "T3", 6, 0);
-  box(8, "T4", 7, 0);
-  grid->setRowMinimumHeight(2, fontMetrics().height() * 2);
-  grid->setRowMinimumHeight(5, fontMetrics().height() * 2);
-  grid->setColumnStretch(2, 1);
-  grid->setRowStretch(8, 1);
-}
-
 void Brevarum1::ShowSession() {
-  ShowInput();
-  ShowBoxes();
+  kinds_->button(panel().Option1)->setChecked(true);
+  samples_->button(panel().one_sample ? 1 : 0)->setChecked(true);
+  input_->ShowPanel();
   ShowResults();
   ShowRightPane();
 }
 
-void Brevarum1::ShowInput() {
-  const BrevarumPanelRow& row = CurrentRow(panel());
-  kinds_->button(panel().Option1)->setChecked(true);
-  samples_->button(panel().one_sample ? 1 : 0)->setChecked(true);
-  frame_->setTitle(ToQt(panel().frame_caption).trimmed());
-  const QString name = Name(row.frame);
-  if (own_frames_.contains(name)) {
-    frames_->setCurrentWidget(own_frames_[name]);
-  } else {
-    LayOutShared(row);
-    frames_->setCurrentWidget(shared_);
-  }
-  // The stack is as high as the panel that it shows.
-  for (int i = 0; i < frames_->count(); ++i) {
-    const bool shown = frames_->widget(i) == frames_->currentWidget();
-    frames_->widget(i)->setSizePolicy(QSizePolicy::Preferred, shown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
-  }
-  frames_->adjustSize();
-  compact_->setVisible(row.panel != kScorePanel);  // which has no compact result, but a curve to give the place to
-}
-
-void Brevarum1::ShowBoxes() {
-  for (auto box = boxes_.begin(); box != boxes_.end(); ++box) {
-    const QString text = ToQt(panel().Box(box.key().toStdString()));
-    if (box.value()->text() != text) box.value()->setText(text);
-  }
-  for (auto choice = choices_.begin(); choice != choices_.end(); ++choice) {
-    choice.value()->setCurrentText(ToQt(panel().Box(choice.key().toStdString())));
-  }
-  const bool accuracy = CurrentRow(panel()).panel == kAccuracyPanel;
-  for (std::size_t i = 0; i < labels_.size(); ++i) {
-    // The heads of the fourfold table's columns have labels of their own.
-    const QString text = ToQt(panel().labels[i]);
-    labels_[i]->setText(accuracy && i == 1 ? text.section("  ", 0, 0) : text.trimmed());
-  }
-  curve_->SetMarker(panel().marker);
-  curve_->SetScore(CurrentRow(panel()).panel == kScorePanel ? ToQt(panel().labels[4]) : QString());
-}
+void Brevarum1::StoreWidgets() { input_->StoreWidgets(); }
+void Brevarum1::FocusFirst() { input_->FocusFirst(); }
 
 void Brevarum1::ShowResults() {
-  const bool counts = CurrentRow(panel()).panel == kCountsPanel;
-  note_->setText(ToQt(panel().Label28).simplified());
-  note_->setVisible(counts && !note_->text().isEmpty());
   results_title_->setText(ToQt(panel().Label43).trimmed());
   ShowText(compact_, ToQtLines(panel().T5));
+  compact_->setVisible(CurrentRow(panel()).panel != kScorePanel);  // which has a curve in its place
   ShowText(narrative_, ToQtLines(panel().Text25));
   copy_->setEnabled(CanCopyResult(panel()));
 }
@@ -527,53 +266,6 @@ void Brevarum1::ShowTab(int tab) {
   panel().InstructionsTab = tab == kInstructions;
   panel().HelpTab = tab == kHelp;
   ShowRightPane();
-}
-
-void Brevarum1::StoreWidgets() {
-  for (const BrevarumBox& box : CurrentRow(panel()).boxes) {
-    const QString name = Name(box.name);
-    if (QLineEdit* edit = boxes_.value(name)) SetBox(panel(), box.name, FromQt(edit->text()));
-    if (QComboBox* choice = choices_.value(name)) SetBox(panel(), box.name, FromQt(choice->currentText()));
-  }
-}
-
-void Brevarum1::FocusFirst() {
-  for (const BrevarumBox& box : CurrentRow(panel()).boxes) {
-    if (box.kind == BrevarumBoxKind::kNumber) return FocusBox(box.name);
-  }
-}
-
-void Brevarum1::FocusBox(std::string_view name) {
-  const QString box = Name(name);
-  if (QComboBox* choice = choices_.value(box)) choice->setFocus(Qt::TabFocusReason);
-  if (QLineEdit* edit = boxes_.value(box)) {
-    edit->setFocus(Qt::TabFocusReason);
-    edit->selectAll();
-  }
-}
-
-// The release of a key that has changed the box, or of Enter, is the panel's to judge. Keys that only move, among them
-// the Tab that has just come from the box before, change nothing.
-bool Brevarum1::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyRelease) return ViewForm::eventFilter(watched, event);
-  auto* edit = qobject_cast<QLineEdit*>(watched);
-  const auto* key = static_cast<QKeyEvent*>(event);
-  if (!edit || key->isAutoRepeat()) return false;
-  const bool pasted = key->matches(QKeySequence::Paste);
-  if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    KeyReleased(edit, kKeyEnter);
-  } else if (pasted || (!key->text().isEmpty() && key->text().at(0).isPrint())) {
-    KeyReleased(edit, pasted ? 'V' : key->text().at(0).toLatin1());
-  }
-  return false;
-}
-
-void Brevarum1::KeyReleased(QLineEdit* box, int key) {
-  const std::string name = box->objectName().toStdString();
-  SetBox(panel(), name, FromQt(box->text()));
-  const std::string_view next = BoxKeyReleased(panel(), session().platform, name, key);
-  box->setText(ToQt(panel().Box(name)));
-  if (!next.empty()) FocusBox(next);
 }
 
 void Brevarum1::resizeEvent(QResizeEvent* event) {
