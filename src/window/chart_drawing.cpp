@@ -82,6 +82,17 @@ void MakeNice(QValueAxis* axis, double low, double high) {
   axis->setLabelFormat(NumberFormat(first, last, step));
 }
 
+// From the least value to the greatest, with its marks at round numbers between them.
+void MakeTight(QValueAxis* axis, double low, double high) {
+  const double step = NiceStep((high - low) / kSteps);
+  const double first = std::ceil(low / step) * step + 0.0;  // no mark is a -0
+  axis->setRange(low, high);
+  axis->setTickType(QValueAxis::TicksDynamic);
+  axis->setTickAnchor(first);
+  axis->setTickInterval(step);
+  axis->setLabelFormat(NumberFormat(first, high, step));
+}
+
 double LargestValue(const Chart& chart) {
   double largest = 0;
   for (const Chart::Series& series : chart.series) {
@@ -290,8 +301,8 @@ void DrawnChart::AddPoints() {
   const qreal across = points_range.width() * kMarginOfPoints;
   const qreal upward = points_range.height() * kMarginOfPoints;
   const QRectF range = points_range.adjusted(-across, -upward, across, upward);
-  MakeNice(MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title), range.left(), range.right());
-  MakeNice(MakeValueAxis(Qt::AlignLeft, chart_.vertical_title), range.top(), range.bottom());
+  MakeTight(MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title), range.left(), range.right());
+  MakeTight(MakeValueAxis(Qt::AlignLeft, chart_.vertical_title), range.top(), range.bottom());
   auto* points = new QScatterSeries(this);
   const QColor colour = colours_.series[0];
   QColor translucent = colour;

@@ -340,6 +340,19 @@ class ChartsTest : public QObject {
     QVERIFY(timer.elapsed() < 20000);  // a hang, not a measure
   }
 
+  void AScatterFillsItsPlotUpToAMargin() {
+    const auto drawn = Draw(ScatterChart("T", "X", "Y", Values({-3, 4}), Values({10, 60})), {600, 400});
+    const auto* across = qobject_cast<QValueAxis*>(drawn->axes(Qt::Horizontal).value(0));
+    const auto* upward = qobject_cast<QValueAxis*>(drawn->axes(Qt::Vertical).value(0));
+    // 2 percent of 7 and of 50
+    QCOMPARE(across->min(), -3.14);
+    QCOMPARE(across->max(), 4.14);
+    QCOMPARE(upward->min(), 9.0);
+    QCOMPARE(upward->max(), 61.0);
+    QCOMPARE(across->tickInterval(), 2.0);
+    QCOMPARE(across->tickAnchor(), -2.0);
+  }
+
   void ASmallScatterShowsEachPointAndALargeOneItsCells() {
     std::vector<double> x, y;
     for (int i = 0; i < 1000000; ++i) {
