@@ -26,7 +26,7 @@ struct StudentSeries {
   double cosine = 0;
   double i = 0;
   double j = 1;
-  double steps = 0;   // a whole number
+  int steps = 0;
   double parity = 0;  // 0 to 2, also of a fractional df
 };
 
@@ -41,7 +41,7 @@ void TakeStep(double& sum, double& term, double cosine, double& i, double& j) {
 // of it: i stays below j, the cosine is at most 1, and j stays far below 2^53, where rounding could lift a term again.
 // So once a term leaves the sum as it is, each of those behind it does.
 void AddUp(StudentSeries& series) {
-  for (double k = 1; k <= series.steps; ++k) {
+  for (int k = 1; k <= series.steps; ++k) {
     const double sum_ahead = series.sum;
     TakeStep(series.sum, series.term, series.cosine, series.i, series.j);
     if (series.sum == sum_ahead) break;
@@ -57,19 +57,19 @@ class SeriesLanes {
 
  private:
   static constexpr std::size_t kLanes = 8;
-  static constexpr double kStepsInOneGo = 256;
+  static constexpr int kStepsInOneGo = 256;
 
   void Enter(std::size_t lane, StudentSeries& series);
   void Leave(std::size_t lane);
-  double CommonSteps() const;  // that every lane in use still has; 0 when none is in use
-  void Take(double steps);
+  int CommonSteps() const;  // that every lane in use still has; 0 when none is in use
+  void Take(int steps);
 
   std::array<double, kLanes> sum_{};
   std::array<double, kLanes> term_{};  // of an idle lane 0, which stays so
   std::array<double, kLanes> cosine_{};
   std::array<double, kLanes> i_{};
   std::array<double, kLanes> j_{1, 1, 1, 1, 1, 1, 1, 1};
-  std::array<double, kLanes> steps_left_{};
+  std::array<int, kLanes> steps_left_{};
   std::array<StudentSeries*, kLanes> series_{};  // null of an idle lane
 };
 
@@ -89,8 +89,8 @@ void SeriesLanes::Leave(std::size_t lane) {
   term_[lane] = 0;
 }
 
-double SeriesLanes::CommonSteps() const {
-  double common = 0;
+int SeriesLanes::CommonSteps() const {
+  int common = 0;
   for (std::size_t lane = 0; lane < kLanes; ++lane) {
     if (series_[lane] == nullptr) continue;
     common = common == 0 ? std::min(steps_left_[lane], kStepsInOneGo) : std::min(steps_left_[lane], common);
@@ -98,8 +98,8 @@ double SeriesLanes::CommonSteps() const {
   return common;
 }
 
-void SeriesLanes::Take(double steps) {
-  for (double k = 1; k <= steps; ++k) {
+void SeriesLanes::Take(int steps) {
+  for (int k = 1; k <= steps; ++k) {
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
       TakeStep(sum_[lane], term_[lane], cosine_[lane], i_[lane], j_[lane]);
     }
@@ -114,7 +114,7 @@ void SeriesLanes::AddUp(std::span<StudentSeries> all) {
       while (next != all.end() && next->steps < 1) ++next;
       if (lanes.series_[lane] == nullptr && next != all.end()) lanes.Enter(lane, *next++);
     }
-    const double steps = lanes.CommonSteps();
+    const int steps = lanes.CommonSteps();
     if (steps == 0) return;
     lanes.Take(steps);
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
@@ -143,22 +143,23 @@ std::optional<StudentSeries> StartSeries(Checked df, Checked t) {
   const double c = std::cos(theta);
   StudentSeries series = {.cosine = c};
   series.parity = RoundHalfEven(df.value() - 2 * std::floor(df.value() / 2));
-  if (series.parity != 0) {
+  const bool odd = series.parity != 0;
+  if (odd) {
     series.term = s * c;
     series.sum = df.value() == 1 ? theta : theta + series.term;
-    series.steps = std::floor((df.value() - 3) / 2);
   } else {
     series.term = s;
     series.sum = s;
     series.i = -1;
     series.j = 0;
-    series.steps = std::floor((df.value() - 2) / 2);
   }
-  if (series.steps > kMostSeriesSteps) {
+  const double steps = std::floor((df.value() - (odd ? 3 : 2)) / 2);
+  if (steps <= kMostSeriesSteps) {
+    series.steps = static_cast<int>(steps);
+  } else {
     // n steps of the odd path belong to 2n + 3 degrees of freedom, and add up to pi / 2 times the central area.
-    series.sum = series.parity != 0 ? CentralAreaOfMillions(2 * series.steps + 3, s, c) * (std::numbers::pi / 2)
-                                    : CentralAreaOfMillions(2 * series.steps + 2, s, c);
-    series.steps = 0;
+    series.sum = odd ? CentralAreaOfMillions(2 * steps + 3, s, c) * (std::numbers::pi / 2)
+                     : CentralAreaOfMillions(2 * steps + 2, s, c);
   }
   return series;
 }

@@ -121,8 +121,9 @@ Checked FisherExactP(Checked a, Checked b, Checked c, Checked d) {
   const double k = CountOf(observed, cell);
 
   double sum = 0;
-  for (double i = 0; i <= k; ++i) {
-    const Table table = WithCount(observed, cell, i);
+  double i = 0;
+  while (i <= k) {
+    const Table table = WithCount(observed, cell, i++);
     const Checked p = HypergeometricTableP(table.a, table.b, table.c, table.d);
     if (p.failed()) return p;  // so that a count beyond 170 ends at its first table
     sum += p.value();

@@ -29,7 +29,4 @@ void ShowPrinterError(Platform& platform);
 // the number of copies. False when it was cancelled or the printer refused.
 bool PrintOutput(const OutputLog& output, Platform& platform, const PrintOptions& options, bool box_has_selection);
 
-// Tells that the printer has refused.
-void ShowPrinterError(Platform& platform);
-
 }  // namespace tessara
