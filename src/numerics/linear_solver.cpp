@@ -57,23 +57,30 @@ Matrix Identity(std::size_t k) {
 
 }  // namespace
 
-double DotProduct(std::span<const double> a, std::span<const double> b) {
-  return SumInOrder(a.size(), [&](std::size_t i) { return a[i] * b[i]; });
+Checked DotProduct(std::span<const double> a, std::span<const double> b) {
+  double sum = 0;
+  for (std::size_t i = 0; i < a.size(); ++i) sum += a[i] * b[i];
+  return {sum};
 }
 
 void MatrixVectorProduct(const Matrix& a, std::span<const double> v, std::span<double> out) {
-  for (std::size_t i = 0; i < a.rows(); ++i) out[i] = DotProduct({a.Row(i), a.columns()}, v);
+  for (std::size_t i = 0; i < a.rows(); ++i) {
+    const double* const row = a.Row(i);
+    out[i] = SumInOrder(a.columns(), [&](std::size_t j) { return row[j] * v[j]; });
+  }
 }
 
 void ConjugateGradientSolve(const Matrix& a, std::span<double> r, std::span<double> p, std::span<double> x,
                             Number& rho) {
   const std::size_t k = a.rows();
   std::vector<double> t(k);
-  Number beta;   // 0 in the first round
-  Number alpha;  // a direction without length keeps the step of the round before
+  Number length;  // a residual whose length overflows keeps the length of the round before
+  Number beta;    // 0 in the first round
+  Number alpha;   // a direction without length keeps the step of the round before
   for (int count = 1; count <= kMostRounds; ++count) {
-    const Number square = DotProduct(r, r);
-    if (Sqrt(square).value() < kShortResidual) return;
+    const Checked square = DotProduct(r, r);
+    length = Sqrt(square);
+    if (length.value() < kShortResidual) return;
     if (count > 1) {
       beta = square / rho;
       rho = square;

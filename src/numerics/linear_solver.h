@@ -36,10 +36,10 @@ class Matrix {
   std::vector<double> elements_;
 };
 
-// The sum of a(i) b(i), from left to right.
-double DotProduct(std::span<const double> a, std::span<const double> b);
+// The sum of a(i) b(i), from left to right. Fails as a whole beyond the range of a double.
+Checked DotProduct(std::span<const double> a, std::span<const double> b);
 
-// out = A v.
+// out = A v. A term beyond the range of a double is left out of its sum.
 void MatrixVectorProduct(const Matrix& a, std::span<const double> v, std::span<double> out);
 
 // Solves A x = r by conjugate gradients (Hestenes and Stiefel 1952) for a symmetric A. Expects r with the right-hand

@@ -21,15 +21,19 @@ constexpr double kMostEta = 200;  // keeps exp(eta) within the range; there is n
 // What the cases of a block have in common for all sums of a round.
 class BlockOdds {
  public:
+  explicit BlockOdds(double eta_before) : last_eta(eta_before) {}
+
   void Compute(const ModelBlock& block, std::span<const double> coefficients) {
-    Predict(block, coefficients, eta.data());
+    Predict(block, coefficients, last_eta, eta.data());
     for (std::size_t c = 0; c < block.count; ++c) eta[c] = std::min(eta[c], kMostEta);
+    last_eta = eta[block.count - 1];
     for (std::size_t c = 0; c < block.count; ++c) e[c] = std::exp(eta[c]);
     for (std::size_t c = 0; c < block.count; ++c) p[c] = e[c] / (1 + e[c]);
   }
 
   using Column = std::array<double, ModelBlock::kMostCases>;
   Column eta, e, p;
+  double last_eta;  // of the case before; it outlives blocks and rounds, for a case whose own fails
 };
 
 // One pass of Newton's method at the coefficients of a round.
@@ -41,6 +45,7 @@ struct NewtonPass {
   Matrix Hessian;
   std::vector<double> Gradient;
   double log_likelihood = 0;
+  double last_eta = 0;
 };
 
 double AddLikelihood(const double* y, const BlockOdds& odds, std::size_t count, double sum, SumSteps steps) {
@@ -56,9 +61,9 @@ double AddLikelihood(const double* y, const BlockOdds& odds, std::size_t count, 
 }
 
 NewtonPass PassOverCases(const ModelCases& cases, const LogisticOutcomes& outcomes,
-                         std::span<const double> coefficients, SumSteps steps) {
+                         std::span<const double> coefficients, double eta_before, SumSteps steps) {
   NewtonPass pass(cases.k());
-  BlockOdds odds;
+  BlockOdds odds(eta_before);
   BlockOdds::Column difference, weight, weighted;
   ForEachBlock(cases, [&](const ModelBlock& block) {
     const double* const y = outcomes.response.data() + block.first;
@@ -75,13 +80,14 @@ NewtonPass PassOverCases(const ModelCases& cases, const LogisticOutcomes& outcom
     }
     pass.log_likelihood = AddLikelihood(y, odds, block.count, pass.log_likelihood, steps);
   });
+  pass.last_eta = odds.last_eta;
   return pass;
 }
 
 NewtonPass PassOverCases(const ModelCases& cases, const LogisticOutcomes& outcomes,
-                         std::span<const double> coefficients) {
-  NewtonPass pass = PassOverCases(cases, outcomes, coefficients, SumSteps::kPlain);
-  return pass.finite() ? pass : PassOverCases(cases, outcomes, coefficients, SumSteps::kWithCare);
+                         std::span<const double> coefficients, double eta_before) {
+  NewtonPass pass = PassOverCases(cases, outcomes, coefficients, eta_before, SumSteps::kPlain);
+  return pass.finite() ? pass : PassOverCases(cases, outcomes, coefficients, eta_before, SumSteps::kWithCare);
 }
 
 // Adds the step to the coefficients, and yields its length: the sum of the absolute values.
@@ -102,7 +108,7 @@ NewtonPass Iterate(const ModelCases& cases, const LogisticOutcomes& outcomes, Lo
   int round = 1;
   for (; round <= kMostRounds; ++round) {
     if (round > 1 && TakeStep(delta, model.Coef) < kSmallStep) break;
-    pass = PassOverCases(cases, outcomes, model.Coef);
+    pass = PassOverCases(cases, outcomes, model.Coef, pass.last_eta);
     delta = SolveFromZero(pass.Hessian, pass.Gradient);
   }
   model.IterationCount = round;
@@ -131,9 +137,9 @@ void ComputeFit(const Number& n, LogisticModel& model) {
   Keep(model.chi_square_p, Masked(ChiSquareP(model.degrees_of_freedom, model.chi_square), "0.0000"));
 }
 
-std::vector<double> Probabilities(const ModelCases& cases, const std::vector<double>& coefficients) {
+std::vector<double> Probabilities(const ModelCases& cases, const std::vector<double>& coefficients, double eta_before) {
   std::vector<double> probabilities(cases.n);
-  BlockOdds odds;
+  BlockOdds odds(eta_before);
   ForEachBlock(cases, [&](const ModelBlock& block) {
     odds.Compute(block, coefficients);
     std::copy_n(odds.p.data(), block.count, probabilities.data() + block.first);
@@ -181,7 +187,7 @@ LogisticModel ComputeLogistic(const ModelCases& cases, const LogisticOutcomes& o
   model.CoefSE = CoefficientErrors(JacobiInverse(pass.Hessian), 1);
   ComputeTests(model);
   ComputeFit(n, model);
-  model.probabilities = Probabilities(cases, model.Coef);
+  model.probabilities = Probabilities(cases, model.Coef, pass.last_eta);
   Classify(cases, model);
   return model;
 }

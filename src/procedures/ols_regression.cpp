@@ -12,9 +12,11 @@ namespace {
 
 std::vector<double> Residuals(const ModelCases& cases, const std::vector<double>& coefficients) {
   std::vector<double> residuals(cases.n);
+  double prediction = 0;  // of the last case; it outlives the block
   ForEachBlock(cases, [&](const ModelBlock& block) {
     double* const out = residuals.data() + block.first;
-    Predict(block, coefficients, out);
+    Predict(block, coefficients, prediction, out);
+    prediction = out[block.count - 1];
     for (std::size_t c = 0; c < block.count; ++c) out[c] = block.y[c] - out[c];
   });
   return residuals;

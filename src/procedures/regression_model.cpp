@@ -12,11 +12,6 @@
 namespace tessara {
 namespace {
 
-// A prediction whose sum has left the range: the steps that did so are abandoned alone.
-double PredictWithCare(const ModelBlock& block, std::span<const double> coefficients, std::size_t c) {
-  return SumInOrder(coefficients.size(), [&](std::size_t j) { return coefficients[j] * block.x[j][c]; });
-}
-
 // Adds the products of a block to the upper half of X'X and to X'y, which stands as a column behind it.
 void AddNormalProducts(const ModelBlock& block, Matrix& sums, SumSteps steps) {
   std::vector<const double*> columns = block.x;
@@ -89,7 +84,7 @@ std::vector<VariableSpread> MeasureSpreads(const ModelCases& cases) {
   return spreads;
 }
 
-void Predict(const ModelBlock& block, std::span<const double> coefficients, double* out) {
+void Predict(const ModelBlock& block, std::span<const double> coefficients, double before, double* out) {
   std::fill_n(out, block.count, 0.0);
   for (std::size_t j = 0; j < coefficients.size(); ++j) {
     const double b = coefficients[j];
@@ -97,7 +92,7 @@ void Predict(const ModelBlock& block, std::span<const double> coefficients, doub
     for (std::size_t c = 0; c < block.count; ++c) out[c] += b * x[c];
   }
   for (std::size_t c = 0; c < block.count; ++c) {
-    if (!std::isfinite(out[c])) out[c] = PredictWithCare(block, coefficients, c);
+    if (!std::isfinite(out[c])) out[c] = c > 0 ? out[c - 1] : before;
   }
 }
 

@@ -66,8 +66,9 @@ void ForEachBlock(const ModelCases& cases, Visit visit) {
   }
 }
 
-// out[c] = the sum of b(j) x(j) over the coefficients, for the cases of a block.
-void Predict(const ModelBlock& block, std::span<const double> coefficients, double* out);
+// out[c] = the sum of b(j) x(j) over the coefficients, for the cases of a block. A case whose sum leaves the range of a
+// double keeps the prediction of the case before it, which is `before` for the first one.
+void Predict(const ModelBlock& block, std::span<const double> coefficients, double before, double* out);
 
 // X'X and X'y, summed case by case.
 struct NormalEquations {

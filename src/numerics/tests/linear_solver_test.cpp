@@ -22,6 +22,17 @@ TEST(MatrixVectorProduct, OfTwoRowsAndThreeColumns) {
   EXPECT_EQ(out, (std::vector<double>{-5, -8}));
 }
 
+TEST(DotProduct, FailsBeyondTheRangeOfADouble) {
+  const std::vector<double> a{1e200, 2};
+  EXPECT_EQ(DotProduct(a, std::vector<double>{1e100, 3}).value(), 1e300 + 6);
+  EXPECT_TRUE(DotProduct(a, std::vector<double>{1e200, 3}).failed());
+}
+
+// p A p is 1E+310 + 1: the step keeps its first value, 0, in every round.
+TEST(ConjugateGradientSolve, AStepThatOverflowsIsNotTaken) {
+  EXPECT_EQ(SolveFromZero(MakeMatrix({{1e10, 0}, {0, 1}}), {1e150, 1}), (std::vector<double>{0, 0}));
+}
+
 TEST(ConjugateGradientSolve, SolvesASmallSystem) {
   const std::vector<double> x = SolveFromZero(MakeMatrix({{2, 1, 0}, {1, 3, 1}, {0, 1, 4}}), {4, 10, 14});
   ASSERT_EQ(x.size(), 3u);

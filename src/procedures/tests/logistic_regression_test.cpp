@@ -263,6 +263,27 @@ TEST(Logistic, AProbabilityOfAHalfCountsAsPredictedOne) {
       << report;
 }
 
+// Models that run away: statements that leave the range of a double assign nothing, and an eta that fails is that of the
+// case before. The figures are those of a second program for the same steps in Python.
+TEST(Logistic, AModelThatRunsAwayIsReported) {
+  LogisticRun capped({{"Y", Texts({"0", "1", "0", "1", "0", "1"})},
+                      {"X", Texts({"242", "420", "913", "880", "778", "217"})},
+                      {"Z", Texts({"2", "1", "0", "0", "1", "1"})}},
+                     {2, 3});
+  const std::string report = capped.Report();
+  EXPECT_TRUE(Contains(report, "Model -2 Log Likelihood       1200.000    Iteration (201)\r\n")) << report;
+  EXPECT_TRUE(Contains(report, "McFadden Rsq                  -143.270\r\n")) << report;
+
+  LogisticRun beyond({{"Y", Texts({"0", "1", "0", "1", "0", "1"})},
+                      {"X", Texts({"89", "13", "13", "-4", "36", "34"})},
+                      {"Z", Texts({"1", "0", "1", "1", "0", "0"})}},
+                     {2, 3});
+  EXPECT_TRUE(Contains(beyond.Report(),
+                       "         0   |         1 |         2 |     33.33 \r\n"
+                       "             +-----------+-----------+\r\n"
+                       "         1   |         1 |         2 |     66.67 \r\n"));
+}
+
 // One step of Newton's method after another by hand, with b0 alone in question: the logit of 4 / 7 from 0 is reached to
 // 0.00001 by the step of round 3, which round 4 takes and finds small.
 TEST(Logistic, TheCountIsTheRoundThatFoundTheStepSmall) {
