@@ -88,11 +88,29 @@ WordParser::~WordParser() = default;
 WordParser::WordParser(WordParser&&) noexcept = default;
 WordParser& WordParser::operator=(WordParser&&) noexcept = default;
 
-CommandWords WordParser::Parse(std::span<const std::string> words) {
+// The words as the option parser takes them, the last one first. The second value of an option may start with a sign,
+// like the first one.
+std::vector<std::string> WordParser::GuardedFromTheEnd(std::span<const std::string> words) const {
   std::vector<std::string> reversed;
   reversed.reserve(words.size());
-  std::transform(words.rbegin(), words.rend(), std::back_inserter(reversed),
-                 [](const std::string& word) { return NeedsGuard(word) ? kGuard + word : word; });
+  int values_due = 0;
+  for (const std::string& word : words) {
+    const bool second_value = values_due == 1 && LooksLikeOption(word) && !word.starts_with("--");
+    reversed.push_back(second_value || NeedsGuard(word) ? kGuard + word : word);
+    if (values_due > 0) {
+      --values_due;
+      continue;
+    }
+    for (const auto& [name, option] : body_->options) {
+      if (option->get_items_expected_min() == 2 && word == name) values_due = 2;
+    }
+  }
+  std::ranges::reverse(reversed);
+  return reversed;
+}
+
+CommandWords WordParser::Parse(std::span<const std::string> words) {
+  std::vector<std::string> reversed = GuardedFromTheEnd(words);
   CommandWords result;
   try {
     body_->app.parse(std::move(reversed));

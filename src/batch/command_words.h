@@ -50,6 +50,8 @@ class WordParser {
 
  private:
   struct Body;
+  std::vector<std::string> GuardedFromTheEnd(std::span<const std::string> words) const;
+
   std::unique_ptr<Body> body_;
 };
 

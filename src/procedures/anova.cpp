@@ -24,8 +24,8 @@ AnovaTable ComputeAnova(const GroupStats& stats) {
     deviation = Sqrt(group.squares / (group.n - 1));
     table.deviations.push_back(deviation);
   }
-  table.between_squares = of_groups - Square(total) / n;
-  if (table.between_squares < 0) table.between_squares = 0;  // only rounding can bring it there
+  if (!stats.constant) table.between_squares = of_groups - Square(total) / n;  // else exactly 0
+  if (table.between_squares < 0) table.between_squares = 0;                    // only rounding can bring it there
 
   table.between_df = static_cast<double>(stats.GroupCount()) - 1;
   table.within_df = n - (table.between_df + 1);
@@ -45,18 +45,19 @@ std::vector<PostHocRow> ComputePostHoc(const GroupStats& stats) {
   const Number pair_count = group_count * (group_count - 1) / 2;
   std::vector<PostHocRow> rows;
   // These live across the pairs. Two single cases have no degree of freedom and keep deviation and p of the pair before
-  // them; two groups without spread keep its t.
-  Number deviation, t, p;
+  // them; two groups without spread keep its t, and means that lie too far apart for a double its difference.
+  Number difference, deviation, t, p;
   for (std::size_t i = 0; i < stats.GroupCount(); ++i) {
     for (std::size_t j = 0; j < stats.GroupCount(); ++j) {
       if (i == j) continue;
       const GroupStats::Group& first = stats.groups[i];
       const GroupStats::Group& second = stats.groups[j];
-      PostHocRow row{.first = i, .second = j, .difference = first.mean - second.mean, .error = {}, .p = {}};
+      difference = first.mean - second.mean;
+      PostHocRow row{.first = i, .second = j, .difference = difference, .error = {}, .p = {}};
       const Number df = (first.n - 1) + (second.n - 1);
       deviation = Sqrt((first.squares + second.squares) / df);
       row.error = Sqrt(1 / first.n + 1 / second.n) * deviation;
-      t = row.difference / row.error;
+      t = difference / row.error;
       p = TDistP(df, t) * pair_count;
       if (p > 1) p = 1;
       row.p = p;

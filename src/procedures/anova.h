@@ -36,7 +36,7 @@ struct PostHocRow {
   Number p;
 };
 
-inline constexpr std::size_t kMostPostHocGroups = 500;
+inline constexpr std::size_t kMostPostHocGroups = 1000;  // a list of a million rows
 
 AnovaTable ComputeAnova(const GroupStats& stats);
 // Every ordered pair of groups by the t-test of these two alone, p multiplied by the number of unordered pairs (after

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "numerics/case_values.h"
 #include "numerics/report_text.h"
 #include "procedures/accepted_cases.h"
 
@@ -82,6 +83,7 @@ GroupStats ComputeGroupStats(GroupedCases cases) {
   const CaseFlags varies = GroupsThatVary(cases);
 
   GroupStats stats;
+  stats.constant = AllEqual(cases.values);
   stats.groups.reserve(group_count);
   for (std::size_t group = 0; group < group_count; ++group) {
     const double group_squares = varies[group] != 0 ? squares[group] : 0;  // equal values have no deviation

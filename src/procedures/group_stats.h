@@ -31,6 +31,7 @@ struct GroupStats {
     Number squares;  // squared deviations from the group's mean; exactly 0 of values that are all equal
   };
   std::vector<Group> groups;
+  bool constant = false;  // all values of all groups are equal
 
   std::size_t GroupCount() const { return groups.size(); }
 };

@@ -54,11 +54,12 @@ void AppendLineNumber(std::string& text, std::size_t number) {
   text.append(digits.data(), count);
 }
 
-// The greatest number of lines. A text that is not numeric fails the conversion: the limit stays 0, and nothing is
-// listed.
+// The greatest number of lines, a whole number. A text that is not numeric fails the conversion: the limit stays 0, and
+// nothing is listed.
 Number LineLimit(const std::string& max_observations, std::size_t record_count) {
   if (max_observations.empty()) return static_cast<double>(record_count);
-  return ToNumber(max_observations);
+  const Number typed = ToNumber(max_observations);
+  return RoundHalfEven(typed.value());
 }
 
 // How many of the passing records are listed.

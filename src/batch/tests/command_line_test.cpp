@@ -66,6 +66,9 @@ TEST(WordParser, AnOptionOfTwoValues) {
   EXPECT_EQ(words.Value("--groups"), "-1");
   EXPECT_EQ(words.SecondValue("--groups"), "[b]");
   EXPECT_EQ(words.words, (Words{"AGE", "by", "SEX"}));
+  EXPECT_EQ(ParseFor("t-test", {"AGE", "--groups", "-1", "-.5", "by", "SEX"}).SecondValue("--groups"), "-.5");
+  EXPECT_EQ(ParseFor("t-test", {"AGE", "--groups", "a", "-b", "by", "SEX"}).SecondValue("--groups"), "-b");
+  EXPECT_EQ(ParseFor("t-test", {"AGE", "--groups", "1", "2", "-b"}).error, "unknown option \"-b\"");
   EXPECT_FALSE(ParseFor("t-test", {"AGE"}).SecondValue("--groups"));
   EXPECT_EQ(ParseFor("t-test", {"AGE", "by", "SEX", "--groups", "1"}).error, "--groups needs two values");
   EXPECT_EQ(ParseFor("t-test", {"A", "--groups", "1", "2", "--groups", "1", "2"}).error, "--groups is given twice");

@@ -267,6 +267,26 @@ TEST(Anova, RoundingBringsNoSumOfSquaresBelowZero) {
   }
 }
 
+// 29 times 98765432.1: as sums, the squares between the groups would round to 64.
+TEST(Anova, EqualValuesHaveNoDeviationBetweenTheirGroups) {
+  const auto times = [](std::size_t count) { return std::vector<double>(count, 98765432.1); };
+  AnovaRun run(Groups({{"a", times(7)}, {"b", times(7)}, {"c", times(15)}}), false, false);
+  EXPECT_NE(run.Report().find("Between Groups                  0.00         2                0.00\r\n"
+                              " Within Groups                  0.00        26                0.00\r\n"
+                              "         Total                  0.00        28    \r\n"),
+            std::string::npos);
+}
+
+// 1E+308 less -1E+308 fails: the pair keeps the difference of the one before it, once from either side.
+TEST(Anova, ADifferenceBeyondTheRangeKeepsTheOneBefore) {
+  AnovaRun run(Groups({{"a", {1, 3}}, {"b", {1e308}}, {"c", {-1e308}}}), false, true);
+  const std::string report = run.Report();
+  const std::string huge = "1" + std::string(308, '0') + ".000";
+  EXPECT_NE(report.find(" b                    a   " + huge), std::string::npos) << report;
+  EXPECT_NE(report.find(" b                    c   " + huge), std::string::npos);
+  EXPECT_NE(report.find(" c                    b   -" + huge), std::string::npos);
+}
+
 TEST(Anova, TooManyGroupsForThePostHocList) {
   TestColumn y{"Y"};
   TestColumn g{"G"};

@@ -110,7 +110,9 @@ TEST(ListVariables, TheLimit) {
   EXPECT_EQ(Lines("-2"), 0u);
   EXPECT_EQ(Lines("all"), 0u);  // the conversion fails
   EXPECT_EQ(Lines("1e999"), 0u);
-  EXPECT_EQ(Lines("2.5"), 2u);  // a third line would be beyond it
+  EXPECT_EQ(Lines("1.7"), 2u);  // a whole number, half to even
+  EXPECT_EQ(Lines("2.5"), 2u);
+  EXPECT_EQ(Lines("0.5"), 0u);
 }
 
 TEST(ListVariables, NoVariable) {
