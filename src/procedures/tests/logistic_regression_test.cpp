@@ -263,8 +263,8 @@ TEST(Logistic, AProbabilityOfAHalfCountsAsPredictedOne) {
       << report;
 }
 
-// Models that run away: statements that leave the range of a double assign nothing, and an eta that fails is that of the
-// case before. The figures are those of a second program for the same steps in Python.
+// Models that run away: statements that leave the range of a double assign nothing, and an eta that fails is that of
+// the case before. The figures are those of a second program for the same steps in Python.
 TEST(Logistic, AModelThatRunsAwayIsReported) {
   LogisticRun capped({{"Y", Texts({"0", "1", "0", "1", "0", "1"})},
                       {"X", Texts({"242", "420", "913", "880", "778", "217"})},
