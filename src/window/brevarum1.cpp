@@ -15,6 +15,7 @@
 
 #include "shell/command_table.h"
 #include "window/brevarum_input.h"
+#include "window/focus_outline.h"
 #include "window/help_browser.h"
 #include "window/segment_button.h"
 #include "window/text.h"
@@ -59,6 +60,7 @@ Brevarum1::Brevarum1(QtPlatform& platform, Session& the_session, QWidget* parent
   columns_->setChildrenCollapsible(false);
   columns_->setStretchFactor(0, 3);
   columns_->setStretchFactor(1, 2);
+  columns_->setSizes({600, 400});  // the same share at the start
   layout->addWidget(columns_, 1);
   Brevarum1::ShowSession();
 }
@@ -81,7 +83,8 @@ QWidget* Brevarum1::BuildButtons() {
     button->setObjectName(QString("Option1(%1)").arg(row.option));
     button->setText(ToQt(row.button));
     button->setCheckable(true);
-    button->setFocusPolicy(Qt::TabFocus);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->installEventFilter(this);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     button->setToolTip(ToQt(row.frame_caption).trimmed());
     button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -98,7 +101,7 @@ QWidget* Brevarum1::BuildButtons() {
   for (const auto& [id, caption] : {std::pair{0, kTwoSample}, std::pair{1, kOneSample}}) {
     auto* button = new QRadioButton(ToQt(caption), bar);
     button->setObjectName(QString("Option2(%1)").arg(id));
-    button->setFocusPolicy(Qt::TabFocus);
+    button->installEventFilter(this);
     samples_->addButton(button, id);
     samples->addWidget(button);
   }
@@ -154,6 +157,7 @@ QWidget* Brevarum1::BuildInput() {
     auto* button = new QPushButton(ThemeIcon(icon), text, input);
     button->setObjectName(name);
     button->setToolTip(tip);
+    button->setAutoDefault(true);  // so that Enter presses it
     connect(button, &QPushButton::clicked, this, [this, command] { emit CommandRequested(command); });
     actions_[place] = button;
     buttons->addWidget(button);
@@ -163,11 +167,15 @@ QWidget* Brevarum1::BuildInput() {
   QFont bold = actions_[0]->font();
   bold.setBold(true);
   actions_[0]->setFont(bold);
-  buttons->addStretch();
+  message_ = new QLabel(input);
+  message_->setObjectName("CalculatorMessage");
+  message_->setWordWrap(true);
+  buttons->addWidget(message_, 1);
   layout->addLayout(buttons);
 
   compact_ = new QPlainTextEdit(input);
   compact_->setObjectName("T5");
+  FocusOutline::AskFor(compact_);
   compact_->setAccessibleName(tr("Compact results"));
   compact_->setReadOnly(true);
   compact_->setTabChangesFocus(true);
@@ -205,13 +213,13 @@ QWidget* Brevarum1::BuildResults() {
   copy_ = new QPushButton(ThemeIcon("edit-copy"), tr("Click to Copy"), words);
   copy_->setObjectName("Label44");
   copy_->setToolTip(tr("Copy text output"));
-  copy_->setFlat(true);
   connect(copy_, &QPushButton::clicked, this, [this] { emit CommandRequested(kCopyOutput); });
   head->addWidget(results_title_, 1);
   head->addWidget(copy_);
   inside->addLayout(head);
   narrative_ = new QPlainTextEdit(words);
   narrative_->setObjectName("Text25");
+  FocusOutline::AskFor(narrative_);
   narrative_->setAccessibleName(tr("Instructions and results"));
   narrative_->setReadOnly(true);
   narrative_->setTabChangesFocus(true);
@@ -234,6 +242,9 @@ void Brevarum1::ShowSession() {
 
 void Brevarum1::StoreWidgets() { input_->StoreWidgets(); }
 void Brevarum1::FocusFirst() { input_->FocusFirst(); }
+void Brevarum1::FocusInput() {
+  if (!input_->HoldsFocus()) input_->FocusFirst();
+}
 
 void Brevarum1::ShowResults() {
   results_title_->setText(ToQt(panel().Label43).trimmed());
@@ -249,6 +260,10 @@ void Brevarum1::ShowRightPane() {
   tabs_->button(help ? kHelp : words ? kInstructions : kModule)->setChecked(true);
   pane_->parentWidget()->setVisible(help || words);
   pane_->setCurrentIndex(help ? 1 : 0);
+  // What a calculation has refused stands in the title of the results, also while these are out of sight.
+  const QString title = results_title_->text();
+  const bool refused = title != tr("Instructions") && title != tr("Results");
+  message_->setText(refused && (help || !words) ? title : QString());
   if (help) browser_->ShowPage(ToQt(CurrentRow(panel()).help_page));
 }
 
@@ -257,9 +272,15 @@ void Brevarum1::ChangePanel(const std::function<void(BrevarumPanel&)>& change) {
   change(panel());
   ShowSession();
   emit SessionChanged();
-  // The boxes are ready for typing at once, unless the arrow keys are on their way through the buttons.
-  const bool by_keyboard = qobject_cast<QAbstractButton*>(focusWidget()) != nullptr && focusWidget()->hasFocus();
-  if (!by_keyboard) FocusFirst();
+}
+
+// A calculator that is chosen with the mouse is ready for typing at once; the arrow keys stay on the buttons.
+bool Brevarum1::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonRelease) {
+    QMetaObject::invokeMethod(
+        this, [this] { FocusFirst(); }, Qt::QueuedConnection);
+  }
+  return ViewForm::eventFilter(watched, event);
 }
 
 void Brevarum1::ShowTab(int tab) {

@@ -32,12 +32,14 @@ class Brevarum1 : public ViewForm {
   void ShowSession() override;
   void StoreWidgets() override;
   void FocusFirst() override;
+  void FocusInput() override;
 
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QWidget* BuildButtons();
@@ -53,6 +55,7 @@ class Brevarum1 : public ViewForm {
   BrevarumPanel& panel() const;
 
   QtPlatform& platform_;
+  QLabel* message_ = nullptr;
   std::array<QPushButton*, 2> actions_{};  // Calculate, Clear
   QButtonGroup* kinds_ = nullptr;          // Option1
   QButtonGroup* samples_ = nullptr;        // Option2

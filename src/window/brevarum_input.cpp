@@ -19,10 +19,19 @@ constexpr std::size_t kCountsSide = 5;
 
 QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<int>(name.size())); }
 
+// As high as the page that it shows, not as the highest of all.
+class PageStack : public QStackedWidget {
+ public:
+  using QStackedWidget::QStackedWidget;
+
+  QSize sizeHint() const override { return currentWidget()->sizeHint(); }
+  QSize minimumSizeHint() const override { return currentWidget()->minimumSizeHint(); }
+};
+
 }  // namespace
 
 BrevarumInput::BrevarumInput(Platform& platform, BrevarumPanel& panel, QWidget* parent)
-    : QGroupBox(parent), platform_(platform), panel_(panel), frames_(new QStackedWidget(this)) {
+    : QGroupBox(parent), platform_(platform), panel_(panel), frames_(new PageStack(this)) {
   setObjectName("InputFrame");
   for (const BrevarumPanelRow& row : BrevarumPanelRows()) {
     if (row.frame != "F1") frames_->addWidget(own_frames_[Name(row.frame)] = BuildOwnFrame(row));
@@ -43,6 +52,7 @@ QWidget* BrevarumInput::MakeBox(const BrevarumBox& box, QWidget* parent) {
   if (box.kind == BrevarumBoxKind::kChoice) {
     auto* choice = new QComboBox(parent);
     for (const std::string_view text : box.choices) choice->addItem(ToQt(text));
+    choice->installEventFilter(this);
     choices_[name] = choice;
     made = choice;
   } else {
@@ -82,6 +92,8 @@ QWidget* BrevarumInput::BuildOwnFrame(const BrevarumPanelRow& row) {
                       place % (static_cast<int>(kCountsSide) + 1));
       ++place;
     }
+    for (int column = 0; column <= static_cast<int>(kCountsSide); ++column) grid->setColumnStretch(column, 2);
+    grid->setColumnStretch(static_cast<int>(kCountsSide) + 1, 1);
     return page;
   }
   const auto rows = row.captions.size();
@@ -252,12 +264,7 @@ void BrevarumInput::ShowFrame() {
     LayOutShared(row);
     frames_->setCurrentWidget(shared_);
   }
-  // The stack is as high as the panel that it shows.
-  for (int i = 0; i < frames_->count(); ++i) {
-    const bool shown = frames_->widget(i) == frames_->currentWidget();
-    frames_->widget(i)->setSizePolicy(QSizePolicy::Preferred, shown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
-  }
-  frames_->adjustSize();
+  frames_->updateGeometry();
 }
 
 void BrevarumInput::ShowBoxes() {
@@ -274,8 +281,8 @@ void BrevarumInput::ShowBoxes() {
     const QString text = ToQt(panel_.labels[i]);
     labels_[i]->setText(accuracy && i == 1 ? text.section("  ", 0, 0) : text.trimmed());
   }
-  curve_->SetMarker(panel_.marker);
-  curve_->SetScore(CurrentRow(panel_).panel == kScorePanel ? ToQt(panel_.labels[4]) : QString());
+  const bool scored = CurrentRow(panel_).panel == kScorePanel && CanCopyResult(panel_);
+  curve_->ShowScore(scored ? std::optional(panel_.marker) : std::nullopt, ToQt(panel_.labels[4]));
 }
 
 void BrevarumInput::StoreWidgets() {
@@ -301,27 +308,51 @@ void BrevarumInput::FocusBox(std::string_view name) {
   }
 }
 
-// The release of a key that has changed the box, or of Enter, is the panel's to judge. Keys that only move, among them
-// the Tab that has just come from the box before, change nothing.
+bool BrevarumInput::HoldsFocus() const {
+  const QWidget* focused = focusWidget();
+  return focused && focused->hasFocus() &&
+         (boxes_.contains(focused->objectName()) || choices_.contains(focused->objectName()));
+}
+
+// The release of a key that has changed the box, or of Enter, is the panel's to judge, in the box in which the key was
+// pressed: the release of a fast typist's last key may come when the next box has the focus. Keys that only move or
+// that give a command change nothing.
 bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyRelease) return QGroupBox::eventFilter(watched, event);
-  auto* edit = qobject_cast<QLineEdit*>(watched);
+  const bool press = event->type() == QEvent::KeyPress;
+  if (!press && event->type() != QEvent::KeyRelease) return QGroupBox::eventFilter(watched, event);
+  auto* box = qobject_cast<QWidget*>(watched);
   const auto* key = static_cast<QKeyEvent*>(event);
-  if (!edit || key->isAutoRepeat()) return false;
-  const bool pasted = key->matches(QKeySequence::Paste);
-  if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    KeyReleased(edit, kKeyEnter);
-  } else if (pasted || (!key->text().isEmpty() && key->text().at(0).isPrint())) {
-    KeyReleased(edit, pasted ? 'V' : key->text().at(0).toLatin1());
+  if (!box || key->isAutoRepeat()) return false;
+  if (press) {
+    pressed_[key->key()] = {box, CodeOf(*key)};
+  } else if (const Press pressed = pressed_.take(key->key()); pressed.box == box && pressed.code != 0) {
+    KeyReleased(box, pressed.code);
   }
   return false;
 }
 
-void BrevarumInput::KeyReleased(QLineEdit* box, int key) {
+// What the panel is told of a key: 0 for one that changes no text.
+int BrevarumInput::CodeOf(const QKeyEvent& key) {
+  constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return kKeyEnter;
+  if (key.matches(QKeySequence::Paste)) return 'V';
+  // AltGr, which types on many keyboards, comes as both.
+  const Qt::KeyboardModifiers held = key.modifiers() & kCommand;
+  if (held != Qt::NoModifier && held != (Qt::ControlModifier | Qt::AltModifier)) return 0;
+  if (key.key() == Qt::Key_Backspace) return kKeyBackspace;
+  const QString text = key.text();
+  if (text.isEmpty() || !text.at(0).isPrint()) return 0;
+  const char code = text.at(0).toLatin1();
+  return code != 0 ? code : '?';
+}
+
+void BrevarumInput::KeyReleased(QWidget* box, int key) {
+  pressed_.clear();  // a message may come, and take the releases of keys that are still down
   const std::string name = box->objectName().toStdString();
-  SetBox(panel_, name, FromQt(box->text()));
+  auto* edit = qobject_cast<QLineEdit*>(box);
+  if (edit) SetBox(panel_, name, FromQt(edit->text()));
   const std::string_view next = BoxKeyReleased(panel_, platform_, name, key);
-  box->setText(ToQt(panel_.Box(name)));
+  if (edit && edit->text() != ToQt(panel_.Box(name))) edit->setText(ToQt(panel_.Box(name)));
   if (!next.empty()) FocusBox(next);
 }
 

@@ -10,6 +10,7 @@
 #include "calculators/brevarum_panel.h"
 
 class QComboBox;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QStackedWidget;
@@ -29,6 +30,7 @@ class BrevarumInput : public QGroupBox {
   void ShowPanel();
   void StoreWidgets();
   void FocusFirst();  // the first box for a number
+  bool HoldsFocus() const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,7 +48,8 @@ class BrevarumInput : public QGroupBox {
   void ShowFrame();
   void ShowBoxes();
   void FocusBox(std::string_view name);
-  void KeyReleased(QLineEdit* box, int key);
+  static int CodeOf(const QKeyEvent& key);
+  void KeyReleased(QWidget* box, int key);
 
   Platform& platform_;
   BrevarumPanel& panel_;
@@ -59,7 +62,12 @@ class BrevarumInput : public QGroupBox {
   QMap<QString, QLineEdit*> boxes_;
   QMap<QString, QComboBox*> choices_;
   QMap<QString, QWidget*> own_frames_;
-  int laid_out_ = -1;  // the panel whose layout the shared frame has
+  struct Press {
+    QWidget* box = nullptr;
+    int code = 0;
+  };
+  QMap<int, Press> pressed_;  // the keys that are down
+  int laid_out_ = -1;         // the panel whose layout the shared frame has
 };
 
 }  // namespace tessara

@@ -33,8 +33,9 @@ namespace {
 constexpr int kDarkBelow = 128;
 constexpr qsizetype kMostBars = 80;  // more of them are drawn as one outline
 constexpr int kSteps = 5;
-constexpr int kMostCountedSteps = 5;      // up to this count each has its tick
-constexpr qsizetype kMostColumns = 1000;  // of an outline, each as high as the highest of its categories
+constexpr int kMostCountedSteps = 5;          // up to this count each has its tick
+constexpr qsizetype kMostColumns = 1000;      // of an outline, each as high as the highest of its categories
+constexpr std::size_t kMostNamedSeries = 14;  // in the legend, which would be boxes without names beyond
 constexpr double kAboveALine = 1.04;
 constexpr qreal kTitleScale = 1.15;
 constexpr qreal kBarWidth = 0.7;  // of a category's room
@@ -101,6 +102,12 @@ double LargestValue(const Chart& chart) {
   return largest;
 }
 
+bool HasWholeValues(const Chart& chart) {
+  const auto whole = [](double value) { return std::floor(value) == value; };
+  return std::ranges::all_of(chart.series,
+                             [&](const auto& series) { return std::ranges::all_of(series.values, whole); });
+}
+
 }  // namespace
 
 ChartColours ColoursOfPalette(const QPalette& palette) {
@@ -143,7 +150,7 @@ void DrawnChart::SetAppearance(const QFont& type) {
   title.setWeight(QFont::DemiBold);
   setTitleFont(title);
   setTitleBrush(colours_.text);
-  legend()->setVisible(chart_.series.size() > 1);
+  legend()->setVisible(chart_.series.size() > 1 && chart_.series.size() <= kMostNamedSeries);
   legend()->setAlignment(Qt::AlignBottom);
   legend()->setFont(font());
   legend()->setLabelColor(colours_.text);
@@ -200,7 +207,7 @@ void DrawnChart::SetCountRange() {
   const bool has_line =
       chart_.type == tessara::ChartType::kLine || chart_.type == tessara::ChartType::kHistogramAndLine;
   const double largest = std::clamp(LargestValue(chart_), 0.0, 1e300) * (has_line ? kAboveALine : 1);
-  if (largest > kMostCountedSteps) return MakeNice(vertical_, 0, largest);
+  if (largest > kMostCountedSteps || (largest > 0 && !HasWholeValues(chart_))) return MakeNice(vertical_, 0, largest);
   const int top = std::max(1, static_cast<int>(std::ceil(largest)));
   vertical_->setRange(0, top);
   vertical_->setTickCount(top + 1);
@@ -278,8 +285,10 @@ void DrawnChart::AddOutlines() {
       const std::size_t end = std::min(first + group, values.size());
       const double value = *std::max_element(values.begin() + static_cast<std::ptrdiff_t>(first),
                                              values.begin() + static_cast<std::ptrdiff_t>(end));
-      const double left = static_cast<double>(first) - 0.5 + gap;
-      const double right = static_cast<double>(end) - 0.5 - gap;
+      // The series of a category stand side by side.
+      const double width = (static_cast<double>(end - first) - 2 * gap) / static_cast<double>(chart_.series.size());
+      const double left = static_cast<double>(first) - 0.5 + gap + static_cast<double>(i) * width;
+      const double right = left + width;
       points << QPointF(left, 0) << QPointF(left, value) << QPointF(right, value) << QPointF(right, 0);
     }
     upper->replace(points);
@@ -287,10 +296,8 @@ void DrawnChart::AddOutlines() {
     area->setParent(this);
     area->setName(ToQt(chart_.series[i].name).toHtmlEscaped());
     const QColor colour = colours_.series[static_cast<qsizetype>(i) % colours_.series.size()];
-    QColor fill = colour;
-    if (chart_.series.size() > 1) fill.setAlphaF(0.5F);
-    area->setBrush(fill);
-    area->setPen(QPen(colour, 1));
+    area->setBrush(colour);
+    area->setPen(chart_.series.size() > 1 ? QPen(Qt::NoPen) : QPen(colour, 1));
     Attach(area);
   }
 }
@@ -337,8 +344,8 @@ void DrawnChart::ShowHint(bool hovered, qsizetype row, const QString& series, do
 
 void DrawnChart::resizeEvent(QGraphicsSceneResizeEvent* event) {
   QChart::resizeEvent(event);
-  FitTitles();
   FitLabels();
+  FitTitles();
   // The new texts ask for room of their own: the plot takes what they leave, at once.
   layout()->invalidate();
   layout()->activate();

@@ -79,6 +79,7 @@ class DrawnChart : public QChart {
   QValueAxis* horizontal_ = nullptr;
   QValueAxis* vertical_ = nullptr;
   QGraphicsSimpleTextItem* footnote_ = nullptr;
+  qreal label_height_ = 0;  // of the categories' labels below the plot
   PointCloud* cloud_ = nullptr;
 };
 

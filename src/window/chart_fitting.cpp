@@ -19,7 +19,8 @@ namespace {
 constexpr qreal kSparseLines = 1.6;  // from one label of an outline to the next
 constexpr int kLeastCutLabel = 11;   // characters: with less room a label is turned rather than cut
 constexpr qreal kLinesOfLegend = 3;
-constexpr qreal kLeastTitledLines = 10;  // the height below which the axes have no titles
+constexpr qreal kLinesOfFootnote = 1.5;
+constexpr qreal kLeastTitledLines = 10;  // the height, without what else stands below, from which axes have titles
 constexpr qreal kLeastTurnedLines = 4;   // the height below which a turned label would be cut to nothing
 
 }  // namespace
@@ -44,7 +45,8 @@ void DrawnChart::FitTitles() {
     return type.elidedText(ToQt(text), Qt::ElideRight, std::max<qreal>(room, 1));
   };
   setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
-  const qreal height = size().height() - (legend()->isVisible() ? kLinesOfLegend * gap : 0);
+  const qreal height = size().height() - (legend()->isVisible() ? kLinesOfLegend * gap : 0) -
+                       (footnote_ ? kLinesOfFootnote * gap : 0) - std::max<qreal>(label_height_ - gap, 0);
   const bool low = height < kLeastTitledLines * gap;
   const QString across = low ? QString() : Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
   if (categories_) categories_->setTitleText(across);
@@ -112,6 +114,13 @@ void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QStrin
 }
 
 void DrawnChart::ShowCategories(const QStringList& places, int angle) {
+  const QFontMetricsF metrics(font());
+  label_height_ = 0;
+  for (const QString& place : places) {
+    const QString text = WithoutMark(place);
+    const qreal lines = static_cast<qreal>(text.count("<br>") + 1) * metrics.height();
+    label_height_ = std::max(label_height_, angle == 0 ? lines : metrics.horizontalAdvance(text));
+  }
   if (places != categories_->categories()) categories_->setCategories(places);
   categories_->setLabelsAngle(angle);
 }
@@ -121,9 +130,12 @@ void DrawnChart::PlaceSparseLabels(qreal room) {
   for (const QString& label : sparse_->categoriesLabels()) sparse_->remove(label);
   const qreal line = QFontMetricsF(font()).height();
   const auto every = static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
+  label_height_ = 0;
   for (qsizetype i = every / 2; i < labels_.size(); i += every) {
     sparse_->append(Distinct(TurnedLabel(i), i + 1), static_cast<qreal>(i));
+    label_height_ = std::max(label_height_, QFontMetricsF(font()).horizontalAdvance(labels_[i]));
   }
+  label_height_ = std::min(label_height_, RoomForTurnedLabels());
   sparse_->setLabelsAngle(-90);
 }
 

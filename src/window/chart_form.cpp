@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -89,7 +90,8 @@ void ChartForm::Open(const Chart& chart) {
   summary_->setVisible(!text.isEmpty());  // most procedures have none: the chart takes the room
   int columns = 32;
   for (const QString& line : text.split('\n')) columns = std::max(columns, static_cast<int>(line.size()) + 2);
-  summary_->setFixedWidth(summary_->fontMetrics().averageCharWidth() * std::min(columns, 48));
+  summary_->setFixedWidth(summary_->fontMetrics().averageCharWidth() * std::min(columns, 48) +
+                          summary_->verticalScrollBar()->sizeHint().width());
   view_->Show(chart_);
   show();
   raise();

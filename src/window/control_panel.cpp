@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "window/focus_outline.h"
 #include "window/text.h"
 
 namespace tessara {
@@ -40,19 +41,24 @@ ControlPanel::ControlPanel(Session& session, QWidget* parent)
 }
 
 void ControlPanel::BuildTargets(QGridLayout* layout) {
-  for (std::size_t place = 0; place < kArrows; ++place) BuildArrow(place);
+  // Made in the order in which Tab goes through them.
   label2_ = new QLabel(this);
   label2_->setObjectName("Label2");
+  BuildArrow(kAnalysisArrow);
   list2_ = new VariableListView(this);
   list2_->setObjectName("List2");
+  FocusOutline::AskFor(list2_);
   list2_->setModel(analysis_);
   label3_ = new QLabel(this);
   label3_->setObjectName("Label3");
+  BuildArrow(kIndependentArrow);
   list3_ = new VariableListView(this);
   list3_->setObjectName("List3");
+  FocusOutline::AskFor(list3_);
   list3_->setModel(independent_);
   auto* label4 = new QLabel("Control", this);
   label4->setObjectName("Label4");
+  BuildArrow(kControlArrow);
   field_ = new ControlField(this);
   label2_->setBuddy(list2_);
   label3_->setBuddy(list3_);

@@ -21,6 +21,7 @@
 #include "window/charts1.h"
 #include "window/command_bars.h"
 #include "window/data1.h"
+#include "window/focus_outline.h"
 #include "window/frm_splash2.h"
 #include "window/help_pane.h"
 #include "window/output1.h"
@@ -38,6 +39,7 @@ namespace {
 constexpr int kNew = 101;
 constexpr int kOpen = 102;
 constexpr int kPrint = 106;
+constexpr int kRun = 308;
 constexpr int kLargeIcon = 32;
 constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
@@ -102,6 +104,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   bars_->InsertBehind(kPrint, output_->PrintActions());
   BuildHelpPane();
   ConnectClipboard();
+  FocusOutline::Watch(this);
   ApplyAppearance();
   NoteRecentFile();
   TabChanged();
@@ -278,6 +281,7 @@ void FrmMain::Execute(int id) {
   ShowSession();
   Perform(action);
   if (id == kNew || id == kOpen) current_view()->FocusFirst();
+  if (id == kRun) current_view()->FocusInput();
   RefreshCommands();
 }
 

@@ -27,14 +27,11 @@ NormalCurve::NormalCurve(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-void NormalCurve::SetMarker(double centre) {
-  place_ = std::clamp((centre - kMarkerMiddle) / kEdge, -1.0, 1.0);
-  update();
-}
-
-void NormalCurve::SetScore(const QString& score) {
+void NormalCurve::ShowScore(std::optional<double> centre, const QString& score) {
+  place_.reset();
+  if (centre) place_ = std::clamp((*centre - kMarkerMiddle) / kEdge, -1.0, 1.0);
   score_ = score;
-  setAccessibleDescription(score.isEmpty() ? QString() : tr("The marker stands at z = %1").arg(score));
+  setAccessibleDescription(centre && !score.isEmpty() ? tr("The marker stands at z = %1").arg(score) : QString());
   update();
 }
 
@@ -83,8 +80,8 @@ void NormalCurve::paintEvent(QPaintEvent*) {
                      QString::number(z).replace('-', QChar(0x2212)));
   }
 
-  if (score_.isEmpty()) return;
-  const double x = x_of(place_);
+  if (!place_) return;
+  const double x = x_of(*place_);
   painter.setPen(QPen(text, 2));
   painter.drawLine(QPointF(x, top - line / 5), QPointF(x, base));
   QPolygonF head;
@@ -92,6 +89,7 @@ void NormalCurve::paintEvent(QPaintEvent*) {
   painter.setBrush(text);
   painter.setPen(Qt::NoPen);
   painter.drawPolygon(head);
+  if (score_.isEmpty()) return;
   painter.setPen(text);
   const QString caption = "z = " + score_;
   const double wide = fontMetrics().horizontalAdvance(caption);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
 namespace tessara {
 
@@ -12,10 +13,9 @@ class NormalCurve : public QWidget {
  public:
   explicit NormalCurve(QWidget* parent);
 
-  // The marker's place as the calculator tells it: 2030 is the middle, 1900 to either side the edge.
-  void SetMarker(double centre);
-  // The score that the marker stands for, as a text; without one there is no marker.
-  void SetScore(const QString& score);
+  // The marker's place as the calculator tells it: 2030 is the middle, 1900 to either side the edge. Without a place
+  // there is no marker. `score` is the text beside it, which may be empty.
+  void ShowScore(std::optional<double> centre, const QString& score);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -24,7 +24,7 @@ class NormalCurve : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  double place_ = 0;  // of the marker: -1 the left edge, 1 the right one
+  std::optional<double> place_;  // of the marker: -1 the left edge, 1 the right one
   QString score_;
 };
 

@@ -284,7 +284,7 @@ QStringList Output1::Pages() {
 
 void Output1::Preview() {
   const QStringList pages = Pages();
-  QPrintPreviewDialog dialog(&platform_.Printer(), window());
+  QPrintPreviewDialog dialog(&platform_.NewPrinter(), window());
   dialog.setWindowTitle(tr("Print Preview"));
   connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
           [&pages](QPrinter* printer) { PaintPages(*printer, pages); });

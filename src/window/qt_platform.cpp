@@ -154,21 +154,23 @@ std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_
 std::optional<ChosenFile> QtPlatform::AskOpenFile(const FileDialog& dialog) { return AskFile(dialog, false); }
 std::optional<ChosenFile> QtPlatform::AskSaveFile(const FileDialog& dialog) { return AskFile(dialog, true); }
 
-QPrinter& QtPlatform::Printer() {
-  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+// Each job has a printer of its own: a file that was chosen for one must not be written again by the next, and one that
+// has failed must not spoil those that follow.
+QPrinter& QtPlatform::NewPrinter() {
+  printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
   return *printer_;
 }
 
 bool QtPlatform::PrintDocument(const QTextDocument& document) {
-  if (!Printer().isValid()) return false;
-  document.print(&Printer());
+  if (!printer_) NewPrinter();
+  if (!printer_->isValid()) return false;
+  document.print(printer_.get());
   return true;
 }
 
 bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) {
-  QPrinter& printer = Printer();
+  QPrinter printer(QPrinter::HighResolution);
   if (!printer.isValid()) return false;
-  const QPageLayout::Orientation usual = printer.pageLayout().orientation();
   printer.setPageOrientation(QPageLayout::Landscape);
   QPainter painter;
   bool printed = painter.begin(&printer);
@@ -176,21 +178,20 @@ bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)
     paint(painter, QRectF(0, 0, printer.width(), printer.height()));
     printed = painter.end() && printer.printerState() != QPrinter::Error;
   }
-  printer.setPageOrientation(usual);
   return printed;
 }
 
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
   BeforeDialog();
   const PlainCursor cursor;
-  QPrintDialog form(&Printer(), DialogParent());
+  QPrintDialog form(&NewPrinter(), DialogParent());
   form.setWindowTitle(ToQt(dialog.title));
   form.setOption(QAbstractPrintDialog::PrintPageRange, false);
   form.setOption(QAbstractPrintDialog::PrintSelection, dialog.offer_selection);
   form.setPrintRange(dialog.offer_selection ? QAbstractPrintDialog::Selection : QAbstractPrintDialog::AllPages);
   if (form.exec() != QDialog::Accepted) return std::nullopt;
-  const PrintChoice choice{std::max(1, Printer().copyCount())};
-  Printer().setCopyCount(1);  // the caller repeats the pages itself
+  const PrintChoice choice{std::max(1, printer_->copyCount())};
+  printer_->setCopyCount(1);  // the caller repeats the pages itself
   return choice;
 }
 
@@ -206,7 +207,8 @@ Answer QtPlatform::ShowMessage(const MessageBox& box) {
 bool QtPlatform::PrintPages(const std::vector<std::string>& pages) {
   QStringList texts;
   for (const std::string& page : pages) texts += ToQt(page);
-  return PaintPages(Printer(), texts);
+  if (!printer_) NewPrinter();
+  return PaintPages(*printer_, texts);
 }
 
 void QtPlatform::ShowWaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }

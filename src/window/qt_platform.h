@@ -40,12 +40,12 @@ class QtPlatform : public Platform {
   // The frame that dialogs belong to, its three panes, and what it does ahead of each dialog.
   void AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog);
 
-  // The printer that the user chose last.
-  QPrinter& Printer();
+  // A printer for a new job: the system's own until a dialog has chosen another one for it.
+  QPrinter& NewPrinter();
   // Prints a page of the help. False when the printer refuses.
   virtual bool PrintDocument(const QTextDocument& document);
-  // Prints one sheet across on the printer that the user chose last, the system's own at first: calls paint with the
-  // place to fill. False when the printer refuses.
+  // Prints one sheet across on the system's own printer: calls paint with the place to fill. False when the printer
+  // refuses.
   virtual bool PrintPicture(const std::function<void(QPainter& painter, const QRectF& sheet)>& paint);
   // Takes the content over.
   void SetClipboardContent(QMimeData* content);

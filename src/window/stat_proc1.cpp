@@ -10,6 +10,7 @@
 
 #include "window/control_panel.h"
 #include "window/elided_label.h"
+#include "window/focus_outline.h"
 #include "window/procedure_box.h"
 #include "window/segment_button.h"
 #include "window/stat_proc1_pages.h"
@@ -126,6 +127,7 @@ QWidget* StatProc1::BuildFooter() {
   summary_->setObjectName("RunSummary");
   run_ = new QPushButton(QIcon::fromTheme("media-playback-start"), "Run", footer);
   run_->setObjectName("RunButton");
+  FocusOutline::AskFor(run_);
   run_->setToolTip("Run the selected procedure (F5)");
   run_->setDefault(true);
   QFont bold = run_->font();

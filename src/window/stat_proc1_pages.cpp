@@ -7,6 +7,7 @@
 
 #include "data/data_statistics.h"
 #include "procedures/examples.h"
+#include "window/focus_outline.h"
 #include "window/text.h"
 
 namespace tessara {
@@ -102,6 +103,7 @@ ExamplePane::ExamplePane(QWidget* parent)
   heading_->setBuddy(example_);
 
   example_->setObjectName("Text9");
+  FocusOutline::AskFor(example_);
   example_->setAccessibleName("Example of output");
   example_->setReadOnly(true);
   example_->setTabChangesFocus(true);

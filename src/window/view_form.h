@@ -24,6 +24,8 @@ class ViewForm : public QWidget {
   virtual void StoreWidgets() {}
   // Takes the keyboard focus to where the user goes on.
   virtual void FocusFirst() { setFocus(); }
+  // The same behind a run: the focus stays where the user was at work.
+  virtual void FocusInput() {}
   // What the command rules need to know of this view's widgets.
   virtual WidgetState State() const { return {}; }
   // The part of a command that only a widget can do: select all, copy, paste, cut.

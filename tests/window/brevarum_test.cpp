@@ -75,6 +75,64 @@ class BrevarumTest : public QObject {
     QCOMPARE(Box("tx1")->text(), "-x");  // left in place
   }
 
+  void TypingInTheMiddleStaysThere() {
+    QLineEdit* box = Box("tx1");
+    QTest::keyClicks(box, "1234");
+    QTest::keyClick(box, Qt::Key_Home);
+    QTest::keyClicks(box, "56");
+    QCOMPARE(box->text(), "561234");
+    QCOMPARE(box->cursorPosition(), 2);
+  }
+
+  void AKeyIsJudgedInTheBoxInWhichItWasPressed() {
+    QLineEdit* first = Box("tx1");
+    QLineEdit* second = Box("tx2");
+    QTest::keyPress(first, Qt::Key_5);
+    QTest::keyClick(first, Qt::Key_Tab);
+    QVERIFY(second->hasFocus());
+    QTest::keyRelease(second, Qt::Key_5);
+    QCOMPARE(window().script().messages.size(), std::size_t{0});
+    // the release of a command's key, and of the Enter that has closed a message
+    QTest::keyPress(second, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyRelease(second, Qt::Key_A);
+    QTest::keyRelease(second, Qt::Key_Return);
+    QCOMPARE(window().script().messages.size(), std::size_t{0});
+    QVERIFY(second->hasFocus());
+  }
+
+  void EnterLeavesTheChoicesOfPowerToo() {
+    Press("Option1(8)");
+    auto* alpha = window().Find<QComboBox>("Alpha");
+    alpha->setFocus();
+    QTest::keyClick(alpha, Qt::Key_Return);
+    QVERIFY(window().Find<QComboBox>("Beta")->hasFocus());
+    QTest::keyClick(window().Find<QComboBox>("Beta"), Qt::Key_Return);
+    QVERIFY(Box("T1")->hasFocus());
+  }
+
+  void TheFocusReturnsToTheInput() {
+    QTest::keyClicks(Box("tx1"), "5");
+    Box("ts2")->setFocus();
+    window().Trigger(308);
+    QVERIFY(Box("ts2")->hasFocus());  // where the user was at work
+    auto* calculate = window().Find<QPushButton>("CalculateButton");
+    calculate->setFocus();
+    QTest::keyClick(calculate, Qt::Key_Return);
+    QVERIFY(Box("tx1")->hasFocus());
+  }
+
+  void ARefusalIsSeenWithTheResultsOutOfSight() {
+    auto* message = window().Find<QLabel>("CalculatorMessage");
+    Press("Option1(3)");
+    Press("Viewbar1(2)");
+    QCOMPARE(message->text(), "");
+    window().Trigger(308);
+    QCOMPARE(message->text(), "Error: No cases in table");
+    Press("Viewbar1(0)");
+    QCOMPARE(message->text(), "");
+    QCOMPARE(window().Find<QLabel>("Label43")->text(), "Error: No cases in table");
+  }
+
   void KeysThatOnlyMoveAskNothing() {
     QTest::keyClick(Box("tx1"), Qt::Key_Tab);
     QTest::keyClick(Box("tx1"), Qt::Key_Left);
@@ -132,6 +190,39 @@ class BrevarumTest : public QObject {
     Press("Option1(5)");
     QVERIFY(!curve->isVisible());
     QVERIFY(compact->isVisible());
+  }
+
+  void AScoreOfZeroHasItsMarker() {
+    Press("Option1(6)");
+    auto* curve = window().Find<QWidget>("NormalCurve");
+    const QImage bare = curve->grab().toImage();
+    for (const auto& [name, text] : {std::pair{"T1", "0"}, {"T2", "5"}, {"T3", "2"}}) QTest::keyClicks(Box(name), text);
+    window().Trigger(308);
+    QCOMPARE(window().Find<QLabel>("L5")->text(), "");
+    QVERIFY(curve->grab().toImage() != bare);
+    window().Trigger(101);
+    QCOMPARE(curve->grab().toImage(), bare);
+  }
+
+  void ACalculationLeavesTheLayoutAlone() {
+    Press("Option1(3)");
+    QCoreApplication::processEvents();
+    const QRect box = Box("C3R2")->geometry();
+    QTest::keyClicks(Box("C1R1"), "5");
+    QTest::keyClicks(Box("C2R2"), "5");
+    window().Trigger(308);
+    QCoreApplication::processEvents();
+    QCOMPARE(Box("C3R2")->geometry(), box);
+    Press("Option1(6)");
+    QCoreApplication::processEvents();
+    auto* curve = window().Find<QWidget>("NormalCurve");
+    const QRect drawn = curve->geometry();
+    QTest::keyClicks(Box("T1"), "1");
+    QTest::keyClicks(Box("T2"), "5");
+    QTest::keyClicks(Box("T3"), "2");
+    window().Trigger(308);
+    QCoreApplication::processEvents();
+    QCOMPARE(curve->geometry(), drawn);
   }
 
   void APressedButtonMakesTheFirstBoxReady() {

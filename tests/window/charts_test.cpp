@@ -1,9 +1,11 @@
+#include <QAreaSeries>
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
 #include <QClipboard>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QLineSeries>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScatterSeries>
@@ -338,6 +340,45 @@ class ChartsTest : public QObject {
     QVERIFY(drawn->ShownLabels().size() > 10);
     QVERIFY(drawn->ShownLabels().size() < 60);
     QVERIFY(timer.elapsed() < 20000);  // a hang, not a measure
+  }
+
+  // Where the area of a series stands in its first category.
+  static std::pair<qreal, qreal> FirstColumn(const QAbstractSeries* series) {
+    const QList<QPointF> points = qobject_cast<const QAreaSeries*>(series)->upperSeries()->points();
+    return {points[0].x(), points[2].x()};
+  }
+
+  void OutlinesOfSeveralSeriesStandSideBySide() {
+    std::vector<std::string> labels;
+    Chart::Series men{"Men", {}}, women{"Women", {}};
+    for (int i = 0; i < 60; ++i) {
+      labels.push_back(std::to_string(i));
+      men.values.push_back(2 + i % 7);
+      women.values.push_back(9 - i % 7);
+    }
+    const auto drawn = Draw(BarsChart("Bars", "", "Frequency", labels, {men, women}), {900, 400});
+    QCOMPARE(drawn->series().size(), 2);
+    const auto [left, middle] = FirstColumn(drawn->series()[0]);
+    const auto [next, right] = FirstColumn(drawn->series()[1]);
+    QVERIFY(left > -0.5 && right < 0.5);
+    QVERIFY(left < middle && next < right);
+    QVERIFY(std::abs(middle - next) < 1e-9);
+    QVERIFY(drawn->legend()->isVisible());
+  }
+
+  void ManySeriesHaveNoLegend() {
+    std::vector<Chart::Series> series;
+    for (int i = 0; i < 15; ++i) series.push_back({"S", {1, 2}});
+    QVERIFY(!Draw(BarsChart("Bars", "", "Frequency", {"a", "b"}, series), {900, 400})->legend()->isVisible());
+    series.pop_back();
+    QVERIFY(Draw(BarsChart("Bars", "", "Frequency", {"a", "b"}, series), {900, 400})->legend()->isVisible());
+  }
+
+  void SmallSharesHaveAnAxisOfTheirOwn() {
+    const auto drawn = Draw(BarsChart("Bars", "", "Percent", {"a", "b"}, {{"p", {0.25, 0.5}}}), {600, 400});
+    const auto* axis = qobject_cast<QValueAxis*>(drawn->axes(Qt::Vertical).value(0));
+    QCOMPARE(axis->max(), 0.5);
+    QCOMPARE(axis->labelFormat(), "%.1f");
   }
 
   void AScatterFillsItsPlotUpToAMargin() {

@@ -204,6 +204,38 @@ class FrameTest : public QObject {
     QCOMPARE(value->text(), "30");
   }
 
+  void TheFocusIsSeenOnListsAndTexts() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewBrevarum);
+    auto* compact = window().Find<QPlainTextEdit>("T5");
+    compact->setFocus();
+    QTRY_VERIFY(window().frame().findChild<QWidget*>("FocusOutline"));
+    auto* outline = window().Find<QWidget>("FocusOutline");
+    QVERIFY(outline->isVisible());
+    QCOMPARE(outline->parentWidget(), compact->parentWidget());
+    QCOMPARE(outline->geometry(), compact->geometry());
+    window().frame().resize(window().frame().width() + 50, window().frame().height() + 40);
+    QTRY_COMPARE(outline->geometry(), compact->geometry());
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QWidget>("Image2(0)")->setFocus();
+    QTRY_VERIFY(!window().frame().findChild<QWidget*>("FocusOutline"));
+  }
+
+  void TabGoesFromEachArrowToItsList() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QRadioButton>("Option3")->click();
+    QWidget* at = window().Find<QWidget>("Image2(0)");
+    QStringList names;
+    for (int i = 0; i < 7; ++i) {
+      names += at->objectName();
+      at->setFocus();
+      QTest::keyClick(at, Qt::Key_Tab);
+      at = QApplication::focusWidget();
+    }
+    QCOMPARE(names, QStringList({"Image2(0)", "List2", "Image2(1)", "List3", "Image2(2)", "Text18", "ResetVar"}));
+  }
+
   void TheSummaryStatisticsOfAnAnovaByMouse() {
     window().Start(WriteScores());
     window().ShowView(View::ViewStatProcs);
