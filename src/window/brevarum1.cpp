@@ -58,9 +58,9 @@ Brevarum1::Brevarum1(QtPlatform& platform, Session& the_session, QWidget* parent
   columns_->addWidget(BuildInput());
   columns_->addWidget(BuildResults());
   columns_->setChildrenCollapsible(false);
-  columns_->setStretchFactor(0, 3);
-  columns_->setStretchFactor(1, 2);
-  columns_->setSizes({600, 400});  // the same share at the start
+  columns_->setStretchFactor(0, 7);
+  columns_->setStretchFactor(1, 3);
+  columns_->setSizes({700, 300});  // the same share at the start
   layout->addWidget(columns_, 1);
   Brevarum1::ShowSession();
 }
@@ -210,6 +210,8 @@ QWidget* Brevarum1::BuildResults() {
   bold.setBold(true);
   results_title_->setFont(bold);
   results_title_->setWordWrap(true);
+  // Room for its longest title of one word, so that a calculation does not move the splitter.
+  results_title_->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(tr("Instructions")));
   copy_ = new QPushButton(ThemeIcon("edit-copy"), tr("Click to Copy"), words);
   copy_->setObjectName("Label44");
   copy_->setToolTip(tr("Copy text output"));

@@ -125,18 +125,22 @@ void DrawnChart::ShowCategories(const QStringList& places, int angle) {
   categories_->setLabelsAngle(angle);
 }
 
-// The labels of an outline's categories, as many as there is room for.
+// The labels of an outline's categories: upright where all fit side by side, else turned and as many as there is room
+// for.
 void DrawnChart::PlaceSparseLabels(qreal room) {
   for (const QString& label : sparse_->categoriesLabels()) sparse_->remove(label);
-  const qreal line = QFontMetricsF(font()).height();
-  const auto every = static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
-  label_height_ = 0;
+  const QFontMetricsF metrics(font());
+  const qreal line = metrics.height();
+  qreal widest = 0;
+  for (const QString& label : labels_) widest = std::max(widest, metrics.horizontalAdvance(label) + line * 0.8);
+  const bool upright = widest <= room;
+  const auto every = upright ? 1 : static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
   for (qsizetype i = every / 2; i < labels_.size(); i += every) {
-    sparse_->append(Distinct(TurnedLabel(i), i + 1), static_cast<qreal>(i));
-    label_height_ = std::max(label_height_, QFontMetricsF(font()).horizontalAdvance(labels_[i]));
+    const QString label = upright ? Plain(labels_[i]) : TurnedLabel(i);
+    sparse_->append(Distinct(label, i + 1), static_cast<qreal>(i));
   }
-  label_height_ = std::min(label_height_, RoomForTurnedLabels());
-  sparse_->setLabelsAngle(-90);
+  label_height_ = upright ? line : std::min(widest, RoomForTurnedLabels());
+  sparse_->setLabelsAngle(upright ? 0 : -90);
 }
 
 QString DrawnChart::TurnedLabel(qsizetype category) const {

@@ -366,6 +366,17 @@ class ChartsTest : public QObject {
     QVERIFY(drawn->legend()->isVisible());
   }
 
+  void AnOutlineOfFewCategoriesHasUprightLabels() {
+    std::vector<Chart::Series> series;
+    for (int i = 0; i < 30; ++i) series.push_back({"S", {1, 2, 3, 4}});
+    const std::vector<std::string> regions{"North", "South", "East", "West"};
+    const auto wide = Draw(BarsChart("Bars", "", "Frequency", regions, series), {900, 400});
+    QCOMPARE(wide->axes(Qt::Horizontal).value(0)->labelsAngle(), 0);
+    QCOMPARE(wide->ShownLabels(), QStringList({"North", "South", "East", "West"}));
+    const auto narrow = Draw(BarsChart("Bars", "", "Frequency", regions, series), {150, 400});
+    QCOMPARE(narrow->axes(Qt::Horizontal).value(0)->labelsAngle(), -90);
+  }
+
   void ManySeriesHaveNoLegend() {
     std::vector<Chart::Series> series;
     for (int i = 0; i < 15; ++i) series.push_back({"S", {1, 2}});

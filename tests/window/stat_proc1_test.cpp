@@ -230,6 +230,16 @@ class StatProc1Test : public QObject {
     QCOMPARE(Find<QLabel>("Label10")->text(), QString("  Logistic Regression    [Example]"));
   }
 
+  void TheSummaryNamesWhatWillBeCompared() {
+    Click("Option3");
+    panel().SelectedVariables = {1};
+    panel().IndependentVariables = {2};
+    Click("Option1");
+    QVERIFY(Find<QLabel>("RunSummary")->text().contains(" by "));
+    Click("Option12");
+    QVERIFY(!Find<QLabel>("RunSummary")->text().contains(" by "));
+  }
+
   void RunIsAskedForWithThePanelFilled() {
     QSignalSpy asked(view_.get(), &StatProc1::CommandRequested);
     Click("Option3");
