@@ -1,8 +1,10 @@
 #include "procedures/t_test.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "data/value_labels.h"
 #include "numerics/case_values.h"
@@ -91,8 +93,6 @@ TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two) {
   result.equal_df = one.n + two.n - 2;
   Number error = Sqrt((one.squares + two.squares) / result.equal_df) * Sqrt((one.n + two.n) / (one.n * two.n));
   result.equal.t = RoundedT((one.mean - two.mean) / error);
-  Keep(result.equal.p, Masked(TDistP(result.equal_df, ToNumber(result.equal.t)), "0.0000"));
-  result.equal.p = ShownP(result.equal.p);
 
   const Number share_one = variance_one / (one.n - 1);
   const Number share_two = variance_two / (two.n - 1);
@@ -102,11 +102,14 @@ TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two) {
   result.unequal_df = MaskedNumber(df.value(), "0.00");
   error = Sqrt(share_one + share_two);
   result.unequal.t = RoundedT((one.mean - two.mean) / error);
+
   const Number shown_df = ToNumber(result.unequal_df);
-  if (shown_df.value() >= 5) {  // below that no p is computed
-    const Checked p = TDistP(RoundHalfEven(shown_df.value()), ToNumber(result.unequal.t));
-    Keep(result.unequal.p, Masked(p, "0.0000"));
-  }
+  const std::array<StudentT, 2> tests = {
+      {{result.equal_df, ToNumber(result.equal.t)}, {RoundHalfEven(shown_df.value()), ToNumber(result.unequal.t)}}};
+  const std::vector<Checked> ps = TDistPs(tests);
+  Keep(result.equal.p, Masked(ps[0], "0.0000"));
+  if (shown_df.value() >= 5) Keep(result.unequal.p, Masked(ps[1], "0.0000"));  // there is none below that
+  result.equal.p = ShownP(result.equal.p);
   result.unequal.p = ShownP(result.unequal.p);
 
   if (variance_one <= variance_two) {
