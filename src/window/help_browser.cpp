@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QToolButton>
 
 #include "window/qt_platform.h"
@@ -21,6 +22,16 @@ HelpBrowser::HelpBrowser(QtPlatform& platform, QWidget* parent) : QTextBrowser(p
   document()->setDocumentMargin(kPageMargin);
   document()->setDefaultStyleSheet("h1 { font-size: x-large; } h2 { font-size: large; } h3 { font-size: medium; }");
   connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::Follow);
+  connect(this, &QTextBrowser::sourceChanged, this, [this] { anchored_at_ = verticalScrollBar()->value(); });
+}
+
+// A section stays in sight when the lines wrap anew, unless the reader has scrolled on.
+void HelpBrowser::resizeEvent(QResizeEvent* event) {
+  const bool at_anchor = source().hasFragment() && verticalScrollBar()->value() == anchored_at_;
+  QTextBrowser::resizeEvent(event);
+  if (!at_anchor) return;
+  scrollToAnchor(source().fragment());
+  anchored_at_ = verticalScrollBar()->value();
 }
 
 QString HelpBrowser::HelpFolder() const { return PathToQt(platform_.ProgramFolder() / "Help"); }

@@ -23,11 +23,15 @@ class HelpBrowser : public QTextBrowser {
 
   QVariant loadResource(int type, const QUrl& name) override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void Follow(const QUrl& link);
   QString HelpFolder() const;
 
   QtPlatform& platform_;
+  int anchored_at_ = 0;  // where the page was scrolled to when it was shown
 };
 
 // The buttons back, forward and print of a browser: Image1(0) to Image1(2).

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QToolButton>
 
@@ -312,6 +313,23 @@ class BrevarumTest : public QObject {
     QVERIFY(!window().Find<QPlainTextEdit>("Text25")->isVisible());
     Press("Viewbar1(0)");
     QVERIFY(window().Find<QPlainTextEdit>("Text25")->isVisible());
+  }
+
+  void TheHelpStaysAtItsSectionWhenTheWindowChanges() {
+    std::string page;
+    for (int i = 0; i < 400; ++i) page += "<p>word after word after word after word, and so on to the end of it</p>";
+    page += "<h2><a name=\"sumt\">T-Test</a></h2>";
+    for (int i = 0; i < 100; ++i) page += "<p>more</p>";
+    window().WriteFile(window().program_folder() / "Help/UserManual3.html", page);
+    window().frame().resize(1200, 700);
+    Press("Viewbar1(1)");
+    auto* browser = window().Find<QWidget>("Brevarum1")->findChild<QTextBrowser*>("WebBrowser1");
+    const auto line_at_top = [&] { return browser->cursorForPosition(QPoint(20, 12)).block().text(); };
+    QTRY_COMPARE(line_at_top(), "T-Test");
+    for (const QSize& size : {QSize(1500, 900), QSize(653, 493)}) {
+      window().frame().resize(size);
+      QTRY_COMPARE(line_at_top(), "T-Test");
+    }
   }
 
   void TheFourfoldTableShowsItsTotals() {
