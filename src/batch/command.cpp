@@ -36,7 +36,7 @@ constexpr OptionRow kCrosstabOptions[] = {
     {"--no-chi-square", "", "leave the chi-square tests out", OptionValue::kNone},
     {"--risk", "", "add odds ratio and relative risk of a 2 by 2 table", OptionValue::kNone},
     {"--association", "", "add the measures of association", OptionValue::kNone},
-    {"--agreement", "", "add Kappa, of as many rows as columns", OptionValue::kNone},
+    {"--agreement", "", "add Kappa, when there are as many rows as columns", OptionValue::kNone},
 };
 
 constexpr OptionRow kTTestOptions[] = {
@@ -121,16 +121,17 @@ constexpr CommandRow kCommands[] = {
     {"control", "VAR [RELATION] | none", "limit the cases of the commands that follow",
      "The commands that follow use only the cases whose value of VAR meets the relation; a\n"
      "missing value of VAR never does, but for --all-missing. At most one relation may be\n"
-     "given. The control stays until the next control command, \"control none\" ends it.\n"
+     "given. The control stays until the next control command; \"control none\" and new end it,\n"
+     "and after open it means the variable of the same column.\n"
      "A variable named \"none\" is reached by its number.\n",
      "control AGE --gt 40", kControlOptions, 1, "VAR", procedure_commands::Control},
     {"frequencies", "VAR... [by VAR...] [--dispersion]", "counts and percentages",
      "Reports count, percent and cumulative percent of each value, one report a variable.\n"
-     "Variables behind \"by\" are compared with each of those ahead of it.\n",
+     "With variables behind \"by\" each of those ahead of it is crosstabulated with them.\n",
      "frequencies SEX SMOKE --dispersion", kFrequenciesOptions, kAnyNumber, "VAR", procedure_commands::Frequencies},
     {"descriptives", "VAR... [by VAR...] [--chart] [--save-z]", "summary statistics",
      "Reports mean, median, spread and a one-sample t-test against 0, one report a variable.\n"
-     "Variables behind \"by\" are compared with each of those ahead of it.\n",
+     "A comparison by the variables behind \"by\" is not in this version: a message says so.\n",
      "descriptives AGE WEIGHT --chart", kDescriptivesOptions, kAnyNumber, "VAR", procedure_commands::Descriptives},
     {"crosstab", "VAR... by VAR... [OPTIONS]", "compare one categorical variable to another",
      "Counts a table with the variable ahead of \"by\" in its rows and the one behind it in its\n"
@@ -143,7 +144,7 @@ constexpr CommandRow kCommands[] = {
     {"anova", "VAR... by VAR... [--summary] [--post-hoc]", "compare two or more independent means",
      "One-way analysis of variance of the variable ahead of \"by\" over the groups that the\n"
      "values of the one behind it make.\n",
-     "anova WEIGHT by GROUP --summary --post-hoc", kAnovaOptions, kAnyNumber, "VAR", procedure_commands::Anova},
+     "anova PRESSURE by REGION --summary --post-hoc", kAnovaOptions, kAnyNumber, "VAR", procedure_commands::Anova},
     {"correlation",
      "VAR... by VAR...",
      "compare two continuous variables",
@@ -177,7 +178,7 @@ constexpr CommandRow kCommands[] = {
      "Compares an ordered test result with a reference standard of two values, the second of\n"
      "them disease: sensitivity, specificity and the like for each cut point, and the area\n"
      "under the ROC curve.\n",
-     "diagnostic RATING by DISEASE",
+     "diagnostic TEST by DISEASE",
      {},
      kAnyNumber,
      "VAR",

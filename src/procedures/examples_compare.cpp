@@ -74,11 +74,12 @@ is added.
 The odds ratio compares the odds of the first row between the columns. The relative
 risk compares the shares of the first row: men were 2.939 times as likely as women to
 be lost. An interval that contains 1 means that there may be no difference. The
-measures of association run from 0, none, to 1, complete. Agreement (Kappa) is for two
-readers who judged the same cases with the same values.
+measures of association start from 0, none; Cramer's V and Lambda reach 1, complete,
+while Pearson C stays below it. Agreement (Kappa) is for two readers who judged the
+same cases with the same values.
 
 WHAT TO WATCH FOR. The Note at the end: when more than a fifth of the cells have an
-expected frequency below 5, do not trust the chi-square; join categories with Recode.
+expected frequency below 5, do not trust the chi-square; join categories in the data.
 A significant table need not be a strong one: with many cases small differences become
 significant.
 )example";
@@ -129,9 +130,11 @@ the line "Equal Variance" holds. Were it below 0.05, you would read "Unequal
 Variance". The p there, 0.0090, is the probability of a difference as large as this if
 there were none in truth. Below 0.05 it is usual to speak of a significant difference.
 
-WHAT TO WATCH FOR. Both groups need at least five cases. The groups must be different
-people: for the same people measured twice, compute the difference and test it with
-Descriptives. And a significant difference of 3.4 may still be too small to matter.
+WHAT TO WATCH FOR. Both groups need at least five cases. When the DF of "Unequal
+Variance" is below 5 its p is not computed, and stands as 0.0001: do not use it. The
+groups must be different people: for the same people measured twice, put the
+difference into a variable of its own and test it with Descriptives. And a significant
+difference of 3.4 may still be too small to matter.
 )example";
 }
 
@@ -197,8 +200,9 @@ corrected for the number of pairs. Each pair is listed twice, once from either s
 Here every p is below 0.05, so all three kinds differ in the width of their sepals.
 
 WHAT TO WATCH FOR. The groups should have about the same spread: compare the column
-Std. Dev. A group of a single case has none. If F is not significant, do not go
-looking for single differences in the post hoc table.
+Std. Dev. A group of a single case has none: the figure beside it is that of the group
+above, or 0. If F is not significant, do not go looking for single differences in the
+post hoc table.
 )example";
 }
 

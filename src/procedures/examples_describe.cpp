@@ -195,8 +195,8 @@ The example lists seven variables of the sample file cars.dcs, with 8 under "Max
 Observations".
 
 WHEN TO USE IT. List Variables prints the values themselves, one line a case. Use it
-to check data: after an import, after a recode, or to look at the cases behind a
-strange result.
+to check data that somebody else has sent, or to look at the cases behind a strange
+result.
 
 WHICH VARIABLES GO WHERE. Put one to seven variables under "List Variables". A control
 variable chooses the cases, for example MPG less than 15.

@@ -46,7 +46,7 @@ correlation; 0.0000 stands for less than 0.00005.
 
 WHAT TO WATCH FOR. r sees straight lines only: a clear bend can give an r near 0, and
 a single stray case can make an r near 1. The sample file anscombe.dcs shows four sets
-with the same r of 0.816 and four different pictures. A correlation does not tell what
+with nearly the same r, 0.816 to 0.817, and four different pictures. A correlation does not tell what
 causes what. Cases with a missing value in either variable are left out and counted as
 Missing.
 )example";
@@ -176,8 +176,8 @@ WHEN TO USE IT. Logistic regression explains a variable that is yes or no by one
 more other variables: survived or not, ill or not.
 
 WHICH VARIABLES GO WHERE. The yes-or-no variable goes under "Variable Y". It must be
-coded 1 for the response of interest and 0 for the rest; use Recode if it is not. The
-explaining variables go under "Variable X".
+coded 1 for the response of interest and 0 for the rest. The explaining variables go
+under "Variable X".
 
 HOW TO READ IT. Model Chi-Square tests all variables together. Under Coefficients,
 read OR, the odds ratio: the odds of survival of a woman were 9.9 times those of a man

@@ -84,7 +84,7 @@ QString Charts1::EmptyWords() const {
   if (store.SelectedVariableCount == 1) {
     return tr(
         "The last procedure left no charts.\n\n"
-        "Frequencies, Descriptives, Correlation, Crosstabulation and the T-test draw them.");
+        "Frequencies, Descriptives, Correlation, Crosstabulation, Diagnostic and the T-test draw them.");
   }
   return tr(
       "There are no charts in this session.\n\n"
