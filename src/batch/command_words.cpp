@@ -109,6 +109,17 @@ std::vector<std::string> WordParser::GuardedFromTheEnd(std::span<const std::stri
   return reversed;
 }
 
+namespace {
+
+// How often an option stands among the words, alone or with its value behind "=".
+std::ptrdiff_t TimesGiven(std::span<const std::string> words, std::string_view option) {
+  return std::ranges::count_if(words, [&](std::string_view word) {
+    return word == option || (word.starts_with(option) && word.substr(option.size()).starts_with('='));
+  });
+}
+
+}  // namespace
+
 CommandWords WordParser::Parse(std::span<const std::string> words) {
   std::vector<std::string> reversed = GuardedFromTheEnd(words);
   CommandWords result;
@@ -123,7 +134,8 @@ CommandWords WordParser::Parse(std::span<const std::string> words) {
     if (option->count() == 0) continue;
     const bool takes_two = option->get_items_expected_min() == 2;
     if (takes_two && values.size() < 2) result.error = std::string(name) + " needs two values";
-    if (values.size() > (takes_two ? 2u : 1u)) result.error = std::string(name) + " is given twice";
+    if (values.size() > (takes_two ? 2u : 1u) || (takes_two && TimesGiven(words, name) > 1))
+      result.error = std::string(name) + " is given twice";
     result.options.emplace_back(name, values.empty() ? std::string() : Unguarded(values.front()));
     if (takes_two) result.second_values.emplace_back(name, Unguarded(values.back()));
   }

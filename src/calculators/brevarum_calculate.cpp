@@ -18,8 +18,6 @@
 namespace tessara {
 namespace {
 
-constexpr std::string_view kResultsTitle = "  Results";
-
 std::string Text(const BrevarumPanel& panel, std::string_view box) { return std::string(panel.Box(box)); }
 
 Calculation CalculateMeans(BrevarumPanel& panel, Samples posted) {

@@ -11,7 +11,6 @@
 namespace tessara {
 namespace {
 
-constexpr std::string_view kInstructionsTitle = "  Instructions";
 constexpr std::string_view kSharedFrame = "F1";
 constexpr std::size_t kScoreLabel = 4;        // L5
 constexpr std::size_t kFirstTotalsLabel = 5;  // L6
@@ -103,6 +102,8 @@ BrevarumPanel::BrevarumPanel() {
   chi_square_caption = BrevarumPanelRows()[kCountsPanel].frame_caption;
   ShowPanel(*this);
 }
+
+bool BrevarumPanel::ShowsRefusal() const { return Label43 != kInstructionsTitle && Label43 != kResultsTitle; }
 
 std::string_view BrevarumPanel::Box(std::string_view name) const {
   const auto found = boxes.find(name);

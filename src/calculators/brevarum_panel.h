@@ -69,6 +69,8 @@ const BrevarumPanelRow* FindBrevarumPanel(std::string_view command_name);
 // calculated together, those of the other. Null when there is none.
 const BrevarumBox* FindBrevarumBox(const BrevarumPanelRow& row, std::string_view name);
 
+inline constexpr std::string_view kInstructionsTitle = "  Instructions";
+inline constexpr std::string_view kResultsTitle = "  Results";
 inline constexpr std::string_view kOneSample = "One Sample";
 inline constexpr std::string_view kTwoSample = "Two Sample";
 
@@ -106,6 +108,8 @@ struct BrevarumPanel {
   std::string chi_square_caption;              // the frame caption that the table of counts has got
   std::array<std::string, 5> accuracy_totals;  // L6 to L10 of the accuracy panel
 
+  // Whether the title of the results tells why there are none.
+  bool ShowsRefusal() const;
   // The text of a box; nothing for a name that no box has.
   std::string_view Box(std::string_view name) const;
 };

@@ -1,6 +1,7 @@
 #include "calculators/empty_results.h"
 
 #include "calculators/accuracy.h"
+#include "calculators/chi_square_table.h"
 #include "calculators/intervals.h"
 #include "calculators/mean_tests.h"
 #include "calculators/proportion_tests.h"
@@ -39,22 +40,10 @@ std::string EmptyTwoProportions() {
 
 // The failed tests of a table without cases are zeros here too, in the place of their marks.
 std::string EmptyCounts() {
-  const std::string rule = "          +---------+---------+---------+---------+---------+---------\r\n";
-  std::string report = "Chi-Square Test of Independence       n = 0\r\n" + DashedRule(47) + "\r\n";
-  report += "          |         |         |         |         |         |   RTotal\r\n" + rule;
-  for (int row = 1; row <= 5; ++row) {
-    report += "          | ";
-    for (int column = 1; column <= 5; ++column) report += Zero(7, 0) + " | ";
-    report += Zero(7, 0) + "\r\n" + rule;
-  }
-  report += "   CTotal | ";
-  for (int column = 1; column <= 5; ++column) report += Zero(7, 0) + " | ";
-  report += Zero(7, 0) + "\r\n\r\n\r\n";
-  report += "Chi-Square            Value     df          p <\r\n";
-  report += "Pearson          " + Zero(10, 3) + "      0" + Zero(13, 4) + "\r\n";
-  report += "Likelihood Ratio " + Zero(10, 3) + "      0" + Zero(13, 4) + "\r\n";
-  report += "\r\n\r\n\r\n   ** See Output tab for more statistics **";
-  return report;
+  ChiSquareStatistics statistics{};
+  statistics.table.chi_square_p = 0;
+  statistics.table.likelihood_p = 0;
+  return ChiSquareShortReport({}, {}, statistics);
 }
 
 std::string EmptyAccuracy() {

@@ -12,7 +12,7 @@ namespace tessara {
 // not numeric count 0.
 Number TypedNumber(std::string_view text);
 
-// Why a calculator that asks for numbers in all its boxes ends at once.
+// The title of the box with which a calculator that asks for numbers in all its boxes ends at once.
 inline constexpr std::string_view kEntryError = "Entry Error!";
 
 }  // namespace tessara

@@ -14,7 +14,8 @@
 
 namespace tessara {
 
-// Counts of `rows` by `columns` categories, row by row, with their totals.
+// Counts of `rows` by `columns` categories, row by row, with their totals. A caller may fill in totals of its own,
+// which are then not the sums of the cells: those of a larger table of which this one is a part.
 struct CountedTable {
   CountedTable() = default;
   // Cells that are not given count 0.

@@ -23,10 +23,6 @@ std::string Field(std::string_view text) {
   return field;
 }
 
-std::size_t PointCount(const Chart& chart) {
-  return chart.x && chart.y ? std::min(chart.x->size(), chart.y->size()) : 0;
-}
-
 // The points of a scatter chart go to their lines without a table in between: there may be a million of them.
 void AppendRows(std::string& text, const Chart& chart) {
   if (chart.type == ChartType::kScatter) {
@@ -112,6 +108,10 @@ Chart WithRows(const Chart& chart) {
   }
   filled.series = {std::move(counts)};
   return filled;
+}
+
+std::size_t PointCount(const Chart& chart) {
+  return chart.x && chart.y ? std::min(chart.x->size(), chart.y->size()) : 0;
 }
 
 ChartTable ChartRows(const Chart& chart) {

@@ -28,6 +28,9 @@ enum class ChartType {
   kScatter,           // points
 };
 
+// More categories than this have nothing to show in a chart, those of an ID variable for example.
+inline constexpr std::size_t kMostChartedCategories = 10000;
+
 // Values of cases, shared by the charts that show them.
 using ChartValues = std::shared_ptr<const std::vector<double>>;
 
@@ -44,7 +47,7 @@ struct Chart {
   std::string footnote;          // the words of the control caption
 
   std::vector<std::string> labels;  // one for each row; none in a scatter chart, whose rows are its points
-  std::vector<Series> series;       // bars: one or more; intervals: one; scatter: x, y
+  std::vector<Series> series;       // bars: one or more; intervals: one; none in a scatter chart
 
   ChartValues values;  // of the interval kinds, whose rows are counted when the chart is looked at
   ChartValues x;       // of a scatter chart
@@ -80,6 +83,8 @@ Chart ScatterChart(std::string title, std::string horizontal_title, std::string 
 // The rows of a chart: labels of the intervals are without the blanks that fill them in a report. A series that is
 // shorter than the labels has empty cells at its end.
 ChartTable ChartRows(const Chart& chart);
+// The points of a scatter chart; 0 of any other.
+std::size_t PointCount(const Chart& chart);
 
 // The rows as tab-delimited text, each with a line end: what goes to the clipboard with a chart's image. More than one
 // series stand under a line of their names.

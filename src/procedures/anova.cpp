@@ -47,21 +47,26 @@ std::vector<PostHocRow> ComputePostHoc(const GroupStats& stats) {
   // These live across the pairs. Two single cases have no degree of freedom and keep deviation and p of the pair before
   // them; two groups without spread keep its t, and means that lie too far apart for a double its difference.
   Number difference, deviation, t, p;
+  std::vector<StudentT> tests;  // of the first group of the pair with every other
   for (std::size_t i = 0; i < stats.GroupCount(); ++i) {
+    tests.clear();
     for (std::size_t j = 0; j < stats.GroupCount(); ++j) {
       if (i == j) continue;
       const GroupStats::Group& first = stats.groups[i];
       const GroupStats::Group& second = stats.groups[j];
       difference = first.mean - second.mean;
-      PostHocRow row{.first = i, .second = j, .difference = difference, .error = {}, .p = {}};
       const Number df = (first.n - 1) + (second.n - 1);
       deviation = Sqrt((first.squares + second.squares) / df);
-      row.error = Sqrt(1 / first.n + 1 / second.n) * deviation;
-      t = difference / row.error;
-      p = TDistP(df, t) * pair_count;
+      const Number error = Sqrt(1 / first.n + 1 / second.n) * deviation;
+      t = difference / error;
+      rows.push_back({.first = i, .second = j, .difference = difference, .error = error, .p = {}});
+      tests.push_back({.df = df, .t = t});
+    }
+    const std::vector<Checked> ps = TDistPs(tests);
+    for (std::size_t k = 0; k < ps.size(); ++k) {
+      p = ps[k] * pair_count;
       if (p > 1) p = 1;
-      row.p = p;
-      rows.push_back(row);
+      rows[rows.size() - ps.size() + k].p = p;
     }
   }
   return rows;

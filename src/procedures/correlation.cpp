@@ -118,16 +118,14 @@ std::string CorrelationReport(const DataSet& data, const CaseControl& control, c
 
 // y - (a + b x) of each accepted case as a new variable; the others stay empty.
 void SaveResiduals(DataSet& data, const NumberCases& cases, const SimpleRegression& regression) {
-  const std::size_t target = AddSavedColumn(data, "R-" + data.VariableName(data.RoleVariable[kMainRole]));
-  std::size_t place = 0;
-  for (std::size_t record = 0; record < cases.accepted.size(); ++record) {
-    if (cases.accepted[record] == 0) continue;
-    const double y = cases.variables[0][place];
-    const double x = cases.variables[1][place];
-    ++place;
-    const Checked residual = y - (regression.intercept + regression.slope * x);
-    if (const auto text = Masked(residual, "0.00000")) data.matrix.SetText(kFirstRecordRow + record, target, *text);
+  const std::vector<double>& y = cases.variables[0];
+  const std::vector<double>& x = cases.variables[1];
+  std::vector<double> residuals(y.size());
+  for (std::size_t i = 0; i < y.size(); ++i) {
+    residuals[i] = y[i] - (regression.intercept.value() + regression.slope.value() * x[i]);
   }
+  const std::size_t target = AddSavedColumn(data, "R-" + data.VariableName(data.RoleVariable[kMainRole]));
+  SaveCaseValues(data, target, cases.accepted, residuals);
 }
 
 // Takes the values of the cases along, so that a chart of a million points costs no copy.

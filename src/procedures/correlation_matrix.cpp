@@ -80,6 +80,24 @@ std::optional<PearsonStatistics> ComputePair(const PreparedVariable& y, const Pr
   return ComputePairAmong(y.values, x.values, common, n);
 }
 
+constexpr std::size_t kMostWaitingPairs = 4096;
+
+// Pairs whose p is still to be computed: that of many together takes a fraction of the time.
+struct WaitingPairs {
+  std::vector<std::pair<std::size_t, std::size_t>> places;
+  std::vector<PearsonStatistics> coefficients;
+
+  void MoveInto(CorrelationStore& store) {
+    ComputePearsonPs(coefficients);
+    for (std::size_t k = 0; k < places.size(); ++k) {
+      PearsonStatistics& pearson = coefficients[k];
+      store.Store(places[k].first, places[k].second, {std::move(pearson.r), pearson.n, std::move(pearson.p)});
+    }
+    places.clear();
+    coefficients.clear();
+  }
+};
+
 }  // namespace
 
 CorrelationStore ComputeCorrelationMatrix(const DataSet& data, const CaseControl& control,
@@ -89,24 +107,19 @@ CorrelationStore ComputeCorrelationMatrix(const DataSet& data, const CaseControl
   variables.reserve(columns.size());
   for (const std::size_t column : columns) variables.push_back(Prepare(data, column, passing));
 
-  std::vector<std::pair<std::size_t, std::size_t>> places;
-  std::vector<PearsonStatistics> coefficients;
+  CorrelationStore store(columns.size());
+  WaitingPairs waiting;
   CaseFlags common;
   for (std::size_t i = 0; i < variables.size(); ++i) {
     for (std::size_t j = i; j < variables.size(); ++j) {
       auto coefficient = ComputePair(variables[i], variables[j], common);
       if (!coefficient) continue;
-      places.emplace_back(i, j);
-      coefficients.push_back(*std::move(coefficient));
+      waiting.places.emplace_back(i, j);
+      waiting.coefficients.push_back(*std::move(coefficient));
+      if (waiting.places.size() == kMostWaitingPairs) waiting.MoveInto(store);
     }
   }
-  ComputePearsonPs(coefficients);
-
-  CorrelationStore store(columns.size());
-  for (std::size_t k = 0; k < places.size(); ++k) {
-    PearsonStatistics& pearson = coefficients[k];
-    store.Store(places[k].first, places[k].second, {std::move(pearson.r), pearson.n, std::move(pearson.p)});
-  }
+  waiting.MoveInto(store);
   return store;
 }
 

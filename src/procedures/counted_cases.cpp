@@ -49,6 +49,7 @@ std::vector<std::string> CategoryLabels(const std::vector<Category>& categories)
 }
 
 std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases) {
+  if (std::max(cases.rows.size(), cases.columns.size()) > kMostChartedCategories) return {};
   return {BarsChart("Row Variable", data.VariableName(variables.rows), kFrequency, CategoryLabels(cases.rows),
                     {{kFrequency, cases.table.row_totals}}),
           BarsChart("Column Variable", data.VariableName(variables.columns), kFrequency, CategoryLabels(cases.columns),

@@ -11,7 +11,9 @@
 namespace tessara {
 namespace {
 
-constexpr std::size_t kMostChartCategories = 1000;  // of either variable, in the chart of the cells
+// Of the chart of the cells, which has a bar for each of them and a series for each column.
+constexpr std::size_t kMostChartedCells = 10000;
+constexpr std::size_t kMostChartedColumns = 250;
 
 std::string CountText(double count) { return FormatCol(count, 9, 0); }
 
@@ -218,9 +220,9 @@ Chart CellsChart(const DataSet& data, const TableVariables& variables, const Cou
 void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const CountedCases& cases) {
   if (!run.WantsCharts()) return;
   std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases);
-  if (std::max(cases.rows.size(), cases.columns.size()) <= kMostChartCategories) {
-    charts.push_back(CellsChart(run.data, variables, cases));
-  }
+  const bool few =
+      cases.columns.size() <= kMostChartedColumns && cases.rows.size() * cases.columns.size() <= kMostChartedCells;
+  if (few) charts.push_back(CellsChart(run.data, variables, cases));
   run.LeaveCharts(ChartKind::kCrosstabulation, std::move(charts));
 }
 

@@ -46,9 +46,9 @@ correlation; 0.0000 stands for less than 0.00005.
 
 WHAT TO WATCH FOR. r sees straight lines only: a clear bend can give an r near 0, and
 a single stray case can make an r near 1. The sample file anscombe.dcs shows four sets
-with nearly the same r, 0.816 to 0.817, and four different pictures. A correlation does not tell what
-causes what. Cases with a missing value in either variable are left out and counted as
-Missing.
+with nearly the same r, 0.816 to 0.817, and four different pictures. A correlation does
+not tell what causes what. Cases with a missing value in either variable are left out
+and counted as Missing.
 )example";
 }
 

@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::size_t kSortWidth = 20;
 constexpr int kRuleLength = 65;
-constexpr std::size_t kMostChartedCategories = 10000;  // an ID variable has nothing to see in a chart
 
 // What is decided once for each different cell, and how often it was accepted.
 struct DistinctCell {

@@ -5,15 +5,12 @@
 #include <utility>
 
 #include "numerics/case_values.h"
+#include "numerics/product_sums.h"
 #include "numerics/report_text.h"
 #include "procedures/accepted_cases.h"
 
 namespace tessara {
 namespace {
-
-bool AllFinite(const std::vector<double>& values) {
-  return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
-}
 
 // The sum of term(i) within each group, in grid order. As in any sum over cases, a step that would leave the range of a
 // double is abandoned alone, and only when one has failed is every step looked at.

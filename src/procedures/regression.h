@@ -7,6 +7,8 @@
 
 namespace tessara {
 
+// Appends the report, or an error frame when cases or outcomes are too few, and leaves no charts. The columns that the
+// panel wants saved stand behind the last variable by then.
 void RunRegression(ProcedureRun& run);
 
 }  // namespace tessara

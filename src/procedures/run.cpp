@@ -43,12 +43,13 @@ void RunForIndependents(ProcedureRun& run, RunProcedure procedure) {
   }
 }
 
+Step RefuseWithoutIndependent(ProcedureRun& run) {
+  return Refuse(run.platform, kAborted, "Please select an independent variable.");
+}
+
 // The same for a procedure that cannot do without one.
 Step Compare(ProcedureRun& run, RunProcedure procedure) {
-  if (run.panel.IndependentVariables.empty()) {
-    return Refuse(run.platform, kAborted, "Please select an independent variable.");
-  }
-  if (!procedure) return ComesNext(run.platform);
+  if (run.panel.IndependentVariables.empty()) return RefuseWithoutIndependent(run);
   RunForIndependents(run, procedure);
   return Step::kNextVariable;
 }
@@ -64,7 +65,7 @@ Step Correlate(ProcedureRun& run) {
 
 // One model of the first analysis variable on all independent variables.
 Step Regress(ProcedureRun& run) {
-  if (run.panel.IndependentVariables.empty()) return Compare(run, nullptr);
+  if (run.panel.IndependentVariables.empty()) return RefuseWithoutIndependent(run);
   RunRegression(run);
   return Step::kLeaveLoop;
 }

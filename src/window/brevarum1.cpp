@@ -263,9 +263,8 @@ void Brevarum1::ShowRightPane() {
   pane_->parentWidget()->setVisible(help || words);
   pane_->setCurrentIndex(help ? 1 : 0);
   // What a calculation has refused stands in the title of the results, also while these are out of sight.
-  const QString title = results_title_->text();
-  const bool refused = title != tr("Instructions") && title != tr("Results");
-  message_->setText(refused && (help || !words) ? title : QString());
+  const bool out_of_sight = help || !words;
+  message_->setText(panel().ShowsRefusal() && out_of_sight ? results_title_->text() : QString());
   if (help) browser_->ShowPage(ToQt(CurrentRow(panel()).help_page));
 }
 

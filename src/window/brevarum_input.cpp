@@ -323,9 +323,11 @@ bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
   auto* box = qobject_cast<QWidget*>(watched);
   const auto* key = static_cast<QKeyEvent*>(event);
   if (!box || key->isAutoRepeat()) return false;
+  // By its place on the keyboard: what a key is called changes with Shift, which may be let go first.
+  const quint32 id = key->nativeScanCode() != 0 ? key->nativeScanCode() : static_cast<quint32>(key->key());
   if (press) {
-    pressed_[key->key()] = {box, CodeOf(*key)};
-  } else if (const Press pressed = pressed_.take(key->key()); pressed.box == box && pressed.code != 0) {
+    pressed_[id] = {box, CodeOf(*key)};
+  } else if (const Press pressed = pressed_.take(id); pressed.box == box && pressed.code != 0) {
     KeyReleased(box, pressed.code);
   }
   return false;

@@ -66,8 +66,8 @@ class BrevarumInput : public QGroupBox {
     QWidget* box = nullptr;
     int code = 0;
   };
-  QMap<int, Press> pressed_;  // the keys that are down
-  int laid_out_ = -1;         // the panel whose layout the shared frame has
+  QMap<quint32, Press> pressed_;  // the keys that are down
+  int laid_out_ = -1;             // the panel whose layout the shared frame has
 };
 
 }  // namespace tessara

@@ -241,8 +241,9 @@ void DrawnChart::AddBars() {
     set->setPen(touching ? QPen(colours_.ground, 1) : QPen(Qt::NoPen));
     bars->append(set);
   }
-  connect(bars, &QAbstractBarSeries::hovered, this, [this](bool hovered, int row, QBarSet* set) {
-    ShowHint(hovered, row, WithoutMark(set->label()), set->at(row));
+  connect(bars, &QAbstractBarSeries::hovered, this, [this, bars](bool hovered, int row, QBarSet* set) {
+    const auto place = static_cast<std::size_t>(bars->barSets().indexOf(set));
+    ShowHint(hovered, row, ToQt(chart_.series[place].name), set->at(row));
   });
   Attach(bars);
 }

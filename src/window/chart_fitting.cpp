@@ -131,12 +131,13 @@ void DrawnChart::PlaceSparseLabels(qreal room) {
   for (const QString& label : sparse_->categoriesLabels()) sparse_->remove(label);
   const QFontMetricsF metrics(font());
   const qreal line = metrics.height();
-  qreal widest = 0;
-  for (const QString& label : labels_) widest = std::max(widest, metrics.horizontalAdvance(label) + line * 0.8);
-  const bool upright = widest <= room;
+  const auto fits = [&](const QString& label) { return metrics.horizontalAdvance(label) + line * 0.8 <= room; };
+  const bool upright = std::ranges::all_of(labels_, fits);
+  qreal widest = 0;  // of those shown
   const auto every = upright ? 1 : static_cast<qsizetype>(std::ceil(line * kSparseLines / room));
   for (qsizetype i = every / 2; i < labels_.size(); i += every) {
     const QString label = upright ? Plain(labels_[i]) : TurnedLabel(i);
+    widest = std::max(widest, metrics.horizontalAdvance(labels_[i]));
     sparse_->append(Distinct(label, i + 1), static_cast<qreal>(i));
   }
   label_height_ = upright ? line : std::min(widest, RoomForTurnedLabels());

@@ -18,10 +18,6 @@ constexpr float kWeakest = 0.35F;
 
 double Within(double value) { return std::clamp(value, -kFarthest, kFarthest); }
 
-std::size_t PointCount(const Chart& chart) {
-  return chart.x && chart.y ? std::min(chart.x->size(), chart.y->size()) : 0;
-}
-
 struct Range {
   double low = 0;
   double high = 1;

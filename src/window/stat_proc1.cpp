@@ -199,9 +199,8 @@ void StatProc1::ShowSummary() {
     text = ToQt(FindProcedureRow(panel.selected)->caption) + ": choose a variable for " + ToQt(row->first_heading);
   } else {
     text = ToQt(FindProcedureRow(panel.selected)->caption) + ": " + Names(shown, panel.SelectedVariables);
-    // These two compare by the independent variables of another procedure too, although they offer no list for them.
-    const bool compares = !row->second_heading.empty() || panel.selected == Procedure::kFrequencies ||
-                          panel.selected == Procedure::kDescriptives;
+    // Frequencies crosstabulate by the independent variables of another procedure too, with no list for them.
+    const bool compares = !row->second_heading.empty() || panel.selected == Procedure::kFrequencies;
     if (compares && !panel.IndependentVariables.empty()) {
       text += " by " + Names(shown, panel.IndependentVariables);
     }

@@ -4,7 +4,6 @@
 #include <QBarSet>
 #include <QClipboard>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLineSeries>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -329,8 +328,6 @@ class ChartsTest : public QObject {
   }
 
   void ThousandsOfCategoriesAreDrawnAsOneOutline() {
-    QElapsedTimer timer;
-    timer.start();
     QImage picture(700, 400, QImage::Format_RGB32);
     QPainter painter(&picture);
     PaintChart(painter, picture.rect(), BarsOf(10000), ColoursOfPaper(), picture.size());
@@ -339,7 +336,6 @@ class ChartsTest : public QObject {
     QVERIFY(!qobject_cast<QBarSeries*>(drawn->series()[0]));
     QVERIFY(drawn->ShownLabels().size() > 10);
     QVERIFY(drawn->ShownLabels().size() < 60);
-    QVERIFY(timer.elapsed() < 20000);  // a hang, not a measure
   }
 
   // Where the area of a series stands in its first category.
@@ -375,6 +371,18 @@ class ChartsTest : public QObject {
     QCOMPARE(wide->ShownLabels(), QStringList({"North", "South", "East", "West"}));
     const auto narrow = Draw(BarsChart("Bars", "", "Frequency", regions, series), {150, 400});
     QCOMPARE(narrow->axes(Qt::Horizontal).value(0)->labelsAngle(), -90);
+  }
+
+  void AHintNamesTheSeriesAsItIs() {
+    const Chart chart = BarsChart("Bars", "", "Frequency", {"a"}, {{"R&D", {1}}, {"<5", {2}}});
+    const auto drawn = Draw(chart, {600, 400});
+    auto* bars = qobject_cast<QBarSeries*>(drawn->series().value(0));
+    QVERIFY(bars);
+    emit bars->hovered(true, 0, bars->barSets()[1]);
+    QCOMPARE(QToolTip::text(), "a<br>&lt;5<br>2");
+    emit bars->hovered(true, 0, bars->barSets()[0]);
+    QCOMPARE(QToolTip::text(), "a<br>R&amp;D<br>1");
+    emit bars->hovered(false, 0, bars->barSets()[0]);
   }
 
   void ManySeriesHaveNoLegend() {

@@ -236,6 +236,8 @@ class StatProc1Test : public QObject {
     panel().IndependentVariables = {2};
     Click("Option1");
     QVERIFY(Find<QLabel>("RunSummary")->text().contains(" by "));
+    Click("Option2");
+    QVERIFY(!Find<QLabel>("RunSummary")->text().contains(" by "));
     Click("Option12");
     QVERIFY(!Find<QLabel>("RunSummary")->text().contains(" by "));
   }

@@ -72,6 +72,7 @@ TEST(WordParser, AnOptionOfTwoValues) {
   EXPECT_FALSE(ParseFor("t-test", {"AGE"}).SecondValue("--groups"));
   EXPECT_EQ(ParseFor("t-test", {"AGE", "by", "SEX", "--groups", "1"}).error, "--groups needs two values");
   EXPECT_EQ(ParseFor("t-test", {"A", "--groups", "1", "2", "--groups", "1", "2"}).error, "--groups is given twice");
+  EXPECT_EQ(ParseFor("t-test", {"A", "--groups", "1", "--groups", "2"}).error, "--groups is given twice");
 }
 
 TEST(WordParser, KeepsNothingFromLineToLine) {

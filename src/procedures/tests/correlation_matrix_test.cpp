@@ -201,6 +201,27 @@ TEST(CorrelationMatrix, CellsAreThoseOfTheReportOfThePair) {
   }
 }
 
+// More pairs than wait for their p together: those of 100 variables are 5050.
+TEST(CorrelationMatrix, EveryPairOfManyVariablesIsThere) {
+  std::vector<TestColumn> columns;
+  for (int v = 0; v < 100; ++v) {
+    TestColumn column{.name = "V" + std::to_string(v)};
+    for (int record = 0; record < 6; ++record) {
+      column.cells.emplace_back(static_cast<double>((record * (v + 3) + v) % 7));
+    }
+    columns.push_back(std::move(column));
+  }
+  TestRun run = MatrixRun(columns, 100);
+  const CorrelationStore store =
+      ComputeCorrelationMatrix(run.data, CaseControl(run.data, {}), run.panel.SelectedVariables);
+  for (std::size_t i = 0; i < 100; ++i) {
+    for (std::size_t j = i; j < 100; ++j) {
+      ASSERT_TRUE(store.At(i, j).has_value()) << i << " " << j;
+      ASSERT_FALSE(store.At(i, j)->p.empty()) << i << " " << j;
+    }
+  }
+}
+
 TEST(CorrelationMatrix, AVariableMayBeSelectedTwice) {
   TestRun run = MatrixRun(kColumns, 1);
   run.panel.SelectedVariables = {1, 1};

@@ -300,17 +300,26 @@ TEST(Crosstabulation, TwoAnalysisVariablesLeaveNoCharts) {
   EXPECT_TRUE(run.charts.charts.empty());
 }
 
-TEST(Crosstabulation, NoChartOfTheCellsBeyondAThousandCategories) {
+// The charts of a table of so many rows and columns.
+std::size_t ChartsOf(int rows, int columns) {
   TestColumn a{.name = "A"};
   TestColumn b{.name = "B"};
-  for (int i = 0; i < 1001; ++i) {
-    a.cells.emplace_back(std::to_string(i));
-    b.cells.emplace_back("1");
+  for (int i = 0; i < std::max(rows, columns); ++i) {
+    a.cells.emplace_back(std::to_string(i % rows));
+    b.cells.emplace_back(std::to_string(i % columns));
   }
   TestRun run({a, b});
   run.Independent(2);
   run.Report(RunCrosstabulation);
-  EXPECT_EQ(run.charts.charts.size(), 2u);
+  return run.charts.charts.size();
+}
+
+TEST(Crosstabulation, ChartsOfManyCategories) {
+  EXPECT_EQ(ChartsOf(10000, 1), 3u);
+  EXPECT_EQ(ChartsOf(5001, 2), 2u);  // too many cells
+  EXPECT_EQ(ChartsOf(2, 250), 3u);
+  EXPECT_EQ(ChartsOf(2, 251), 2u);  // too many series
+  EXPECT_EQ(ChartsOf(10001, 1), 0u);
 }
 
 TEST(Crosstabulation, TheFullCountsStandBehindTheRun) {
