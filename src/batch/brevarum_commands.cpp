@@ -65,10 +65,7 @@ std::string FillBox(BrevarumPanel& panel, const BrevarumPanelRow& row, std::stri
 Calculation CalculateApart(Session& session) {
   OutputLog apart;
   Calculation result = Calculate(session.brevarum, apart, session.platform);
-  if (result.report) {
-    session.output.ReportText = std::move(apart.ReportText);
-    session.output.MostRecentText = std::move(apart.MostRecentText);
-  }
+  if (result.report) ReplaceMostRecent(session.output, std::move(apart.ReportText));
   return result;
 }
 

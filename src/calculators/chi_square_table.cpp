@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "calculators/summary_text.h"
 #include "calculators/typed_number.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
@@ -15,8 +16,6 @@ namespace {
 
 constexpr double kShareAllowed = 0.2;  // a share of exactly 20.0% does not warn
 constexpr double kFisherBelow = 100;   // cases
-
-std::string Text(const Number& number, std::string_view mask) { return MaskedNumber(number.value(), mask); }
 
 // The typed table.
 
@@ -90,26 +89,6 @@ std::string ShortTestsPart(const ChiSquareStatistics& statistics) {
 
 // The measures.
 
-// A ratio that could not be computed whole has its label alone.
-std::string RiskRow(std::string_view label, const RatioInterval& interval) {
-  std::string row(label);
-  if (interval.filled != 0) {
-    row += FormatCol(interval.ratio, 10, 3) + FormatCol(interval.standard_error, 10, 3) +
-           FormatCol(interval.lower, 11, 3) + FormatCol(interval.upper, 11, 3);
-  }
-  row += "\r\n";
-  return row;
-}
-
-std::string RiskPart(const TableStatistics& t) {
-  std::string part = "\r\n";
-  part += "Risk Measures                     SE      95%LL      95%UL\r\n";
-  part += DashedRule(59) + "\r\n";
-  part += RiskRow("Odds Ratio      ", t.odds_ratio);
-  part += RiskRow("Relative Risk   ", t.relative_risk);
-  return part;
-}
-
 std::string AssociationPart(const TableStatistics& t) {
   std::string part = "\r\n\r\n\r\n";
   part += "Measures of Association\r\n";
@@ -159,7 +138,7 @@ std::string ChiSquareReport(const ChiSquareBoxes& boxes, const TypedTable& table
   std::string report = "Chi-Square Test of Independence\r\n\r\n";
   report += TablePart(boxes, table);
   report += TestsPart(statistics);
-  if (statistics.table.df == 1) report += RiskPart(statistics.table);
+  if (statistics.table.df == 1) report += RiskMeasuresText(statistics.table);
   report += AssociationPart(statistics.table);
   if (statistics.counted.rows == statistics.counted.columns) report += AgreementPart(statistics.table);
   report += "\r\n" + Note(statistics) + "\r\n\r\n";

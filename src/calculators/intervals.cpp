@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "calculators/summary_text.h"
 #include "calculators/typed_number.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
@@ -51,9 +52,6 @@ Margin MarginWithinOne(const Number& middle, double critical, const Number& stan
   if (margin.upper > 1) margin.upper = 1;
   return margin;
 }
-
-std::string Text(const Number& number) { return GeneralText(number.value()); }
-std::string Text(Checked number, std::string_view mask) { return MaskedNumber(number.value_or(0), mask); }
 
 // What the pages of the two intervals have in common.
 

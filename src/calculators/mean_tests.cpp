@@ -10,14 +10,6 @@
 namespace tessara {
 namespace {
 
-Checked Square(Checked x) { return x * x; }
-
-// A value rounded by way of a mask's text.
-Checked RoundedBy(std::string_view mask, Checked value) {
-  const auto text = Masked(value, mask);
-  return text ? ToNumber(*text) : Checked::Failed();
-}
-
 void TestEqualVariances(TwoMeansTest& test) {
   const Number& n1 = test.n1;
   const Number& n2 = test.n2;
@@ -33,7 +25,7 @@ void TestEqualVariances(TwoMeansTest& test) {
 void TestUnequalVariances(TwoMeansTest& test) {
   const Number a = Square(test.deviation1) / test.n1;
   const Number b = Square(test.deviation2) / test.n2;
-  test.unequal_df = RoundedBy(".00", Square(a + b) / (Square(a) / (test.n1 + 1) + Square(b) / (test.n2 + 1)) - 2);
+  test.unequal_df = RoundedBy(Square(a + b) / (Square(a) / (test.n1 + 1) + Square(b) / (test.n2 + 1)) - 2, ".00");
   test.unequal_t = (test.mean1 - test.mean2) / Sqrt(a + b);
   if (test.unequal_df < 5) {
     test.unequal_err = true;
@@ -243,7 +235,7 @@ std::optional<ManyMeansTest> ComputeManyMeans(const ManyMeansBoxes& boxes) {
   ComputeSquares(test);
   test.between_square = test.between / test.df1;
   test.within_square = test.within / test.df2;
-  test.f = RoundedBy("0.00", test.between_square / test.within_square);
+  test.f = RoundedBy(test.between_square / test.within_square, "0.00");
   // The p-value belongs to the F that is printed.
   Keep(test.p_text, Masked(FDistP(test.df1, test.df2, test.f), "0.000"));
   return test;

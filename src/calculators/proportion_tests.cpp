@@ -12,11 +12,6 @@ namespace {
 // A proportion of 0 has no error to divide by; this one stands in for it.
 constexpr double kLeastProportion = 0.0001;
 
-Checked RoundedZ(Checked z) {
-  const auto text = Masked(z, "0.000");
-  return text ? ToNumber(*text) : Checked::Failed();
-}
-
 // Twice the tail beyond z. The routine gives 0 the area 1, so that its half is set here.
 Number TwoTailedP(const Number& z) {
   Number area = NormalCdf(z);
@@ -61,7 +56,7 @@ std::optional<TwoProportionsTest> ComputeTwoProportions(const TwoProportionsBoxe
   Number pooled = (test.n1 * test.proportion1 + test.n2 * test.proportion2) / (test.n1 + test.n2);
   if (pooled.value() == 0) pooled = kLeastProportion;
   const Number error = Sqrt(pooled * (1 - pooled)) * Sqrt((test.n1 + test.n2) / (test.n1 * test.n2));
-  test.z = RoundedZ((test.proportion1 - test.proportion2) / error);
+  test.z = RoundedBy((test.proportion1 - test.proportion2) / error, "0.000");
   test.p = TwoTailedP(test.z);
   return test;
 }
@@ -95,7 +90,7 @@ std::optional<OneProportionTest> ComputeOneProportion(const OneProportionBoxes& 
   if (test.population_proportion.value() == 0) test.population_proportion = kLeastProportion;
   const Number& pu = test.population_proportion;
   const Number error = Sqrt((1 - pu) * pu / test.n);
-  test.z = RoundedZ((test.proportion - pu) / error);
+  test.z = RoundedBy((test.proportion - pu) / error, "0.000");
   test.p = TwoTailedP(test.z);
   return test;
 }

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "calculators/summary_text.h"
 #include "calculators/typed_number.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
@@ -18,9 +19,6 @@ double LevelOf(const std::array<ChosenLevel, Count>& choices, double z) {
   }
   return 0;
 }
-
-std::string Text(const Number& number) { return GeneralText(number.value()); }
-std::string Text(Checked number, std::string_view mask) { return MaskedNumber(number.value_or(0), mask); }
 
 // A part without data prints 0, so that a half filled panel gets its page.
 std::string SizeText(const std::optional<Number>& size) { return size ? Text(*size, "0") : "0"; }

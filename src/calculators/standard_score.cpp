@@ -1,5 +1,6 @@
 #include "calculators/standard_score.h"
 
+#include "calculators/summary_text.h"
 #include "calculators/typed_number.h"
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
@@ -7,9 +8,6 @@
 
 namespace tessara {
 namespace {
-
-std::string Text(const Number& number) { return GeneralText(number.value()); }
-std::string Text(Checked number, std::string_view mask) { return MaskedNumber(number.value_or(0), mask); }
 
 std::string StandardScoreReport(const StandardScore& s) {
   const int ahead = s.dashes_ahead;

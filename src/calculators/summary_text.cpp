@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
 
@@ -12,6 +13,9 @@ constexpr std::size_t kLabelWidth = 9;
 constexpr int kNarrativeRule = 54;
 
 }  // namespace
+
+std::string Text(const Number& number) { return GeneralText(number.value()); }
+std::string Text(Checked number, std::string_view mask) { return MaskedNumber(number.value_or(0), mask); }
 
 std::string WithoutCommas(std::string_view text) {
   std::string kept(text);

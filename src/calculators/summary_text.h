@@ -4,9 +4,15 @@
 #include <string>
 #include <string_view>
 
+#include "numerics/checked.h"
+
 // What the tests of typed summary figures share: labels and the sentences of their narratives.
 
 namespace tessara {
+
+// A figure in general form, and under a mask; one that has failed stands as 0.
+std::string Text(const Number& number);
+std::string Text(Checked number, std::string_view mask);
 
 std::string WithoutCommas(std::string_view text);
 

@@ -1,16 +1,10 @@
 #include "calculators/typed_number.h"
 
-#include <algorithm>
-#include <string>
-
+#include "calculators/summary_text.h"
 #include "numerics/number_text.h"
 
 namespace tessara {
 
-Number TypedNumber(std::string_view text) {
-  std::string digits(text);
-  std::erase(digits, ',');
-  return ToNumber(digits).value_or(0);
-}
+Number TypedNumber(std::string_view text) { return ToNumber(WithoutCommas(text)).value_or(0); }
 
 }  // namespace tessara

@@ -72,6 +72,7 @@ inline Number& operator/=(Number& target, Checked value) { return target = targe
 // The elementary functions. They fail where they are not defined (Sqrt below 0, Log of 0 or less, Power of a negative
 // base with a fractional exponent) and where the result has no finite double (Exp, Power).
 inline Checked Abs(Checked x) { return {std::fabs(x.value())}; }
+inline Checked Square(Checked x) { return {x.value() * x.value()}; }
 inline Checked Floor(Checked x) { return {std::floor(x.value())}; }
 inline Checked Sqrt(Checked x) { return {std::sqrt(x.value())}; }
 inline Checked Exp(Checked x) { return {std::exp(x.value())}; }

@@ -5,6 +5,7 @@
 
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
+#include "numerics/report_text.h"
 
 namespace tessara {
 namespace {
@@ -105,6 +106,15 @@ void MeasureTwoByTwo(const CountedTable& table, TableStatistics& statistics) {
   statistics.relative_risk = RiskRatioInterval(a, b, c, d);
 }
 
+std::string RatioLine(std::string_view label, const RatioInterval& interval) {
+  std::string line(label);
+  if (interval.filled.value() != 0) {
+    line += FormatCol(interval.ratio, 10, 3) + FormatCol(interval.standard_error, 10, 3) +
+            FormatCol(interval.lower, 11, 3) + FormatCol(interval.upper, 11, 3);
+  }
+  return line + "\r\n";
+}
+
 }  // namespace
 
 CountedTable::CountedTable(std::size_t row_count, std::size_t column_count, std::vector<double> counts)
@@ -127,6 +137,15 @@ TableStatistics ComputeTableStatistics(const CountedTable& table) {
   if (table.rows == table.columns) MeasureAgreement(table, statistics);
   if (table.rows == 2 && table.columns == 2) MeasureTwoByTwo(table, statistics);
   return statistics;
+}
+
+std::string RiskMeasuresText(const TableStatistics& statistics) {
+  std::string text = "\r\n";
+  text += "Risk Measures                     SE      95%LL      95%UL\r\n";
+  text += DashedRule(59) + "\r\n";
+  text += RatioLine("Odds Ratio      ", statistics.odds_ratio);
+  text += RatioLine("Relative Risk   ", statistics.relative_risk);
+  return text;
 }
 
 Agreement ComputeAgreement(Checked observed, Checked expected, Checked n, std::string_view mask,

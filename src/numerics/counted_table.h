@@ -65,6 +65,10 @@ struct TableStatistics {
 // and Kruskal (1954), kappa after Cohen (1960), with the standard error of a kappa of 0.
 TableStatistics ComputeTableStatistics(const CountedTable& table);
 
+// The heading and the two lines of odds ratio and relative risk, behind an empty line. A ratio that could not be
+// computed whole has its label alone.
+std::string RiskMeasuresText(const TableStatistics& statistics);
+
 // Kappa of agreement from the observed and the expected share of agreeing cases among n. What fails stays 0.
 struct Agreement {
   Number kappa;

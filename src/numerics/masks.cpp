@@ -127,6 +127,11 @@ std::optional<std::string> Masked(Checked value, std::string_view mask) {
   return MaskedNumber(value.value(), mask);
 }
 
+Checked RoundedBy(Checked value, std::string_view mask) {
+  const auto text = Masked(value, mask);
+  return text ? ToNumber(*text) : Checked::Failed();
+}
+
 std::string MaskedValue(const TaggedView& value, std::string_view mask) {
   if (!value.is_text()) return MaskedNumber(value.number(), mask);
   if (const std::optional<double> number = ParseNumber(value.text())) return MaskedNumber(*number, mask);

@@ -16,6 +16,8 @@ namespace tessara {
 
 // A number under a mask; nothing when the value has failed, so that a statement can Keep its target.
 std::optional<std::string> Masked(Checked value, std::string_view mask);
+// The number that the masked text shows.
+Checked RoundedBy(Checked value, std::string_view mask);
 
 // A finite number under a mask. The second form writes behind what `out` holds already, for loops over many values.
 std::string MaskedNumber(double value, std::string_view mask);

@@ -93,6 +93,13 @@ void ReplaceReport(OutputLog& output) {
   AppendReport(output);
 }
 
+void ReplaceMostRecent(OutputLog& output, std::string report) {
+  BeginRun(output);
+  output.ReportText = std::move(report);
+  output.MostRecentText.append(output.ReportText).append(kReportSeparator);
+  RefreshOutputView(output);
+}
+
 void ToggleOutputMode(OutputLog& output) {
   StoreBoxText(output);
   output.ShowLogMode = !output.ShowLogMode;

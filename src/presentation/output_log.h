@@ -51,6 +51,8 @@ void AppendReport(OutputLog& output);
 // A calculator's result: at the end of the log, and alone as the most recent output.
 void ReplaceReport(OutputLog& output);
 // Stores the box back and shows the other text.
+// The report becomes the most recent output, and the log learns nothing of it.
+void ReplaceMostRecent(OutputLog& output, std::string report);
 void ToggleOutputMode(OutputLog& output);
 // The caption of the command that toggles.
 std::string_view ToggleCaption(const OutputLog& output);

@@ -6,11 +6,7 @@
 #include "procedures/accepted_cases.h"
 
 namespace tessara {
-namespace {
-
-Checked Square(Checked x) { return x * x; }
-
-}  // namespace
+namespace {}  // namespace
 
 AnovaTable ComputeAnova(const GroupStats& stats) {
   AnovaTable table;

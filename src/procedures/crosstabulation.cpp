@@ -118,23 +118,6 @@ std::string ChiSquareSection(const CountedTable& table, const TableStatistics& s
   return section;
 }
 
-// The line of a ratio that could not be computed is its label alone.
-std::string RatioLine(const std::string& label, const RatioInterval& interval) {
-  if (interval.filled.value() == 0) return label + "\r\n";
-  return label + FormatCol(interval.ratio, 10, 3) + FormatCol(interval.standard_error, 10, 3) +
-         FormatCol(interval.lower, 11, 3) + FormatCol(interval.upper, 11, 3) + "\r\n";
-}
-
-std::string RiskSection(const TableStatistics& s) {
-  std::string section = "\r\n";
-  section += "Risk Measures                     SE      95%LL      95%UL\r\n";
-  section += DashedRule(59) + "\r\n";
-  section += RatioLine("Odds Ratio      ", s.odds_ratio);
-  section += RatioLine("Relative Risk   ", s.relative_risk);
-  section += "\r\n\r\n";
-  return section;
-}
-
 std::string AssociationSection(const TableStatistics& s) {
   const auto value = [](const Number& measure) { return "     " + MaskedNumber(measure.value(), ".000") + "\r\n"; };
   std::string section = "Measures of Association\r\n";
@@ -190,7 +173,7 @@ std::string CrosstabulationReport(const DataSet& data, const TableVariables& var
   report += TotalsBlock(table);
   if (checks.Check2) report += ChiSquareSection(table, statistics);
   if (with_risk) {
-    report += RiskSection(statistics);
+    report += RiskMeasuresText(statistics) + "\r\n\r\n";
   } else if (checks.Check2) {
     report += "\r\n\r\n";  // they close the chi-square tests
   }

@@ -40,28 +40,25 @@ QSize NormalCurve::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * 26, fontMetrics().height() * 8};
 }
 
-void NormalCurve::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
+NormalCurve::Plot NormalCurve::PlotOf() const {
   const double line = fontMetrics().height();
-  const double middle = width() / 2.0;
-  const double half = width() * kShareOfCurve / 2;
-  const double base = height() - 1.6 * line;
-  const double top = 1.7 * line;  // the score stands above the curve
-  const auto x_of = [&](double place) { return middle + place * half; };
-  const auto y_of = [&](double place) {
-    const double deviations = place * kEdge / kOneDeviation;
-    return base - (base - top) * std::exp(-deviations * deviations / 2);
-  };
+  return {.line = line,
+          .middle = width() / 2.0,
+          .half = width() * kShareOfCurve / 2,
+          .base = height() - 1.6 * line,
+          .top = 1.7 * line};
+}
 
-  QPainterPath curve(QPointF(x_of(-1), y_of(-1)));
-  for (int step = 1; step <= kSteps; ++step) {
-    const double place = -1 + 2.0 * step / kSteps;
-    curve.lineTo(x_of(place), y_of(place));
-  }
+void NormalCurve::PaintCurve(QPainter& painter, const Plot& plot) const {
+  const auto point = [&](double place) {
+    const double deviations = place * kEdge / kOneDeviation;
+    return QPointF(plot.X(place), plot.base - (plot.base - plot.top) * std::exp(-deviations * deviations / 2));
+  };
+  QPainterPath curve(point(-1));
+  for (int step = 1; step <= kSteps; ++step) curve.lineTo(point(-1 + 2.0 * step / kSteps));
   QPainterPath area = curve;
-  area.lineTo(x_of(1), base);
-  area.lineTo(x_of(-1), base);
+  area.lineTo(plot.X(1), plot.base);
+  area.lineTo(plot.X(-1), plot.base);
   area.closeSubpath();
   const QColor accent = palette().color(QPalette::Highlight);
   QColor fill = accent;
@@ -69,23 +66,29 @@ void NormalCurve::paintEvent(QPaintEvent*) {
   painter.fillPath(area, fill);
   painter.setPen(QPen(accent, 2));
   painter.drawPath(curve);
+}
 
-  const QColor text = palette().color(QPalette::WindowText);
-  painter.setPen(QPen(text, 1));
-  painter.drawLine(QPointF(x_of(-1), base), QPointF(x_of(1), base));
+void NormalCurve::PaintAxis(QPainter& painter, const Plot& plot) const {
+  painter.setPen(QPen(palette().color(QPalette::WindowText), 1));
+  painter.drawLine(QPointF(plot.X(-1), plot.base), QPointF(plot.X(1), plot.base));
   for (const double z : kTicks) {
-    const double x = x_of(PlaceOf(z));
-    painter.drawLine(QPointF(x, base), QPointF(x, base + line / 4));
-    painter.drawText(QRectF(x - 2 * line, base + line / 4, 4 * line, line * 1.2), Qt::AlignHCenter | Qt::AlignTop,
+    const double x = plot.X(PlaceOf(z));
+    const double below = plot.base + plot.line / 4;
+    painter.drawLine(QPointF(x, plot.base), QPointF(x, below));
+    painter.drawText(QRectF(x - 2 * plot.line, below, 4 * plot.line, plot.line * 1.2), Qt::AlignHCenter | Qt::AlignTop,
                      QString::number(z).replace('-', QChar(0x2212)));
   }
+}
 
-  if (!place_) return;
-  const double x = x_of(*place_);
+void NormalCurve::PaintMarker(QPainter& painter, const Plot& plot, double place) const {
+  const QColor text = palette().color(QPalette::WindowText);
+  const double x = plot.X(place);
+  const double line = plot.line;
   painter.setPen(QPen(text, 2));
-  painter.drawLine(QPointF(x, top - line / 5), QPointF(x, base));
+  painter.drawLine(QPointF(x, plot.top - line / 5), QPointF(x, plot.base));
   QPolygonF head;
-  head << QPointF(x, base) << QPointF(x - line / 3, base - line / 1.6) << QPointF(x + line / 3, base - line / 1.6);
+  head << QPointF(x, plot.base) << QPointF(x - line / 3, plot.base - line / 1.6)
+       << QPointF(x + line / 3, plot.base - line / 1.6);
   painter.setBrush(text);
   painter.setPen(Qt::NoPen);
   painter.drawPolygon(head);
@@ -94,7 +97,16 @@ void NormalCurve::paintEvent(QPaintEvent*) {
   const QString caption = "z = " + score_;
   const double wide = fontMetrics().horizontalAdvance(caption);
   const double left = std::clamp(x - wide / 2, 0.0, std::max(0.0, width() - wide));
-  painter.drawText(QPointF(left, top - line / 2), caption);
+  painter.drawText(QPointF(left, plot.top - line / 2), caption);
+}
+
+void NormalCurve::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Plot plot = PlotOf();
+  PaintCurve(painter, plot);
+  PaintAxis(painter, plot);
+  if (place_) PaintMarker(painter, plot, *place_);
 }
 
 }  // namespace tessara

@@ -24,6 +24,21 @@ class NormalCurve : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // Where things stand on the widget, in pixels.
+  struct Plot {
+    double X(double place) const { return middle + place * half; }
+
+    double line;    // the height of a line of text
+    double middle;  // of the axis
+    double half;    // its length to either side
+    double base;
+    double top;  // of the curve; the score stands above it
+  };
+  Plot PlotOf() const;
+  void PaintCurve(QPainter& painter, const Plot& plot) const;
+  void PaintAxis(QPainter& painter, const Plot& plot) const;
+  void PaintMarker(QPainter& painter, const Plot& plot, double place) const;
+
   std::optional<double> place_;  // of the marker: -1 the left edge, 1 the right one
   QString score_;
 };
