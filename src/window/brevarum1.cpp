@@ -28,7 +28,7 @@ constexpr int kNew = 101;
 constexpr int kRunCommand = 308;
 constexpr int kCopyOutput = 212;
 constexpr int kColumnsOfCompactText = 24;  // at the least; it scrolls
-constexpr int kLinesOfCompactText = 10;    // at the least
+constexpr int kLinesOfCompactText = 7;     // at the least
 constexpr int kWidthBeside = 100;          // characters: with less the results stand below the input
 
 enum Tab { kInstructions, kHelp, kModule };

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kCharactersOfABox = 8;  // at the least; a box grows to twice that
 constexpr std::size_t kCountsSide = 5;
+constexpr int kKeyThatEdits = 'E';  // without typing: Delete, Cut, Undo, Redo
 
 QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<int>(name.size())); }
 
@@ -314,9 +315,9 @@ bool BrevarumInput::HoldsFocus() const {
          (boxes_.contains(focused->objectName()) || choices_.contains(focused->objectName()));
 }
 
-// The release of a key that has changed the box, or of Enter, is the panel's to judge, in the box in which the key was
-// pressed: the release of a fast typist's last key may come when the next box has the focus. Keys that only move or
-// that give a command change nothing.
+// The release of a key that has changed a box is the panel's to judge, in the box in which the key was pressed: that of
+// a fast typist's last key may come when the next box has the focus. Enter counts where it was pressed and released:
+// the one that closes a message is none of a box. Keys that only move or that give a command change nothing.
 bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
   const bool press = event->type() == QEvent::KeyPress;
   if (!press && event->type() != QEvent::KeyRelease) return QGroupBox::eventFilter(watched, event);
@@ -327,8 +328,10 @@ bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
   const quint32 id = key->nativeScanCode() != 0 ? key->nativeScanCode() : static_cast<quint32>(key->key());
   if (press) {
     pressed_[id] = {box, CodeOf(*key)};
-  } else if (const Press pressed = pressed_.take(id); pressed.box == box && pressed.code != 0) {
-    KeyReleased(box, pressed.code);
+  } else if (const Press pressed = pressed_.take(id); pressed.code == kKeyEnter) {
+    if (pressed.box == box) KeyReleased(box, kKeyEnter);
+  } else if (pressed.code != 0) {
+    KeyReleased(pressed.box, pressed.code);
   }
   return false;
 }
@@ -338,6 +341,9 @@ int BrevarumInput::CodeOf(const QKeyEvent& key) {
   constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return kKeyEnter;
   if (key.matches(QKeySequence::Paste)) return 'V';
+  for (const auto edit : {QKeySequence::Delete, QKeySequence::Cut, QKeySequence::Undo, QKeySequence::Redo}) {
+    if (key.matches(edit)) return kKeyThatEdits;
+  }
   // AltGr, which types on many keyboards, comes as both.
   const Qt::KeyboardModifiers held = key.modifiers() & kCommand;
   if (held != Qt::NoModifier && held != (Qt::ControlModifier | Qt::AltModifier)) return 0;
@@ -349,9 +355,9 @@ int BrevarumInput::CodeOf(const QKeyEvent& key) {
 }
 
 void BrevarumInput::KeyReleased(QWidget* box, int key) {
-  pressed_.clear();  // a message may come, and take the releases of keys that are still down
   const std::string name = box->objectName().toStdString();
   auto* edit = qobject_cast<QLineEdit*>(box);
+  if (edit && key == kKeyThatEdits && edit->text().isEmpty()) return;  // like Backspace
   if (edit) SetBox(panel_, name, FromQt(edit->text()));
   const std::string_view next = BoxKeyReleased(panel_, platform_, name, key);
   if (edit && edit->text() != ToQt(panel_.Box(name))) edit->setText(ToQt(panel_.Box(name)));

@@ -33,7 +33,6 @@ namespace {
 constexpr int kDarkBelow = 128;
 constexpr qsizetype kMostBars = 80;  // more of them are drawn as one outline
 constexpr int kSteps = 5;
-constexpr int kMostCountedSteps = 5;          // up to this count each has its tick
 constexpr qsizetype kMostColumns = 1000;      // of an outline, each as high as the highest of its categories
 constexpr std::size_t kMostNamedSeries = 14;  // in the legend, which would be boxes without names beyond
 constexpr double kAboveALine = 1.04;
@@ -55,7 +54,7 @@ QFont InPixels(QFont type, qreal scale) {
   return type;
 }
 
-constexpr qreal kMarginOfPoints = 0.02;  // of the range, on every side
+constexpr qreal kMarginOfPoints = 0.02;
 
 // The step of 1, 2 or 5 times a power of ten that is next above the wanted one.
 double NiceStep(double wanted) {
@@ -74,8 +73,8 @@ QString NumberFormat(double low, double high, double step) {
 }
 
 // From a round number at or below the least value to one at or above the greatest.
-void MakeNice(QValueAxis* axis, double low, double high) {
-  const double step = NiceStep((high - low) / kSteps);
+void MakeNice(QValueAxis* axis, double low, double high, int steps, double least_step) {
+  const double step = std::max(NiceStep((high - low) / steps), least_step);
   const double first = std::floor(low / step) * step;
   const double last = std::ceil(high / step) * step;
   axis->setRange(first, last);
@@ -84,8 +83,8 @@ void MakeNice(QValueAxis* axis, double low, double high) {
 }
 
 // From the least value to the greatest, with its marks at round numbers between them.
-void MakeTight(QValueAxis* axis, double low, double high) {
-  const double step = NiceStep((high - low) / kSteps);
+void MakeTight(QValueAxis* axis, double low, double high, int steps) {
+  const double step = NiceStep((high - low) / steps);
   const double first = std::ceil(low / step) * step + 0.0;  // no mark is a -0
   axis->setRange(low, high);
   axis->setTickType(QValueAxis::TicksDynamic);
@@ -201,13 +200,14 @@ QValueAxis* DrawnChart::MakeValueAxis(Qt::Alignment side, const std::string& tit
   return axis;
 }
 
-// Bars stand on 0. Counts of a few have a tick each, so that no axis shows half a case. The points of a line keep off
-// the edge.
-void DrawnChart::SetCountRange() {
+// Bars stand on 0. Counts of a few have a tick each, and no axis shows half a case. The points of a line keep off the
+// edge.
+void DrawnChart::SetCountRange(int steps) {
   const bool has_line =
       chart_.type == tessara::ChartType::kLine || chart_.type == tessara::ChartType::kHistogramAndLine;
   const double largest = std::clamp(LargestValue(chart_), 0.0, 1e300) * (has_line ? kAboveALine : 1);
-  if (largest > kMostCountedSteps || (largest > 0 && !HasWholeValues(chart_))) return MakeNice(vertical_, 0, largest);
+  const bool whole = HasWholeValues(chart_);
+  if (largest > steps || (largest > 0 && !whole)) return MakeNice(vertical_, 0, largest, steps, whole ? 1 : 0);
   const int top = std::max(1, static_cast<int>(std::ceil(largest)));
   vertical_->setRange(0, top);
   vertical_->setTickCount(top + 1);
@@ -218,7 +218,7 @@ void DrawnChart::Attach(QAbstractSeries* series) {
   addSeries(series);
   if (!vertical_) {
     MakeValueAxis(Qt::AlignLeft, chart_.vertical_title);
-    SetCountRange();
+    SetCountRange(kSteps);
   }
   if (sparse_) {
     series->attachAxis(sparse_);
@@ -304,13 +304,10 @@ void DrawnChart::AddOutlines() {
 }
 
 void DrawnChart::AddPoints() {
-  // A margin, so that no point is cut in half by the frame of the plot.
-  const QRectF points_range = RangeOfPoints(chart_);
-  const qreal across = points_range.width() * kMarginOfPoints;
-  const qreal upward = points_range.height() * kMarginOfPoints;
-  const QRectF range = points_range.adjusted(-across, -upward, across, upward);
-  MakeTight(MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title), range.left(), range.right());
-  MakeTight(MakeValueAxis(Qt::AlignLeft, chart_.vertical_title), range.top(), range.bottom());
+  points_range_ = RangeOfPoints(chart_);
+  MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title);
+  MakeValueAxis(Qt::AlignLeft, chart_.vertical_title);
+  SetPointsRange({kMarginOfPoints, kMarginOfPoints}, kSteps);
   auto* points = new QScatterSeries(this);
   const QColor colour = colours_.series[0];
   QColor translucent = colour;
@@ -323,8 +320,16 @@ void DrawnChart::AddPoints() {
   points->setMarkerSize(points->count() <= kFewPoints ? kLargestMarker : kSmallestMarker);
   Attach(points);
   if (single) return;
-  cloud_ = new PointCloud(this, PictureOfPoints(chart_, range, colour), range);
+  cloud_ = new PointCloud(this, PictureOfPoints(chart_, points_range_, colour), points_range_);
   connect(this, &QChart::plotAreaChanged, this, [this] { cloud_->Place(); });
+}
+
+// With a margin on every side, a share of the points' own range.
+void DrawnChart::SetPointsRange(const QSizeF& margin, int steps) {
+  const qreal across = points_range_.width() * margin.width();
+  const qreal upward = points_range_.height() * margin.height();
+  MakeTight(horizontal_, points_range_.left() - across, points_range_.right() + across, kSteps);
+  MakeTight(vertical_, points_range_.top() - upward, points_range_.bottom() + upward, steps);
 }
 
 void DrawnChart::ShowEmptyPlot() {
@@ -347,6 +352,7 @@ void DrawnChart::resizeEvent(QGraphicsSceneResizeEvent* event) {
   QChart::resizeEvent(event);
   FitLabels();
   FitTitles();
+  FitValueAxes();
   // The new texts ask for room of their own: the plot takes what they leave, at once.
   layout()->invalidate();
   layout()->activate();

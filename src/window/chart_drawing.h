@@ -58,7 +58,8 @@ class DrawnChart : public QChart {
   void Attach(QAbstractSeries* series);
   QBarCategoryAxis* MakeCategoryAxis();
   QValueAxis* MakeValueAxis(Qt::Alignment side, const std::string& title);
-  void SetCountRange();
+  void SetCountRange(int steps);
+  void SetPointsRange(const QSizeF& margin, int steps);
   void ShowHint(bool hovered, qsizetype row, const QString& series, double value);
   void StyleLabelAxis(QAbstractAxis* axis);
   void FitLabels();
@@ -69,6 +70,7 @@ class DrawnChart : public QChart {
   QString TurnedLabel(qsizetype category) const;
   qreal RoomForTurnedLabels() const;
   void FitTitles();
+  void FitValueAxes();
 
   Chart chart_;
   ChartColours colours_;
@@ -79,6 +81,8 @@ class DrawnChart : public QChart {
   QValueAxis* horizontal_ = nullptr;
   QValueAxis* vertical_ = nullptr;
   QGraphicsSimpleTextItem* footnote_ = nullptr;
+  QRectF points_range_;  // of a scatter chart
+  bool has_axis_titles_ = true;
   qreal label_height_ = 0;  // of the categories' labels below the plot
   PointCloud* cloud_ = nullptr;
 };

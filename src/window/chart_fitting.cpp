@@ -18,7 +18,16 @@ namespace {
 
 constexpr qreal kSparseLines = 1.6;  // from one label of an outline to the next
 constexpr int kLeastCutLabel = 11;   // characters: with less room a label is turned rather than cut
+constexpr int kLeastShortLabel = 6;  // characters: cut as short as that where there is no room to turn it
+constexpr qreal kLinesOfTitle = 4;   // with the margins
 constexpr qreal kLinesOfLegend = 3;
+constexpr qreal kLinesOfAxisTitle = 1.5;
+constexpr qreal kLinesOfAMark = 1.6;
+constexpr qreal kLinesOfCutTitles = 10;
+constexpr qreal kLinesBesidePlot = 6;
+constexpr int kMostMarks = 5;
+constexpr qreal kLeastMargin = 0.02;  // of the range of points
+constexpr qreal kRoomOfAPoint = 5;    // pixels
 constexpr qreal kLinesOfFootnote = 1.5;
 constexpr qreal kLeastTitledLines = 10;  // the height, without what else stands below, from which axes have titles
 constexpr qreal kLeastTurnedLines = 4;   // the height below which a turned label would be cut to nothing
@@ -46,8 +55,9 @@ void DrawnChart::FitTitles() {
   };
   setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
   const qreal height = size().height() - (legend()->isVisible() ? kLinesOfLegend * gap : 0) -
-                       (footnote_ ? kLinesOfFootnote * gap : 0) - std::max<qreal>(label_height_ - gap, 0);
+                       (footnote_ ? kLinesOfFootnote * gap : 0) - 2 * std::max<qreal>(label_height_ - gap, 0);
   const bool low = height < kLeastTitledLines * gap;
+  has_axis_titles_ = !low;
   const QString across = low ? QString() : Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
   if (categories_) categories_->setTitleText(across);
   if (sparse_) sparse_->setTitleText(shares_columns_ ? Plain(SharedColumnsTitle()) : across);
@@ -58,6 +68,26 @@ void DrawnChart::FitTitles() {
     footnote_->setText(cut(metrics, chart_.footnote, size().width() - 2 * gap));
     footnote_->setPos(gap, size().height() - metrics.height() * 1.5);
   }
+}
+
+// As many marks as the height has room for, and points that stand clear of the frame.
+void DrawnChart::FitValueAxes() {
+  const bool scatter = chart_.type == tessara::ChartType::kScatter;
+  if (!vertical_ || (!scatter && (labels_.isEmpty() || chart_.series.empty()))) return;
+  const qreal line = QFontMetricsF(font()).height();
+  qreal lines = size().height() / line - kLinesOfTitle - std::max(label_height_ / line, 1.0);
+  if (legend()->isVisible()) lines -= kLinesOfLegend;
+  if (footnote_) lines -= kLinesOfFootnote;
+  if (has_axis_titles_) lines -= kLinesOfAxisTitle;
+  // Beside a low plot there is no title rather than half of one.
+  const qreal title = QFontMetricsF(font()).horizontalAdvance(ToQt(chart_.vertical_title));
+  if (lines < kLinesOfCutTitles && title > lines * line) vertical_->setTitleText(QString());
+  const int steps = std::clamp(static_cast<int>(lines / kLinesOfAMark), 1, kMostMarks);
+  if (!scatter) return SetCountRange(steps);
+  const qreal width = std::max(size().width() - kLinesBesidePlot * line, line);
+  const qreal height = std::max(lines, 1.0) * line;
+  SetPointsRange({std::max(kLeastMargin, kRoomOfAPoint / width), std::max(kLeastMargin, kRoomOfAPoint / height)},
+                 steps);
 }
 
 QString DrawnChart::SharedColumnsTitle() const {
@@ -89,6 +119,7 @@ void DrawnChart::FitLabels() {
     return PlaceUprightLabels(narrow, room);
   }
   if (RoomForTurnedLabels() < line * kLeastTurnedLines) {
+    if (room >= metrics.averageCharWidth() * kLeastShortLabel) return PlaceUprightLabels(narrow, room);
     return PlaceUprightLabels(wide, room, static_cast<qsizetype>(std::ceil(widest(wide) / room)));
   }
   const auto every = static_cast<qsizetype>(std::ceil(line * 1.05 / room));

@@ -11,6 +11,7 @@
 namespace tessara {
 namespace {
 
+constexpr int kCharactersOfAName = 9;
 constexpr std::size_t kAnalysisArrow = 0;
 constexpr std::size_t kIndependentArrow = 1;
 constexpr std::size_t kControlArrow = 2;
@@ -60,6 +61,7 @@ void ControlPanel::BuildTargets(QGridLayout* layout) {
   label4->setObjectName("Label4");
   BuildArrow(kControlArrow);
   field_ = new ControlField(this);
+  field_->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfAName);
   label2_->setBuddy(list2_);
   label3_->setBuddy(list3_);
   label4->setBuddy(field_);

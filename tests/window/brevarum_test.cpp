@@ -101,6 +101,31 @@ class BrevarumTest : public QObject {
     QVERIFY(second->hasFocus());
   }
 
+  void ALetterIsAnsweredThoughTheNextKeyCameFirst() {
+    QLineEdit* first = Box("tx1");
+    QTest::keyPress(first, Qt::Key_X, Qt::NoModifier);
+    QTest::keyClick(first, Qt::Key_Return);
+    QVERIFY(Box("tx2")->hasFocus());
+    QTest::keyRelease(Box("tx2"), Qt::Key_X);
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+    QCOMPARE(window().script().messages[0].text, "Non-numerical entry.");
+    QCOMPARE(first->text(), "x");
+  }
+
+  void DeleteIsJudgedUnlessItEmptiesTheBox() {
+    QLineEdit* box = Box("tx1");
+    box->setText("1e5");
+    box->setFocus();
+    box->setCursorPosition(2);
+    QTest::keyClick(box, Qt::Key_Delete);
+    QCOMPARE(box->text(), "1e");
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_Delete);
+    QCOMPARE(box->text(), "");
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+  }
+
   void EnterLeavesTheChoicesOfPowerToo() {
     Press("Option1(8)");
     auto* alpha = window().Find<QComboBox>("Alpha");

@@ -400,6 +400,21 @@ class ChartsTest : public QObject {
     QCOMPARE(axis->labelFormat(), "%.1f");
   }
 
+  void ALowChartHasFewerMarks() {
+    const Chart chart = BarsChart("Bars", "", "Frequency", {"a", "b"}, {{"n", {90, 40}}});
+    const qreal line = QFontMetricsF(QApplication::font()).height();
+    const auto marks_at = [&](qreal lines) {
+      const auto drawn = Draw(chart, QSizeF(500, lines * line));
+      return qobject_cast<QValueAxis*>(drawn->axes(Qt::Vertical).value(0))->tickCount();
+    };
+    QCOMPARE(marks_at(30), 6);  // 0 to 100 by 20
+    QCOMPARE(marks_at(9), 3);   // by 50
+    const Chart small = BarsChart("Bars", "", "Frequency", {"a"}, {{"n", {3}}});
+    const auto drawn = Draw(small, QSizeF(500, 9 * line));
+    const auto* axis = qobject_cast<QValueAxis*>(drawn->axes(Qt::Vertical).value(0));
+    QCOMPARE(axis->max() / (axis->tickCount() - 1), 2.0);  // no half case
+  }
+
   void AScatterFillsItsPlotUpToAMargin() {
     const auto drawn = Draw(ScatterChart("T", "X", "Y", Values({-3, 4}), Values({10, 60})), {600, 400});
     const auto* across = qobject_cast<QValueAxis*>(drawn->axes(Qt::Horizontal).value(0));
