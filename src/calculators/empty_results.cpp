@@ -40,10 +40,12 @@ std::string EmptyTwoProportions() {
 
 // The failed tests of a table without cases are zeros here too, in the place of their marks.
 std::string EmptyCounts() {
-  ChiSquareStatistics statistics{};
+  const ChiSquareBoxes boxes;
+  const TypedTable table;
+  ChiSquareStatistics statistics;
   statistics.table.chi_square_p = 0;
   statistics.table.likelihood_p = 0;
-  return ChiSquareShortReport({}, {}, statistics);
+  return ChiSquareShortReport(boxes, table, statistics);
 }
 
 std::string EmptyAccuracy() {
