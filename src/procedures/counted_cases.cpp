@@ -44,6 +44,7 @@ CountedCases CountCases(const DataSet& data, const CaseControl& control, const T
 
 std::vector<std::string> CategoryLabels(const std::vector<Category>& categories) {
   std::vector<std::string> labels;
+  labels.reserve(categories.size());
   for (const Category& category : categories) labels.push_back(category.label);
   return labels;
 }

@@ -56,7 +56,7 @@ QList<QPointF> SinglePoints(const Chart& chart) {
 }
 
 QImage PictureOfPoints(const Chart& chart, const QRectF& range, const QColor& colour) {
-  std::vector<std::uint32_t> counts(kColumns * kRows);
+  std::vector<std::uint32_t> counts(std::size_t{kColumns} * std::size_t{kRows});
   for (std::size_t i = 0; i < PointCount(chart); ++i) {
     const std::size_t column = CellOf((*chart.x)[i], range.left(), range.width(), kColumns);
     const std::size_t row = kRows - 1 - CellOf((*chart.y)[i], range.top(), range.height(), kRows);
@@ -68,7 +68,7 @@ QImage PictureOfPoints(const Chart& chart, const QRectF& range, const QColor& co
   QColor shade = colour;
   for (int row = 0; row < kRows; ++row) {
     for (int column = 0; column < kColumns; ++column) {
-      const std::uint32_t count = counts[static_cast<std::size_t>(row * kColumns + column)];
+      const std::uint32_t count = counts[static_cast<std::size_t>(row) * kColumns + static_cast<std::size_t>(column)];
       if (count == 0) continue;
       shade.setAlphaF(kWeakest + (1 - kWeakest) * static_cast<float>(std::log1p(count) / most));
       picture.setPixelColor(column, row, shade);
