@@ -148,7 +148,6 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     ComesNext(platform);
   }
   outcome.aborted = run.aborted;
-  outcome.show_output = !outcome.refused;  // an error frame is a report too, and says why nothing else came
   return outcome;
 }
 

@@ -47,9 +47,8 @@ struct RunCases {
 };
 
 struct RunOutcome {
-  bool refused = false;      // a message box ended the run
-  bool aborted = false;      // some procedure printed the error frame
-  bool show_output = false;  // the output log is to come to the front, if the settings say so
+  bool refused = false;  // a message box ended the run
+  bool aborted = false;  // some procedure printed the error frame
 };
 
 // Runs the selected procedure for the analysis variables, in list order; each is the main variable in its turn. The

@@ -7,8 +7,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kMessagePane = 1;
-
 bool InView(const Session& session, View view) { return session.ActiveView == view; }
 bool InOutputText(const Session& session) {
   return InView(session, View::ViewOutput) && !session.output.OutputGridMode;

@@ -11,6 +11,15 @@
 
 namespace tessara {
 
+// The commands that front ends name themselves.
+inline constexpr int kNewCommand = 101;
+inline constexpr int kOpenCommand = 102;
+inline constexpr int kPrintCommand = 106;
+inline constexpr int kCopyOutputCommand = 212;
+inline constexpr int kRunCommand = 308;
+inline constexpr int kToggleOutputCommand = 350;
+inline constexpr int kToggleHelpCommand = 602;
+
 // Icon alone, or icon and caption.
 enum class CommandStyle { kIcon = 0, kIconAndCaption = 3 };
 

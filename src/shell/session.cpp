@@ -10,7 +10,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kMessagePane = 1;
 constexpr const char* kWarning = "Warning!";
 
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
@@ -128,7 +127,8 @@ void SetProjectNotes(Session& session, std::string notes) {
 
 RunOutcome RunPanel(Session& session) {
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
-  if (outcome.show_output && session.settings.show_output()) session.wanted_view = View::ViewOutput;
+  // An error frame is a report too, and says why nothing else came.
+  if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
   RefreshStatus(session);  // a procedure may have added variables
   return outcome;
 }

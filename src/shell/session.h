@@ -35,6 +35,8 @@ enum class View : int {
 inline constexpr std::array<std::string_view, 5> kDocumentFiles = {"UserManual.pdf", "Workbook.pdf", "Handbook.pdf",
                                                                    "Brochure.pdf", "Discount.pdf"};
 
+inline constexpr int kMessagePane = 1;
+
 struct Session {
   Session(Platform& the_platform, SettingsStore& the_store) : platform(the_platform), settings_store(the_store) {}
 

@@ -17,6 +17,7 @@
 #include "window/brevarum_input.h"
 #include "window/focus_outline.h"
 #include "window/help_browser.h"
+#include "window/page_painter.h"
 #include "window/segment_button.h"
 #include "window/text.h"
 #include "window/theme.h"
@@ -24,22 +25,11 @@
 namespace tessara {
 namespace {
 
-constexpr int kNew = 101;
-constexpr int kRunCommand = 308;
-constexpr int kCopyOutput = 212;
 constexpr int kColumnsOfCompactText = 24;  // at the least; it scrolls
 constexpr int kLinesOfCompactText = 7;     // at the least
 constexpr int kWidthBeside = 100;          // characters: with less the results stand below the input
 
 enum Tab { kInstructions, kHelp, kModule };
-
-QFont ReportFont(const QFont& base) {
-  QFont font("Courier New");
-  font.setFamilies({"Courier New", "Liberation Mono"});
-  font.setStyleHint(QFont::Monospace);
-  font.setPointSizeF(base.pointSizeF());
-  return font;
-}
 
 // Keeps the place that the reader has scrolled to while the text stays the same.
 void ShowText(QPlainTextEdit* edit, const QString& text) {
@@ -163,7 +153,8 @@ QWidget* Brevarum1::BuildInput() {
     buttons->addWidget(button);
   };
   add(0, "CalculateButton", "media-playback-start", tr("Calculate"), tr("Calculate the statistics (F5)"), kRunCommand);
-  add(1, "ClearButton", "edit-clear", tr("Clear"), tr("Empty the boxes and results of this calculator (Ctrl+N)"), kNew);
+  add(1, "ClearButton", "edit-clear", tr("Clear"), tr("Empty the boxes and results of this calculator (Ctrl+N)"),
+      kNewCommand);
   QFont bold = actions_[0]->font();
   bold.setBold(true);
   actions_[0]->setFont(bold);
@@ -180,7 +171,7 @@ QWidget* Brevarum1::BuildInput() {
   compact_->setReadOnly(true);
   compact_->setTabChangesFocus(true);
   compact_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  compact_->setFont(ReportFont(font()));
+  compact_->setFont(FixedPitchFont());
   const QFontMetrics type(compact_->font());
   compact_->setMinimumHeight(type.height() * kLinesOfCompactText);
   compact_->setMinimumWidth(type.averageCharWidth() * kColumnsOfCompactText);
@@ -215,7 +206,7 @@ QWidget* Brevarum1::BuildResults() {
   copy_ = new QPushButton(ThemeIcon("edit-copy"), tr("Click to Copy"), words);
   copy_->setObjectName("Label44");
   copy_->setToolTip(tr("Copy text output"));
-  connect(copy_, &QPushButton::clicked, this, [this] { emit CommandRequested(kCopyOutput); });
+  connect(copy_, &QPushButton::clicked, this, [this] { emit CommandRequested(kCopyOutputCommand); });
   head->addWidget(results_title_, 1);
   head->addWidget(copy_);
   inside->addLayout(head);

@@ -16,7 +16,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kMessagePane = 1;
 constexpr int kSharpness = 2;  // pixels of a picture for each of the screen
 
 QImage ChartPicture(const Chart& chart, const QSize& size) {

@@ -12,8 +12,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kToggleHelp = 602;
-
 // The word that a toolbar button shows beside its icon; empty for a button with an icon alone.
 QString ButtonWord(const CommandControl& control) {
   switch (control.id) {
@@ -65,7 +63,7 @@ QAction* CommandBars::ActionOf(const CommandControl& control) {
   made->setObjectName(QString::number(control.id));
   if (!control.icon.empty()) made->setIcon(ThemeIcon(std::string(control.icon).c_str()));
   if (!control.shortcut.empty()) made->setShortcut(QKeySequence(ToQt(control.shortcut), QKeySequence::PortableText));
-  if (control.id == kToggleHelp) made->setCheckable(true);
+  if (control.id == kToggleHelpCommand) made->setCheckable(true);
   if (control.id == 107) made->setMenuRole(QAction::QuitRole);
   if (control.id == 608) made->setMenuRole(QAction::AboutRole);
   QObject::connect(made, &QAction::triggered, &frame_, [this, id = control.id] { execute_(id); });
@@ -129,7 +127,7 @@ void CommandBars::Refresh(const Session& session, const WidgetState& widgets) {
     made->setVisible(state.visible);
     made->setEnabled(state.enabled);
   }
-  if (QAction* help = action(kToggleHelp)) help->setChecked(session.help_pane_visible);
+  if (QAction* help = action(kToggleHelpCommand)) help->setChecked(session.help_pane_visible);
   for (QMenu* menu : menus_) menu->menuAction()->setVisible(AnyVisible(*menu));
   ShowSeparators(toolbar_entries_);
 }

@@ -36,10 +36,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kNew = 101;
-constexpr int kOpen = 102;
-constexpr int kPrint = 106;
-constexpr int kRun = 308;
 constexpr int kLargeIcon = 32;
 constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
@@ -100,8 +96,8 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(recent_files_.get(), &RecentFiles::Chosen, this, [this](const QString& file) { OpenFile(PathFromQt(file)); });
   bars_ = std::make_unique<CommandBars>(*this, [this](int id) { Execute(id); });
   BuildWorkspace();
-  bars_->InsertBehind(kOpen, {recent_files_->menu()->menuAction()});
-  bars_->InsertBehind(kPrint, output_->PrintActions());
+  bars_->InsertBehind(kOpenCommand, {recent_files_->menu()->menuAction()});
+  bars_->InsertBehind(kPrintCommand, output_->PrintActions());
   BuildHelpPane();
   ConnectClipboard();
   FocusOutline::Watch(this);
@@ -280,8 +276,8 @@ void FrmMain::Execute(int id) {
   NoteRecentFile();
   ShowSession();
   Perform(action);
-  if (id == kNew || id == kOpen) current_view()->FocusFirst();
-  if (id == kRun) current_view()->FocusInput();
+  if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
+  if (id == kRunCommand) current_view()->FocusInput();
   RefreshCommands();
 }
 

@@ -22,11 +22,7 @@
 #include "window/theme.h"
 
 namespace tessara {
-namespace {
-
-constexpr int kToggleOutput = 350;
-
-}  // namespace
+namespace {}  // namespace
 
 Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
     : ViewForm(the_session, View::ViewOutput, parent), platform_(platform) {
@@ -99,10 +95,10 @@ QWidget* Output1::MakeHead() {
   layout->addLayout(switches);
   // A press on the text that does not show asks for the command that toggles.
   connect(most_recent_, &QToolButton::clicked, this, [this] {
-    if (session().output.ShowLogMode) emit CommandRequested(kToggleOutput);
+    if (session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
   });
   connect(log_, &QToolButton::clicked, this, [this] {
-    if (!session().output.ShowLogMode) emit CommandRequested(kToggleOutput);
+    if (!session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
   });
   layout->addStretch();
 

@@ -19,7 +19,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kRunCommand = 308;
 constexpr std::size_t kMostNamesInSummary = 3;
 
 struct FaceButton {

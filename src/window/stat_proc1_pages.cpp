@@ -8,20 +8,13 @@
 #include "data/data_statistics.h"
 #include "procedures/examples.h"
 #include "window/focus_outline.h"
+#include "window/page_painter.h"
 #include "window/text.h"
 
 namespace tessara {
 namespace {
 
 constexpr int kExampleLines = 6;  // an example that shows fewer lines is of no use
-
-QFont ReportFont() {
-  QFont font("Courier New");
-  font.setFamilies({"Courier New", "Liberation Mono"});
-  font.setStyleHint(QFont::Monospace);
-  font.setFixedPitch(true);
-  return font;
-}
 
 }  // namespace
 
@@ -108,7 +101,7 @@ ExamplePane::ExamplePane(QWidget* parent)
   example_->setReadOnly(true);
   example_->setTabChangesFocus(true);
   example_->setAcceptDrops(false);
-  example_->setFont(ReportFont());
+  example_->setFont(FixedPitchFont());
   example_->setLineWrapMode(QPlainTextEdit::NoWrap);
   example_->document()->setDocumentMargin(fontMetrics().height());
   example_->setPlaceholderText("Select a procedure to see an example of its report and how to read it.");

@@ -202,13 +202,22 @@ TEST_F(SessionTest, ARunBringsTheOutputToTheFrontWhenTheSettingsSaySo) {
   OpenDataFile(session, WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kFrequencies);
   session.panel.SelectedVariables = {1};
-  EXPECT_TRUE(RunPanel(session).show_output);
+  EXPECT_FALSE(RunPanel(session).refused);
   EXPECT_EQ(session.wanted_view, View::ViewOutput);
 
   session.wanted_view = View::kNone;
   session.settings.Op10 = 1;
   RunPanel(session);
   EXPECT_EQ(session.wanted_view, View::kNone);
+}
+
+TEST_F(SessionTest, ARunThatEndsInTheErrorFrameShowsIt) {
+  OpenDataFile(session, WriteDataFile("people.dcs"));
+  SelectProcedure(session.panel, Procedure::kTTest);  // without the values of its groups
+  session.panel.SelectedVariables = {1};
+  session.panel.IndependentVariables = {2};
+  EXPECT_TRUE(RunPanel(session).aborted);
+  EXPECT_EQ(session.wanted_view, View::ViewOutput);
 }
 
 TEST_F(SessionTest, ARefusedRunStaysInItsView) {
