@@ -120,26 +120,27 @@ Calculation CalculatePower(const BrevarumPanel& panel) {
 
 Calculation CalculateCurrent(BrevarumPanel& panel) {
   switch (panel.CurrentPanel) {
-    case 0:
+    case kTwoMeansPanel:
       return CalculateMeans(panel, Samples::kTwo);
-    case 1:
+    case kManyMeansPanel:
       return CalculateVariance(panel);
-    case 2:
+    case kTwoProportionsPanel:
       return CalculateProportions(panel, Samples::kTwo);
-    case 3:
+    case kCountsPanel:
       return CalculateCounts(panel);
-    case 4:
+    case kMeanIntervalPanel:
       return CalculateMeanInterval({.n = Text(panel, "T1"), .mean = Text(panel, "T2"), .deviation = Text(panel, "T3")});
-    case 5:
+    case kProportionIntervalPanel:
       return CalculateProportionInterval({.n = Text(panel, "T1"), .proportion = Text(panel, "T2")});
-    case 6:
+    case kScorePanel:
       return CalculateScore(panel);
-    case 7:
+    case kAccuracyPanel:
       return CalculateAccuracyPanel(panel);
-    case 8:
+    case kPowerPanel:
       return CalculatePower(panel);
-    case 9:
+    case kOneMeanPanel:
       return CalculateMeans(panel, Samples::kOne);
+    case kOneProportionPanel:
     default:
       return CalculateProportions(panel, Samples::kOne);
   }

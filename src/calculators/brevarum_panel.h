@@ -19,11 +19,18 @@
 
 namespace tessara {
 
-// Panels that show something of their own.
+// The values of CurrentPanel. Those of one sample stand behind the others.
+inline constexpr int kTwoMeansPanel = 0;
+inline constexpr int kManyMeansPanel = 1;
+inline constexpr int kTwoProportionsPanel = 2;
 inline constexpr int kCountsPanel = 3;
+inline constexpr int kMeanIntervalPanel = 4;
+inline constexpr int kProportionIntervalPanel = 5;
 inline constexpr int kScorePanel = 6;
 inline constexpr int kAccuracyPanel = 7;
 inline constexpr int kPowerPanel = 8;
+inline constexpr int kOneMeanPanel = 9;
+inline constexpr int kOneProportionPanel = 10;
 
 enum class BrevarumBoxKind : std::uint8_t {
   kNumber,

@@ -1,6 +1,7 @@
 #include "calculators/empty_results.h"
 
 #include "calculators/accuracy.h"
+#include "calculators/brevarum_panel.h"
 #include "calculators/chi_square_table.h"
 #include "calculators/intervals.h"
 #include "calculators/mean_tests.h"
@@ -59,26 +60,27 @@ std::string EmptyAccuracy() {
 
 std::string EmptyResult(int panel) {
   switch (panel) {
-    case 0:
+    case kTwoMeansPanel:
       return EmptyTwoMeans();
-    case 1:
+    case kManyMeansPanel:
       return EmptyManyMeans();
-    case 2:
+    case kTwoProportionsPanel:
       return EmptyTwoProportions();
-    case 3:
+    case kCountsPanel:
       return EmptyCounts();
-    case 4:
+    case kMeanIntervalPanel:
       return MeanIntervalShortReport(MeanInterval{});
-    case 5:
+    case kProportionIntervalPanel:
       return ProportionIntervalShortReport(ProportionInterval{});
-    case 7:
+    case kAccuracyPanel:
       return EmptyAccuracy();
-    case 8:
+    case kPowerPanel:
       return SampleSizeShortReport(SampleSizes{});
-    case 9:
+    case kOneMeanPanel:
       return OneMeanShortReport(OneMeanTest{});
-    case 10:
+    case kOneProportionPanel:
       return OneProportionShortReport(OneProportionTest{});
+    case kScorePanel:  // has no compact result
     default:
       return "";
   }
