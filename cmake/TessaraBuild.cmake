@@ -34,8 +34,9 @@ if(TESSARA_SANITIZE AND NOT MSVC)
   target_link_options(tessara_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# The sources of one folder; its tests folder is not among them.
-function(tessara_folder variable folder)
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/${folder}/*.cpp" "${CMAKE_SOURCE_DIR}/${folder}/*.h")
+# The sources of one folder and its rooms; tests folders are not among them.
+function(tessara_sources variable folder)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/${folder}/*.cpp" "${CMAKE_SOURCE_DIR}/${folder}/*.h")
+  list(FILTER sources EXCLUDE REGEX "/tests/")
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()

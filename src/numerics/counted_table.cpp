@@ -5,6 +5,7 @@
 
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
+#include "numerics/probability.h"
 #include "numerics/report_text.h"
 
 namespace tessara {

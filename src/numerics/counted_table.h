@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "numerics/checked.h"
-#include "numerics/probability.h"
+#include "numerics/two_by_two.h"
 
 // The statistics of a table of counts: chi-square tests, measures of association, agreement and risk. The table may
 // come from cases or from typed figures.

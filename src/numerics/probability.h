@@ -5,11 +5,9 @@
 
 #include "numerics/checked.h"
 
-// The probability kit below every report: p-values, one table of critical values, and the measures of a 2x2 table. Each
-// routine is one published method, kept to the constants, stopping rules and shortcuts given here: the printed figures
-// follow from them, so none may be replaced by a more accurate one. All arithmetic is double precision.
-//
-// A 2x2 table is read a, b in the first row and c, d in the second.
+// The probability kit below every report: p-values and one table of critical values. Each routine is one published
+// method, kept to the constants, stopping rules and shortcuts given here: the printed figures follow from them, so none
+// may be replaced by a more accurate one. All arithmetic is double precision.
 
 namespace tessara {
 
@@ -57,32 +55,5 @@ double TCritical95(Number& n);
 // x factorial, multiplied downward from x, the count rounded half to even first; 1 for anything below 2. Fails above
 // 170 by overflow, and where the count has no 16 bits.
 Checked Factorial(Checked x);
-
-// Probability of this one 2x2 table under fixed margins (Fisher 1934). Each of the nine factorials is taken whole, so
-// that a table of more than 170 cases fails. A cell of 0 or below counts as factorial 1.
-Checked HypergeometricTableP(Checked a, Checked b, Checked c, Checked d);
-
-// Fisher's exact test, two-tailed by doubling one end of the table, never above 1. Fails for more than 170 cases.
-Checked FisherExactP(Checked a, Checked b, Checked c, Checked d);
-
-// Chi-square of a 2x2 table with Yates' correction (Yates 1934); a difference smaller than the correction is not
-// clipped at 0. Fails where a margin is 0.
-Checked YatesChiSquare(Checked a, Checked b, Checked c, Checked d);
-
-// A ratio with the standard error of its logarithm and its 95 percent interval, exp(ln(ratio) -+ 1.96 se). `filled` is
-// 1 once the record has been computed whole.
-struct RatioInterval {
-  Number ratio;
-  Number standard_error;
-  Number lower;
-  Number upper;
-  Number filled;
-};
-
-// The odds ratio ad / bc by Woolf's method (Woolf 1955), and the risk ratio taken down the columns, a / (a + c) over
-// b / (b + d), by the logarithmic method (Katz and others 1978). Either ends at its first failing step: `filled` stays
-// 0 then, and the values ahead of that step stand. A cell of 0 fails the odds ratio, a or b of 0 the risk ratio.
-RatioInterval OddsRatioInterval(Checked a, Checked b, Checked c, Checked d);
-RatioInterval RiskRatioInterval(Checked a, Checked b, Checked c, Checked d);
 
 }  // namespace tessara

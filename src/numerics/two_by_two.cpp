@@ -1,3 +1,5 @@
+#include "numerics/two_by_two.h"
+
 #include <cmath>
 #include <cstdint>
 #include <optional>

@@ -9,7 +9,7 @@
 
 #include "data/data_set.h"
 #include "platform/platform.h"
-#include "procedures/case_control.h"
+#include "procedures/cases/case_control.h"
 
 // The procedure panel StatProc1: which procedure is selected, which variables have which role, and its check boxes and
 // fields. A front end copies its controls in here; a run reads nothing else.

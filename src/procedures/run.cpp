@@ -1,15 +1,16 @@
 #include "procedures/run.h"
 
-#include "procedures/anova.h"
-#include "procedures/correlation.h"
-#include "procedures/correlation_matrix.h"
-#include "procedures/crosstabulation.h"
-#include "procedures/descriptives.h"
-#include "procedures/diagnostic.h"
-#include "procedures/frequencies.h"
-#include "procedures/list_variables.h"
-#include "procedures/regression.h"
-#include "procedures/t_test.h"
+#include "procedures/cases/procedure_run.h"
+#include "procedures/compare/anova.h"
+#include "procedures/compare/crosstabulation.h"
+#include "procedures/compare/diagnostic.h"
+#include "procedures/compare/two_sample_t.h"
+#include "procedures/describe/descriptives.h"
+#include "procedures/describe/frequencies.h"
+#include "procedures/describe/list_variables.h"
+#include "procedures/relate/correlation.h"
+#include "procedures/relate/correlation_matrix.h"
+#include "procedures/relate/regression.h"
 
 namespace tessara {
 namespace {

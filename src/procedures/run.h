@@ -1,50 +1,14 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "data/data_set.h"
-#include "data/used_range.h"
 #include "platform/platform.h"
 #include "presentation/chart_data.h"
 #include "presentation/output_log.h"
-#include "procedures/case_control.h"
 #include "procedures/panel.h"
 
 // The run check: tests the selection of the panel and calls the procedures. It goes on past every numeric failure.
 
 namespace tessara {
-
-// What a procedure works with, and what one run shares between its procedures.
-struct ProcedureRun {
-  DataSet& data;
-  const ProcedurePanel& panel;
-  OutputLog& output;
-  ChartStore& charts;
-  Platform& platform;
-
-  bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
-  std::string ChartFootnote = {};  // the words of the control caption
-
-  // Sends a finished report to the output log.
-  void AppendReport(std::string report);
-  // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
-  void ReportError(std::string_view pending_text);
-  // Leaves the charts of a procedure, with the run's footnote, once its report stands: only while a single variable is
-  // selected.
-  void LeaveCharts(ChartKind kind, std::vector<Chart> made);
-  // Whether it is worth the time to make charts.
-  bool WantsCharts() const { return panel.SelectedVariables.size() < 2; }
-};
-
-// What every procedure that reads cases begins with: the counts cut to the used range for as long as the object lives,
-// the missing values of the main variable, the case control, and no charts.
-struct RunCases {
-  explicit RunCases(ProcedureRun& run);
-
-  UsedRange used;
-  CaseControl control;
-};
 
 struct RunOutcome {
   bool refused = false;  // a message box ended the run

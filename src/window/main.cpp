@@ -1,10 +1,10 @@
 #include <QApplication>
 #include <QFileInfo>
 
-#include "window/frm_main.h"
-#include "window/qt_platform.h"
-#include "window/qt_settings_store.h"
-#include "window/text.h"
+#include "window/frame/frm_main.h"
+#include "window/system/qt_platform.h"
+#include "window/system/qt_settings_store.h"
+#include "window/widgets/text.h"
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);

@@ -13,10 +13,10 @@
 #include <QValueAxis>
 
 #include "presentation/chart_data.h"
-#include "window/chart_drawing.h"
-#include "window/chart_output.h"
-#include "window/chart_view.h"
-#include "window/point_cloud.h"
+#include "window/charts/chart_drawing.h"
+#include "window/charts/chart_output.h"
+#include "window/charts/chart_view.h"
+#include "window/charts/point_cloud.h"
 #include "window_fixture.h"
 
 namespace tessara {

@@ -1,4 +1,4 @@
-#include "window/data1.h"
+#include "window/grid/data1.h"
 
 #include <QtTest>
 

@@ -9,7 +9,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include "window/variable_lists.h"
+#include "window/stat_procs/variable_lists.h"
 #include "window_fixture.h"
 
 namespace tessara {

@@ -1,4 +1,4 @@
-#include "window/grid_model.h"
+#include "window/grid/grid_model.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>

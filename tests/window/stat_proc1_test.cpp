@@ -1,4 +1,4 @@
-#include "window/stat_proc1.h"
+#include "window/stat_procs/stat_proc1.h"
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
@@ -12,7 +12,7 @@
 #include <QtTest>
 
 #include "platform/scripted_platform.h"
-#include "window/variable_lists.h"
+#include "window/stat_procs/variable_lists.h"
 
 namespace tessara {
 

@@ -15,10 +15,10 @@
 #include <string>
 
 #include "platform/scripted_platform.h"
-#include "window/frm_main.h"
-#include "window/qt_platform.h"
-#include "window/qt_settings_store.h"
-#include "window/text.h"
+#include "window/frame/frm_main.h"
+#include "window/system/qt_platform.h"
+#include "window/system/qt_settings_store.h"
+#include "window/widgets/text.h"
 
 // A window test has a program folder, a documents folder and a settings file of its own, and a frame whose dialogs are
 // answered from a queue:

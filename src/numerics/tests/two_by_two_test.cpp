@@ -1,3 +1,5 @@
+#include "numerics/two_by_two.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "procedures/accepted_cases.h"
+#include "procedures/cases/accepted_cases.h"
 
 #include <gtest/gtest.h>
 

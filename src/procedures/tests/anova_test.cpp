@@ -1,4 +1,4 @@
-#include "procedures/anova.h"
+#include "procedures/compare/anova.h"
 
 #include <gtest/gtest.h>
 

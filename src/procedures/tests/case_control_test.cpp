@@ -1,4 +1,4 @@
-#include "procedures/case_control.h"
+#include "procedures/cases/case_control.h"
 
 #include <gtest/gtest.h>
 

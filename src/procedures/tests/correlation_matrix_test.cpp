@@ -1,10 +1,10 @@
-#include "procedures/correlation_matrix.h"
+#include "procedures/relate/correlation_matrix.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "procedures/correlation.h"
+#include "procedures/relate/correlation.h"
 #include "procedures/tests/test_data.h"
 
 namespace tessara {

@@ -1,4 +1,4 @@
-#include "procedures/correlation.h"
+#include "procedures/relate/correlation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "procedures/crosstabulation.h"
+#include "procedures/compare/crosstabulation.h"
 #include "procedures/tests/table_cases.h"
 
 // Which cases and categories come into the table, in which order, and what is left when there are none. The figures

@@ -1,4 +1,4 @@
-#include "procedures/crosstabulation.h"
+#include "procedures/compare/crosstabulation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "procedures/descriptives.h"
+#include "procedures/describe/descriptives.h"
 
 #include <gtest/gtest.h>
 

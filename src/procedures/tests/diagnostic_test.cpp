@@ -1,4 +1,4 @@
-#include "procedures/diagnostic.h"
+#include "procedures/compare/diagnostic.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "procedures/examples.h"
+#include "procedures/examples/examples.h"
 
 #include <gtest/gtest.h>
 

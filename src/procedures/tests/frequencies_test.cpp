@@ -1,4 +1,4 @@
-#include "procedures/frequencies.h"
+#include "procedures/describe/frequencies.h"
 
 #include <gtest/gtest.h>
 

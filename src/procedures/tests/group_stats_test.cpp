@@ -1,4 +1,4 @@
-#include "procedures/group_stats.h"
+#include "procedures/cases/group_stats.h"
 
 #include <gtest/gtest.h>
 

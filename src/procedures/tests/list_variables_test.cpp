@@ -1,4 +1,4 @@
-#include "procedures/list_variables.h"
+#include "procedures/describe/list_variables.h"
 
 #include <gtest/gtest.h>
 

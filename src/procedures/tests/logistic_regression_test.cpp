@@ -1,4 +1,4 @@
-#include "procedures/logistic_regression.h"
+#include "procedures/relate/logistic_regression.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "data/data_file.h"
 #include "numerics/number_text.h"
 #include "platform/tests/temporary_folder.h"
-#include "procedures/regression.h"
+#include "procedures/relate/regression.h"
 #include "procedures/tests/test_data.h"
 
 namespace tessara {

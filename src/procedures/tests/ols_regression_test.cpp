@@ -1,11 +1,11 @@
-#include "procedures/ols_regression.h"
+#include "procedures/relate/ols_regression.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "numerics/number_text.h"
-#include "procedures/regression.h"
+#include "procedures/relate/regression.h"
 #include "procedures/tests/test_data.h"
 
 namespace tessara {

@@ -1,4 +1,4 @@
-#include "procedures/regression_report.h"
+#include "procedures/relate/regression_report.h"
 
 #include <gtest/gtest.h>
 

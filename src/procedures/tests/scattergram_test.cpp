@@ -1,4 +1,4 @@
-#include "procedures/scattergram.h"
+#include "procedures/relate/scattergram.h"
 
 #include <gtest/gtest.h>
 

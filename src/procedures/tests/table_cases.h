@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "procedures/crosstabulation.h"
+#include "procedures/compare/crosstabulation.h"
 #include "procedures/tests/test_data.h"
 
 // Tables for the tests of crosstabulation, and what it prints of them.

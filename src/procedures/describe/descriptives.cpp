@@ -1,0 +1,201 @@
+#include "procedures/describe/descriptives.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "data/missing_test.h"
+#include "numerics/case_values.h"
+#include "numerics/masks.h"
+#include "numerics/number_text.h"
+#include "numerics/probability.h"
+#include "numerics/report_text.h"
+#include "numerics/sums.h"
+#include "presentation/bar_chart.h"
+#include "procedures/cases/saved_column.h"
+
+namespace tessara {
+namespace {
+
+// Calls accept(record, value) for the cases that a procedure of numbers may use, in grid order, and yields how many
+// were excluded: missing, or stopped by the control. A cell that is not numeric is neither accepted nor excluded.
+template <typename Accept>
+std::size_t ForEachAcceptedNumber(const DataSet& data, std::size_t column, const std::vector<std::uint8_t>& passing,
+                                  Accept accept) {
+  const NumericColumn& numbers = data.matrix.Numbers(column, data.RecordCount);
+  const MissingTest missing(data.matrix, column, data.MissingSet[kMainRole], numbers);
+  std::size_t excluded = 0;
+  for (std::size_t record = 0; record < data.RecordCount; ++record) {
+    const bool dropped = missing.Drops(record);
+    if (!dropped && numbers.classes[record] != CellClass::kNumber) continue;  // ahead of the control
+    if (dropped || (!passing.empty() && passing[record] == 0)) {
+      ++excluded;
+      continue;
+    }
+    accept(record, numbers.values[record], record - excluded);
+  }
+  return excluded;
+}
+
+}  // namespace
+
+DescriptiveCases GatherDescriptives(const DataSet& data, const CaseControl& control, std::size_t column) {
+  DescriptiveCases cases;
+  cases.values.resize(data.RecordCount);
+  std::size_t used = 0;
+  // The place of a value is its record less the cases excluded so far, so a cell that is not numeric leaves a 0 behind.
+  cases.excluded = ForEachAcceptedNumber(data, column, control.PassingCases(data.RecordCount),
+                                         [&](std::size_t, double value, std::size_t place) {
+                                           cases.values[place] = value;
+                                           used = place + 1;
+                                         });
+  cases.values.resize(used);
+  cases.sum = SumInOrder(used, [&](std::size_t i) { return cases.values[i]; });
+  return cases;
+}
+
+DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases) {
+  DescriptiveStatistics result;
+  std::vector<double>& values = cases.values;
+  const Number n = static_cast<double>(values.size());
+  result.count = values.size();
+  result.excluded = cases.excluded;
+  result.sum = cases.sum;
+  result.mean = result.sum / n;
+
+  const auto [least, greatest] = std::minmax_element(values.begin(), values.end());
+  result.minimum = *least;
+  result.maximum = *greatest;
+  result.range = result.maximum - result.minimum;
+
+  Number squares, cubes, fourths;
+  if (*least != *greatest) {  // equal values have no deviation, whatever their mean rounds to
+    const double mean = result.mean.value();
+    squares = SumInOrder(values.size(), [&](std::size_t i) { return (values[i] - mean) * (values[i] - mean); });
+    cubes = SumInOrder(values.size(),
+                       [&](std::size_t i) { return (values[i] - mean) * (values[i] - mean) * (values[i] - mean); });
+    fourths = SumInOrder(values.size(), [&](std::size_t i) {
+      const double square = (values[i] - mean) * (values[i] - mean);
+      return square * square;
+    });
+  }
+  result.median = MedianOf(values);
+
+  result.population_variance = squares / n;
+  result.population_deviation = Sqrt(result.population_variance);
+  result.sample_variance = squares / (n - 1);
+  result.sample_deviation = Sqrt(result.sample_variance);
+  result.standard_error = result.sample_deviation / Sqrt(n - 1);
+  if (result.mean != 0 && result.sample_deviation != 0) {
+    result.coefficient_of_variation = (result.sample_deviation / result.mean) * 100;
+  }
+  result.skewness = cubes / n / Power(result.population_deviation, 3);
+  result.kurtosis = fourths / n / Power(result.population_deviation, 4);
+  result.t = result.mean / result.standard_error;
+  Keep(result.p, Masked(TDistP(n - 1, result.t), "0.0000"));
+  Number critical_n = n;  // comes back as the degrees of freedom
+  result.interval = TCritical95(critical_n) * result.standard_error;
+  return result;
+}
+
+namespace {
+
+// The z-scores as a new variable behind the last one, with the dictionary of their source. Their own pass reads "not
+// equal to" as a comparison of numbers.
+void SaveZScores(ProcedureRun& run, const CaseControl& control, const DescriptiveStatistics& statistics) {
+  DataSet& data = run.data;
+  const std::size_t source = data.RoleVariable[kMainRole];
+  const std::string name = data.VariableName(source);
+  const std::size_t target = AddSavedColumn(data, "Z-" + name);
+  for (std::size_t row = 1; row < kVariableNameRow; ++row) data.matrix.Set(row, target, data.matrix.Cell(row, source));
+  if (data.VariableLabel(source).empty()) data.matrix.SetText(kVariableLabelRow, target, name);
+
+  const auto passing = control.PassingCases(data.RecordCount, NotEqualReading::kAsNumber);
+  ForEachAcceptedNumber(data, source, passing, [&](std::size_t record, double value, std::size_t) {
+    const Checked z = (value - statistics.mean) / statistics.sample_deviation;
+    if (const auto text = Masked(z, "0.00000")) data.matrix.SetText(kFirstRecordRow + record, target, *text);
+  });
+}
+
+std::string DescriptivesReport(const DataSet& data, const CaseControl& control, const DescriptiveStatistics& s,
+                               const std::string& chart) {
+  const std::size_t column = data.RoleVariable[kMainRole];
+  const auto value = [](const Number& number) { return FormatCol(number, 24, 4); };
+  std::string report = control.ControlCaption();
+  report += ReportHead("Descriptive Statistics", data.VariableName(column), data.VariableLabel(column));
+  report += "Count        " + FormatCol(static_cast<double>(s.count), 19, 0) + "         " +  //
+            "Pop Var      " + value(s.population_variance) + "\r\n";
+  report += "Sum          " + value(s.sum) + "    " + "Sam Var      " + value(s.sample_variance) + "\r\n";
+  report += "Mean         " + value(s.mean) + "    " + "Pop Std      " + value(s.population_deviation) + "\r\n";
+  report += "Median       " + value(s.median) + "    " + "Sam Std      " + value(s.sample_deviation) + "\r\n";
+  report += "Min          " + value(s.minimum) + "    " + "Std Error    " + value(s.standard_error) + "\r\n";
+  report += "Max          " + value(s.maximum) + "    " + "CV%          " + value(s.coefficient_of_variation) + "\r\n";
+  report += "Range        " + value(s.range) + "    " + "95% CI (+/-) " + value(s.interval) + "\r\n";
+  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " + s.p + "\r\n";
+  report += DashedRule() + "\r\n\r\n";
+  report += "Missing Cases    " + std::to_string(s.excluded) + "\r\n";
+  report += chart;
+  return report;
+}
+
+// What stands beside an enlarged chart. The count has decimals here as the other values have.
+std::string ShortSummary(const DataSet& data, const CaseControl& control, const DescriptiveStatistics& s) {
+  const std::size_t column = data.RoleVariable[kMainRole];
+  const auto value = [](const Number& number) { return FormatCol(number, 14, 4) + "\r\n"; };
+  std::string summary = control.ControlCaption();
+  summary += "Descriptive Statistics\r\n";
+  summary += "Variable: " + data.VariableName(column) + "\r\n";
+  summary += "Label: " + data.VariableLabel(column) + "\r\n";
+  summary += "Count        " + value(static_cast<double>(s.count));
+  summary += "Mean         " + value(s.mean);
+  summary += "Median       " + value(s.median);
+  summary += "Min          " + value(s.minimum);
+  summary += "Max          " + value(s.maximum);
+  summary += "Missing Cases    " + std::to_string(s.excluded) + "\r\n";
+  return summary;
+}
+
+// The same intervals in three forms. The values go over to the charts.
+void LeaveDescriptiveCharts(ProcedureRun& run, std::vector<double> values) {
+  const std::string name = run.data.VariableName(run.data.RoleVariable[kMainRole]);
+  const auto shared = std::make_shared<const std::vector<double>>(std::move(values));
+  run.LeaveCharts(ChartKind::kDescriptives, {IntervalChart(ChartType::kHistogram, "Histogram", name, shared),
+                                             IntervalChart(ChartType::kLine, "Line Chart", name, shared),
+                                             IntervalChart(ChartType::kHistogramAndLine, "Line/Hist", name, shared)});
+}
+
+}  // namespace
+
+void RunDescriptives(ProcedureRun& run) {
+  constexpr std::string_view kTitle = "Descriptive Analysis: ";
+  DataSet& data = run.data;
+  const std::size_t column = data.RoleVariable[kMainRole];
+  if (column < 1) {
+    run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
+    return;
+  }
+  {
+    const RunCases begun(run);
+    const CaseControl& control = begun.control;
+    DescriptiveCases cases = GatherDescriptives(data, control, column);
+    if (cases.values.size() < 2) {
+      run.ReportError(ErrorMessage(kTitle, data.VariableName(column),
+                                   "There are less than 2 observations, so procedure was aborted."));
+      return;
+    }
+    const DescriptiveStatistics statistics = ComputeDescriptives(cases);
+    const std::string chart =
+        run.panel.checks.Check1
+            ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
+            : "\r\n";
+    run.AppendReport(DescriptivesReport(data, control, statistics, chart));
+    if (run.WantsCharts()) {
+      LeaveDescriptiveCharts(run, std::move(cases.values));
+      run.charts.summary = ShortSummary(data, control, statistics);
+    }
+    if (run.panel.checks.Check2) SaveZScores(run, control, statistics);
+  }
+  if (run.panel.checks.Check2) RebuildVariableLists(data);
+}
+
+}  // namespace tessara

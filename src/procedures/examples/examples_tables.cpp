@@ -1,0 +1,152 @@
+#include "procedures/examples/example_texts.h"
+
+// Examples of the summary tables and the two samplings. Blanks at the ends of lines belong to the reports.
+
+namespace tessara {
+
+std::string_view SummaryTablesExample() {
+  return R"example(                          First class   Second class    Third class           Crew
+Total Count                       325            285            706            885
+95% CI (+/-)                     5.4%           5.8%           3.7%           3.3%
+
+Survived the sinking
+  No
+    Percent                     37.5%          58.6%          74.8%          76.0%
+    Count                         122            167            528            673
+  Yes
+    Percent                     62.5%          41.4%          25.2%          24.0%
+    Count                         203            118            178            212
+
+The example is a table of categorical data, SURVIVED in the rows and CLASS in the
+columns, from the sample file titanic.dcs, with the boxes "Counts" and "Percent" set
+and the format "0.0".
+
+WHEN TO USE IT. Summary Tables builds a table to be printed or to be sent to a report:
+counts and percents, or means and deviations, of several variables below each other.
+
+WHICH VARIABLES GO WHERE. Choose "Categorical Data" or "Continuous Data", and the
+figures you want. Put the variables to be described under "Rows". Leave "Columns"
+empty for all cases, or put a variable there to have one column for each of its
+groups.
+
+HOW TO READ IT. Total Count is the number of cases in the column, and the percents of
+a variable add up to 100 down the column: 62.5 percent of the first class survived and
+24.0 percent of the crew. The 95 percent interval tells how far a percent of a sample
+of this size may lie from the truth at most.
+
+WHAT TO WATCH FOR. The table grows: every run adds to it until you clear the output,
+so build it step by step. It stands in the grid of the Output view, not in the text.
+Categorical and continuous data make separate blocks.
+)example";
+}
+
+std::string_view RandomSampleExample() {
+  return R"example(RANDOM SAMPLE
+
+This procedure is used to create a data file that is a randomly selected subset of the
+current spreadsheet.
+
+Enter the number of observations you want to randomly select. Please note that the
+number of observations must be less than the total number of records in the current
+data.
+
+Click 'Create Sample' to replace the current data with a random subset.
+
+EXAMPLE. Open the sample file titanic.dcs, enter 200 and click "Create Sample". The
+Data Grid then holds 200 of the 2201 people, drawn by chance; names, labels and
+missing values are kept. Run Frequencies of SURVIVED: all 2201 give 32.30 percent
+survivors, and your sample will give a figure near it, mostly within 6.5 percent on
+either side.
+
+WHEN TO USE IT. To see how much a result owes to chance, to try a procedure on fewer
+cases, or to hand every student of a class a sample of their own.
+
+WHAT TO WATCH FOR. The sample takes the place of the data in memory. The file on disk
+stays as it is until you save, so save the sample under a new name. Every click draws
+anew; open the file again before you draw another sample from all the cases. Choose
+clearly fewer observations than there are records: the last fifteen records of the
+file can only be drawn by very large samples.
+)example";
+}
+
+std::string_view RepeatedSamplingExample() {
+  return R"example(REPEATED RANDOM SAMPLING
+
+This procedure creates repeated random samples from the current spreadsheet. For each
+sample (iteration), the mean and standard deviation are computed and placed into the
+spreadsheet. This results in a new data file where each row contains the summary
+statistics for one random sample.
+
+Enter the number of observations you want to randomly select (sample size) and the
+number of random samples you wish to create (iterations). Please note that the sample
+size must be less than the total number of records in the current data.
+
+Click 'Run Iterations' to replace the current data with a sampling distribution.
+
+----------------------------------------------------
+| Results of Random Sampling.                        |
+|                                                    |
+| Variable Randomized:        SEPLEN                 |
+| Size of Each Sample:        20                     |
+| Number of Random Samples:   100                    |
+|                                                    |
+| This is the mean of means produced from repeated   |
+| random samples. Click the Data Grid Tab to view    |
+| the sample of means. Click the Charts Tab to view  |
+| histograms representing the distribution of means. |
+----------------------------------------------------
+Descriptive Statistics
+Variable: Mean     
+-------------------------------------------------------------------------------
+Count                        100         Pop Var                        0.0314
+Sum                          582.2450    Sam Var                        0.0317
+Mean                           5.8225    Pop Std                        0.1771
+Median                         5.8275    Sam Std                        0.1780
+Min                            5.2250    Std Error                      0.0179
+Max                            6.1450    CV%                            3.0575
+Range                          0.9200    95% CI (+/-)                   0.0354
+Skewness                      -0.3856    One sample t-test (mu=0)  |p<| 0.0000
+-------------------------------------------------------------------------------
+
+Missing Cases    0
+
+
+
+                       Horizontal Bar Chart
+-----------------------------------------------------------------
+Bar Interval                      Count
+----------------------           ------
+5.23 to 5.36                          1  X
+5.36 to 5.49                          2  XX
+5.49 to 5.62                         10  XXXXXX
+5.62 to 5.75                         19  XXXXXXXXXXXX
+5.75 to 5.88                         31  XXXXXXXXXXXXXXXXXXXX
+5.88 to 6.01                         23  XXXXXXXXXXXXXX
+6.01 to 6.15                         14  XXXXXXXXXX
+
+-----------------------------------------------------------------
+
+The example drew 100 samples of 20 flowers each from SEPLEN of the sample file
+iris.dcs. The samples are drawn by chance, so your figures will differ a little from
+these, and from run to run.
+
+WHEN TO USE IT. Repeated sampling shows what a standard error is. Draw many samples,
+take the mean of each, and look at how the means spread.
+
+WHICH VARIABLES GO WHERE. Choose one numeric variable in the list, and enter the
+sample size and the number of iterations.
+
+HOW TO READ IT. The mean of the means comes close to the mean of all cases, 5.8433.
+The standard deviation of the means, Sam Std, is what theory calls the standard error:
+about the deviation of the cases, 0.8281, divided by the root of 20, which is 0.1852,
+and somewhat less because 20 of 150 is a good part of all. The bar chart of the means
+is nearly a bell, whatever the shape of the data. Repeat it with samples of 80: the
+means draw together.
+
+WHAT TO WATCH FOR. The means take the place of the data in memory; save your data
+first. The sum of a sample is divided by the sample size, also when some of its cells
+are missing: use a variable without missing values.
+)example";
+}
+
+}  // namespace tessara

@@ -1,0 +1,94 @@
+#include "window/charts/chart_output.h"
+
+#include <QImage>
+#include <QMimeData>
+#include <QPainter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <algorithm>
+
+#include "presentation/print_pages.h"
+#include "shell/session.h"
+#include "window/charts/chart_drawing.h"
+#include "window/system/qt_platform.h"
+#include "window/widgets/text.h"
+
+namespace tessara {
+namespace {
+
+constexpr int kSharpness = 2;  // pixels of a picture for each of the screen
+
+QImage ChartPicture(const Chart& chart, const QSize& size) {
+  QImage picture(size * kSharpness, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  PaintChart(painter, QRectF(picture.rect()), chart, ColoursOfPaper(), size);
+  return picture;
+}
+
+// A file name of the chart's title, without what a file system would refuse.
+std::string FileNameFor(const Chart& chart) {
+  std::string name = chart.title.empty() ? "Chart" : chart.title;
+  std::ranges::replace_if(
+      name, [](char c) { return std::string_view("/\\:*?\"<>|\r\n\t").find(c) != std::string_view::npos; }, '-');
+  return name + ".png";
+}
+
+}  // namespace
+
+void CopyChart(QtPlatform& platform, Session& session, const Chart& chart, const QSize& size) {
+  PlaySoundEffect(session, "copy.wav");
+  auto* content = new QMimeData;
+  content->setImageData(ChartPicture(chart, size));
+  content->setText(ToQtLines(ChartRowsText(chart)));
+  platform.SetClipboardContent(content);
+}
+
+void PrintChart(QtPlatform& platform, const Chart& chart, const QSize& size) {
+  const bool printed = platform.PrintPicture([&](QPainter& painter, const QRectF& sheet) {
+    const QSizeF fitted = QSizeF(size).scaled(sheet.size(), Qt::KeepAspectRatio);
+    PaintChart(painter, QRectF(sheet.topLeft(), fitted), chart, ColoursOfPaper(), size);
+  });
+  if (!printed) ShowPrinterError(platform);
+}
+
+bool WriteChartPng(const QString& file, const Chart& chart, const QSize& size) {
+  QSaveFile target(file);
+  return target.open(QIODevice::WriteOnly) && ChartPicture(chart, size).save(&target, "PNG") && target.commit();
+}
+
+bool WriteChartSvg(const QString& file, const Chart& chart, const QSize& size) {
+  QSaveFile target(file);
+  if (!target.open(QIODevice::WriteOnly)) return false;
+  QSvgGenerator generator;
+  generator.setOutputDevice(&target);
+  generator.setSize(size);
+  generator.setResolution(96);  // what a browser takes for a pixel
+  generator.setViewBox(QRect(QPoint(0, 0), size));
+  generator.setTitle(ToQt(chart.title));
+  QPainter painter(&generator);
+  PaintChart(painter, QRectF(QPointF(0, 0), size), chart, ColoursOfPaper(), size);
+  return painter.end() && target.commit();
+}
+
+void SaveChart(QtPlatform& platform, const Chart& chart, const QSize& size) {
+  FileDialog dialog;
+  dialog.title = "Save Chart As";
+  dialog.filter = "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg";
+  dialog.initial_folder = platform.DocumentsFolder();
+  dialog.initial_name = FileNameFor(chart);
+  dialog.default_extension = "png";
+  dialog.overwrite_prompt = true;
+  const auto chosen = platform.AskSaveFile(dialog);
+  if (!chosen) return;
+  const WaitCursor wait(platform);
+  const QString file = PathToQt(chosen->path);
+  const bool as_svg = file.endsWith(".svg", Qt::CaseInsensitive);
+  if (as_svg ? WriteChartSvg(file, chart, size) : WriteChartPng(file, chart, size)) {
+    platform.SetStatusPane(kMessagePane, "Save Completed");
+  } else {
+    platform.ShowMessage({"Error", "The picture could not be written.", Buttons::kOk, Tone::kRefusal});
+  }
+}
+
+}  // namespace tessara

@@ -1,0 +1,431 @@
+#include "window/frame/frm_main.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QToolButton>
+#include <QUrl>
+#include <array>
+
+#include "platform/files.h"
+#include "window/brevarum/brevarum1.h"
+#include "window/charts/charts1.h"
+#include "window/frame/about_box.h"
+#include "window/frame/command_bars.h"
+#include "window/frame/frm_splash2.h"
+#include "window/frame/recent_files.h"
+#include "window/grid/data1.h"
+#include "window/output/output1.h"
+#include "window/reference/help_pane.h"
+#include "window/reference/page_view.h"
+#include "window/reference/tips.h"
+#include "window/stat_procs/stat_proc1.h"
+#include "window/system/qt_platform.h"
+#include "window/widgets/focus_outline.h"
+#include "window/widgets/text.h"
+#include "window/widgets/theme.h"
+
+namespace tessara {
+namespace {
+
+constexpr int kLargeIcon = 32;
+constexpr int kSmallIcon = 22;
+constexpr int kBusyRetry = 200;  // milliseconds
+
+int Pixels(int twips) { return twips / kTwipsPerPixel; }
+
+PageText GlossaryPage() {
+  return {"view-list-text", QObject::tr("Glossary"),
+          QObject::tr("A glossary of statistical terms has its place here, one note for each term, which you can "
+                      "search and extend with notes of your own.")};
+}
+
+PageText HandbookPage() {
+  return {"documentation", QObject::tr("Handbook"),
+          QObject::tr("The research methods handbook has its place here: short chapters on design, sampling and the "
+                      "choice of a procedure.")};
+}
+
+// The data file of a drag, if it brings one.
+Path DroppedFile(const QMimeData& data) {
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile() && url.path().endsWith(".dcs", Qt::CaseInsensitive)) return PathFromQt(url.toLocalFile());
+  }
+  return {};
+}
+
+}  // namespace
+
+// An operation that runs: views are not stored back over what it does, and what would come between waits.
+class FrmMain::Busy {
+ public:
+  explicit Busy(FrmMain& frame) : frame_(frame) { ++frame_.busy_; }
+  ~Busy() { --frame_.busy_; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  FrmMain& frame_;
+};
+
+FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& start)
+    : platform_(platform), store_(store), session_(platform, store) {
+  setObjectName("frmMain");
+  setAcceptDrops(true);
+  AddIconFolder(platform.ProgramFolder());
+  UseIconsOfPalette(palette());
+  setWindowIcon(LogoIcon(palette()));
+  setMinimumSize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+  setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
+  if (start.splash) {
+    splash_ = std::make_unique<FrmSplash2>();
+    splash_->ShowNow();
+  }
+  BuildStatusBar();
+  StartSession(session_, start.command_line_file);
+
+  recent_files_ = std::make_unique<RecentFiles>(store, this);
+  connect(recent_files_.get(), &RecentFiles::Chosen, this, [this](const QString& file) { OpenFile(PathFromQt(file)); });
+  bars_ = std::make_unique<CommandBars>(*this, [this](int id) { Execute(id); });
+  BuildWorkspace();
+  bars_->InsertBehind(kOpenCommand, {recent_files_->menu()->menuAction()});
+  bars_->InsertBehind(kPrintCommand, output_->PrintActions());
+  BuildHelpPane();
+  ConnectClipboard();
+  FocusOutline::Watch(this);
+  ApplyAppearance();
+  NoteRecentFile();
+  TabChanged();
+  StartTimers(start);
+}
+
+FrmMain::~FrmMain() {
+  platform_.AttachFrame(nullptr, {}, {});
+  QApplication::clipboard()->disconnect(this);
+  // The views look at the session to the last: they go ahead of it.
+  disconnect(workspace_, nullptr, this, nullptr);
+  delete help_pane_;
+  delete takeCentralWidget();
+  workspace_ = nullptr;
+}
+
+void FrmMain::BuildStatusBar() {
+  std::array<QLabel*, 3> panes{};
+  for (std::size_t i = 0; i < panes.size(); ++i) {
+    panes[i] = new QLabel(this);
+    panes[i]->setObjectName(QString("pane%1").arg(i + 1));
+    panes[i]->setTextFormat(Qt::PlainText);
+    panes[i]->setMargin(fontMetrics().height() / 6);
+    if (i == 0) {
+      statusBar()->addWidget(panes[i], 1);
+    } else {
+      panes[i]->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
+      statusBar()->addPermanentWidget(panes[i]);
+    }
+  }
+  platform_.AttachFrame(this, panes, [this] {
+    if (splash_) splash_->hide();  // nothing stands on top of a question
+    if (bars_) ShowWantedView();
+  });
+}
+
+void FrmMain::BuildWorkspace() {
+  workspace_ = new QTabWidget(this);
+  workspace_->setObjectName("workspace");
+  workspace_->setDocumentMode(true);
+  workspace_->setIconSize(QSize(kSmallIcon, kSmallIcon));
+  output_ = new Output1(platform_, session_);
+  AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
+  AddView(new StatProc1(session_), "StatProc1", tr("Stat Procs"), "view-statistics");
+  AddView(output_, "Output1", tr("Output"), "text-x-generic");
+  AddView(new Charts1(platform_, session_), "Charts1", tr("Charts"), "office-chart-bar");
+  AddView(new Brevarum1(platform_, session_), "Brevarum1", tr("Brevarum"), "accessories-calculator");
+  AddView(new PageView(session_, View::ViewGlossary, GlossaryPage()), "Glossary1", tr("Glossary"), "view-list-text");
+  AddView(new PageView(session_, View::ViewHandbook, HandbookPage()), "Handbook1", tr("Handbook"), "documentation");
+  if (session_.settings.Op16 == 0) {
+    AddView(new Tips(platform_, session_), "Tips", tr("Tips"), "help-hint");
+    const int tips = workspace_->count() - 1;
+    auto* close = new QToolButton(workspace_);
+    close->setObjectName("CloseTips");
+    close->setIcon(ThemeIcon("tab-close"));
+    close->setAutoRaise(true);
+    close->setToolTip(tr("Close the tips until the next start"));
+    close->setAccessibleName(tr("Close Tips"));
+    workspace_->tabBar()->setTabButton(tips, QTabBar::RightSide, close);
+    connect(close, &QToolButton::clicked, this, [this] { delete view(View::ViewTips); });
+  }
+  setCentralWidget(workspace_);
+  connect(workspace_, &QTabWidget::currentChanged, this, &FrmMain::TabChanged);
+}
+
+void FrmMain::AddView(ViewForm* view, const char* name, const QString& caption, const char* icon) {
+  view->setObjectName(name);
+  views_[view->view()] = view;
+  workspace_->addTab(view, ThemeIcon(icon), caption);
+  connect(view, &ViewForm::CommandRequested, this, &FrmMain::Execute);
+  connect(view, &ViewForm::SessionChanged, this, [this] {
+    if (busy_ != 0) return;
+    const Busy busy(*this);
+    ShowSession();
+    RefreshCommands();
+  });
+}
+
+void FrmMain::BuildHelpPane() {
+  help_pane_ = new HelpPane(platform_, session_, this);
+  addDockWidget(Qt::RightDockWidgetArea, help_pane_);
+  help_pane_->setVisible(session_.help_pane_visible);
+  connect(help_pane_, &HelpPane::Closed, this, [this] {
+    session_.help_pane_visible = false;
+    RefreshCommands();
+  });
+}
+
+// The clipboard is asked when it changes and not at every refresh: it may belong to a slow program.
+void FrmMain::ConnectClipboard() {
+  const auto look = [this] {
+    const QMimeData* content = QApplication::clipboard()->mimeData();
+    clipboard_has_text_ = content && content->hasText();
+  };
+  look();
+  connect(QApplication::clipboard(), &QClipboard::dataChanged, this, [this, look] {
+    look();
+    RefreshCommands();
+  });
+}
+
+void FrmMain::StartTimers(const FrameStart& start) {
+  timer1_ = new QTimer(this);
+  timer1_->setObjectName("Timer1");
+  timer1_->setSingleShot(true);
+  timer1_->setInterval(start.Timer1);
+  timer2_ = new QTimer(this);
+  timer2_->setObjectName("Timer2");
+  timer2_->setSingleShot(true);
+  timer2_->setInterval(start.Timer2);
+  connect(timer1_, &QTimer::timeout, this, [this] {
+    ApplyAppearance();
+    timer2_->start();
+  });
+  connect(timer2_, &QTimer::timeout, this, &FrmMain::EndSplash);
+  timer1_->start();
+}
+
+void FrmMain::EndSplash() {
+  if (busy_ != 0) {
+    timer2_->start(kBusyRetry);
+    return;
+  }
+  if (session_.settings.Op16 == 0 && view(View::ViewTips)) ShowView(View::ViewTips);
+  setCursor(Qt::ArrowCursor);
+  splash_.reset();
+}
+
+ViewForm* FrmMain::view(View view) const {
+  const auto found = views_.find(view);
+  return found == views_.end() ? nullptr : found->second.data();
+}
+
+ViewForm* FrmMain::current_view() const { return qobject_cast<ViewForm*>(workspace_->currentWidget()); }
+
+void FrmMain::ShowView(View wanted) {
+  if (ViewForm* form = view(wanted)) workspace_->setCurrentWidget(form);
+}
+
+void FrmMain::ShowWantedView() { ShowView(std::exchange(session_.wanted_view, View::kNone)); }
+
+void FrmMain::TabChanged() {
+  ViewForm* form = current_view();
+  if (!form) return;
+  if (busy_ == 0) StoreViews();
+  ActivateView(session_, form->view());
+  const Busy busy(*this);
+  form->ShowSession();
+  if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
+  // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.
+  if (form->view() == View::ViewDataGrid || !workspace_->tabBar()->hasFocus()) form->FocusFirst();
+  RefreshCommands();
+}
+
+void FrmMain::StoreViews() {
+  for (const auto& [id, form] : views_) {
+    if (form) form->StoreWidgets();
+  }
+}
+
+void FrmMain::ShowSession() {
+  for (const auto& [id, form] : views_) {
+    if (form) form->ShowSession();
+  }
+}
+
+void FrmMain::Execute(int id) {
+  if (busy_ != 0) return;
+  StoreViews();
+  const Busy busy(*this);
+  const WidgetAction action = ExecuteCommand(session_, id, State());
+  ShowWantedView();
+  NoteRecentFile();
+  ShowSession();
+  Perform(action);
+  if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
+  if (id == kRunCommand) current_view()->FocusInput();
+  RefreshCommands();
+}
+
+void FrmMain::OpenFile(const Path& path) {
+  if (busy_ != 0) return;
+  ShowView(View::ViewDataGrid);
+  const Busy busy(*this);
+  {
+    const WaitCursor wait(platform_);
+    if (OpenDataFile(session_, path) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+  }
+  NoteRecentFile();
+  ShowSession();
+  RefreshCommands();
+}
+
+void FrmMain::NoteRecentFile() {
+  const Path& file = session_.data.DataFilePath;
+  if (file == noted_file_) return;
+  noted_file_ = file;
+  if (FactsOfFile(file)) recent_files_->Add(file);
+}
+
+void FrmMain::Perform(WidgetAction action) {
+  switch (action) {
+    case WidgetAction::kCloseFrame:
+      // The close has its own questions, which come when the command is over.
+      QMetaObject::invokeMethod(
+          this, [this] { close(); }, Qt::QueuedConnection);
+      return;
+    case WidgetAction::kSelectAll:
+    case WidgetAction::kCopy:
+    case WidgetAction::kPaste:
+    case WidgetAction::kCut:
+      current_view()->Perform(action);
+      return;
+    case WidgetAction::kDefaultSize:
+      showNormal();
+      resize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+      return;
+    case WidgetAction::kToggleHelpPane:
+    case WidgetAction::kOpenHelp:
+      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : HelpPage(session_.ActiveView));
+    case WidgetAction::kShowAbout:
+      return ShowAbout();
+    case WidgetAction::kNone:
+      return;
+  }
+}
+
+void FrmMain::ShowHelpPane(std::string_view page) {
+  help_pane_->setVisible(session_.help_pane_visible);
+  if (!session_.help_pane_visible) return;
+  help_pane_->RefreshLists();
+  help_pane_->ShowPage(page);
+  help_pane_->raise();
+}
+
+void FrmMain::ShowAbout() {
+  auto* box = new AboutBox(this);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
+}
+
+WidgetState FrmMain::State() const {
+  WidgetState state = current_view() ? current_view()->State() : WidgetState{};
+  state.clipboard_has_text = clipboard_has_text_;
+  return state;
+}
+
+void FrmMain::RefreshCommands() {
+  bars_->Refresh(session_, State());
+  const bool in_output = session_.ActiveView == View::ViewOutput;
+  for (QAction* action : output_->PrintActions()) {
+    action->setVisible(in_output);
+    action->setEnabled(in_output && !session_.output.BoxText().empty());
+  }
+  const bool in_grid = session_.ActiveView == View::ViewDataGrid;
+  recent_files_->menu()->menuAction()->setVisible(in_grid || session_.ActiveView == View::ViewStatProcs);
+  RefreshStatus(session_);
+  ShowTitle();
+}
+
+void FrmMain::ShowTitle() {
+  setWindowTitle("Tessara - " + ToQt(session_.data.GridTitle) + "[*]");
+  setWindowModified(session_.data.DataDirty);
+}
+
+void FrmMain::ApplyAppearance() {
+  const bool large = session_.settings.Op13 == 1;
+  bars_->UseIconSize(large ? kLargeIcon : kSmallIcon);
+  ReadFrameSize(session_.settings, store_);
+  const FrameSize size = FrameSizeToApply(session_.settings);
+  if (!isMaximized() && !isFullScreen()) resize(Pixels(size.width), Pixels(size.height));
+}
+
+void FrmMain::StoreSize() {
+  session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
+  session_.settings.Op8 = width() * kTwipsPerPixel;
+  WriteSetting(store_, platform_, "Op7", std::to_string(session_.settings.Op7));
+  WriteSetting(store_, platform_, "Op8", std::to_string(session_.settings.Op8));
+}
+
+void FrmMain::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (busy_ != 0) return;
+  StoreViews();
+  const Busy busy(*this);
+  if (!RequestClose(session_)) {
+    ShowWantedView();
+    NoteRecentFile();
+    ShowSession();
+    RefreshCommands();
+    return;
+  }
+  StoreSize();
+  timer1_->stop();
+  timer2_->stop();
+  splash_.reset();
+  setUpdatesEnabled(false);  // the data may be gone
+  event->accept();
+}
+
+void FrmMain::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  FitTabs();
+}
+
+void FrmMain::FitTabs() {
+  if (!workspace_) return;
+  workspace_->setIconSize({kSmallIcon, kSmallIcon});
+  if (workspace_->tabBar()->sizeHint().width() > workspace_->width()) workspace_->setIconSize({0, 0});
+}
+
+void FrmMain::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) UseIconsOfPalette(palette());
+}
+
+void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
+  if (busy_ == 0 && !DroppedFile(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void FrmMain::dropEvent(QDropEvent* event) {
+  const Path file = DroppedFile(*event->mimeData());
+  if (file.empty()) return;
+  event->acceptProposedAction();
+  OpenFile(file);
+}
+
+}  // namespace tessara

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <map>
+#include <memory>
+
+#include "shell/session.h"
+#include "window/widgets/view_form.h"
+
+class QLabel;
+class QTabWidget;
+class QTimer;
+
+// The frame: the tabbed workspace with its views, the command bars, the status bar and the help pane. It owns the
+// session.
+
+namespace tessara {
+
+class CommandBars;
+class FrmSplash2;
+class HelpPane;
+class Output1;
+class QtPlatform;
+class RecentFiles;
+
+// How a frame starts. Tests leave the splash out and shorten the timers.
+struct FrameStart {
+  Path command_line_file;
+  bool splash = true;
+  int Timer1 = 1500;  // milliseconds until the appearance is applied again
+  int Timer2 = 500;   // and from there until the splash closes
+};
+
+class FrmMain : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& start = {});
+  ~FrmMain() override;
+
+  Session& session() { return session_; }
+  // The view of that number; nullptr when it is not in the workspace.
+  ViewForm* view(View view) const;
+  ViewForm* current_view() const;
+
+  // Brings a view to the front.
+  void ShowView(View view);
+  // Runs a command of the command table, as an action of the menus does.
+  void Execute(int id);
+  // Opens a data file without asking, as one dropped on the frame.
+  void OpenFile(const Path& path);
+  // Asks the rules for the state of each command and shows panes, title and pages anew.
+  void RefreshCommands();
+  // The toolbar's icon size and the frame's size, by the settings.
+  void ApplyAppearance();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  class Busy;
+
+  void BuildWorkspace();
+  void AddView(ViewForm* view, const char* name, const QString& caption, const char* icon);
+  void BuildStatusBar();
+  void BuildHelpPane();
+  void ConnectClipboard();
+  void StartTimers(const FrameStart& start);
+  void EndSplash();
+  void TabChanged();
+  // In a narrow window the tabs leave their icons out, so that all of them stay in sight.
+  void FitTabs();
+  void StoreViews();
+  void ShowWantedView();
+  void ShowSession();
+  void Perform(WidgetAction action);
+  void ShowHelpPane(std::string_view page);
+  void ShowAbout();
+  void NoteRecentFile();
+  void StoreSize();
+  void ShowTitle();
+  WidgetState State() const;
+
+  QtPlatform& platform_;
+  SettingsStore& store_;
+  Session session_;
+  std::map<View, QPointer<ViewForm>> views_;
+  QTabWidget* workspace_ = nullptr;
+  QTimer* timer1_ = nullptr;
+  QTimer* timer2_ = nullptr;
+  std::unique_ptr<RecentFiles> recent_files_;
+  std::unique_ptr<CommandBars> bars_;
+  HelpPane* help_pane_ = nullptr;
+  Output1* output_ = nullptr;
+  std::unique_ptr<FrmSplash2> splash_;
+  Path noted_file_;
+  bool clipboard_has_text_ = false;
+  int busy_ = 0;  // operations that run now
+};
+
+}  // namespace tessara

@@ -1,0 +1,128 @@
+#include "window/grid/data1.h"
+
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QVBoxLayout>
+
+#include "window/widgets/elided_label.h"
+#include "window/widgets/text.h"
+
+namespace tessara {
+namespace {
+
+QString Count(std::size_t count) { return QLocale(QLocale::English, QLocale::UnitedStates).toString(count); }
+
+QString Counted(std::size_t count, const char* one, const char* many) {
+  return Count(count) + " " + (count == 1 ? one : many);
+}
+
+QString SizeText(const DataSet& data) {
+  return Counted(data.RecordCount, "record", "records") + QString::fromUtf8(" \u00D7 ") +
+         Counted(data.VariableCount, "variable", "variables");
+}
+
+// What the grid leaves out, in words; empty when it shows everything.
+QString PartText(const DataSet& data) {
+  QString part;
+  if (data.GridRecords() < data.RecordCount) {
+    part = "first " + Count(data.GridRecords()) + " of " + Count(data.RecordCount) + " records";
+  }
+  if (data.GridVariables() < data.VariableCount) {
+    if (!part.isEmpty()) part += ", ";
+    part += "first " + Count(data.GridVariables()) + " of " + Count(data.VariableCount) + " variables";
+  }
+  return part.isEmpty() ? part : "Shows the " + part;
+}
+
+// The new data set: no file and nothing in any cell.
+bool IsUntouched(const DataSet& data) {
+  if (data.GridTitle != kUntitledGrid) return false;
+  for (std::size_t column = 1; column <= data.VariableCount; ++column) {
+    if (data.matrix.UsedRecords(column, data.RecordCount) != 0) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+Data1::Data1(Session& session, QWidget* parent)
+    : ViewForm(session, View::ViewDataGrid, parent),
+      model_(new GridModel(session.data, this)),
+      grid_(new GridView(session.data, this)),
+      strip_(new QWidget(this)) {
+  setObjectName("Data1");
+  grid_->setObjectName("MSFlexGrid1");
+  grid_->setAccessibleName("Data Grid");
+  grid_->setModel(model_);
+  BuildInfoStrip();
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(strip_);
+  layout->addWidget(grid_, 1);
+  setFocusProxy(grid_);
+
+  connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
+  connect(grid_, &GridView::CursorMoved, this, &Data1::SessionChanged);
+  grid_->ShowData();
+  ShowInfo();
+}
+
+void Data1::BuildInfoStrip() {
+  strip_->setObjectName("GridInfo");
+  title_ = new ElidedLabel(strip_);
+  title_->setObjectName("GridTitle");
+  QFont bold = title_->font();
+  bold.setBold(true);
+  title_->setFont(bold);
+  size_ = new QLabel(strip_);
+  size_->setObjectName("GridSize");
+  part_ = new QLabel(strip_);
+  part_->setObjectName("GridPart");
+  part_->setAutoFillBackground(true);
+  part_->setMargin(fontMetrics().height() / 4);
+
+  auto* layout = new QHBoxLayout(strip_);
+  layout->setContentsMargins(layout->contentsMargins().left(), fontMetrics().height() / 3,
+                             layout->contentsMargins().right(), fontMetrics().height() / 3);
+  layout->addWidget(title_, 1);
+  layout->addWidget(part_);
+  layout->addWidget(size_);
+}
+
+void Data1::ShowSession() {
+  if (!model_->Refresh()) return;
+  grid_->ShowData();
+  ShowInfo();
+}
+
+void Data1::ShowInfo() {
+  const DataSet& shown = session().data;
+  title_->setText(ToQt(shown.GridTitle));
+  size_->setText(SizeText(shown));
+  const QString part = PartText(shown);
+  part_->setText(part);
+  part_->setVisible(!part.isEmpty());
+  part_->setToolTip(shown.WithinEditLimit() ? QString()
+                                            : QString("The cells exceed the edit limit: all of them are used by the "
+                                                      "procedures, but the grid cannot be edited."));
+  const GridColours colours = ColoursOfGrid(palette(), false);
+  QPalette pill = part_->palette();
+  pill.setColor(QPalette::Window, colours.sheet);
+  part_->setPalette(pill);
+  grid_->ShowHint(IsUntouched(shown) ? QString("Open a data file (Ctrl+O) or drop one here") : QString());
+}
+
+void Data1::FocusFirst() { grid_->setFocus(); }
+
+void Data1::Perform(WidgetAction action) {
+  if (action == WidgetAction::kSelectAll) {
+    grid_->selectAll();
+  } else if (action == WidgetAction::kCopy) {
+    const std::string block = grid_->SelectedBlock();
+    if (grid_->selectionModel()->hasSelection()) session().platform.SetClipboardText(block);
+  }
+}
+
+}  // namespace tessara

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QLabel>
+
+#include "window/grid/grid_model.h"
+#include "window/grid/grid_view.h"
+#include "window/widgets/view_form.h"
+
+namespace tessara {
+
+// The Data Grid: a spreadsheet view of the data matrix under a strip that tells which file it shows and how much of it.
+class Data1 : public ViewForm {
+  Q_OBJECT
+
+ public:
+  explicit Data1(Session& session, QWidget* parent = nullptr);
+
+  void ShowSession() override;
+  void FocusFirst() override;
+  void Perform(WidgetAction action) override;
+
+ private:
+  void BuildInfoStrip();
+  void ShowInfo();
+
+  GridModel* model_;
+  GridView* grid_;
+  QWidget* strip_;
+  QLabel* title_ = nullptr;
+  QLabel* size_ = nullptr;
+  QLabel* part_ = nullptr;
+};
+
+}  // namespace tessara

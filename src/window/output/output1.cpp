@@ -1,0 +1,308 @@
+#include "window/output/output1.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QTextCursor>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "presentation/print_pages.h"
+#include "window/output/text_page.h"
+#include "window/system/page_painter.h"
+#include "window/system/qt_platform.h"
+#include "window/widgets/segment_button.h"
+#include "window/widgets/text.h"
+#include "window/widgets/theme.h"
+
+namespace tessara {
+namespace {}  // namespace
+
+Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
+    : ViewForm(the_session, View::ViewOutput, parent), platform_(platform) {
+  setObjectName("Output1");
+  page_ = new TextPage(this);
+  page_->setObjectName("RichText1");
+  page_->setAccessibleName(tr("Output text"));
+  page_->SetEmptyText(
+      tr("There is no output in this session.\n\n"
+         "Run a procedure in Stat Procs, and its report appears here."));
+  preview_ = MakeAction("PrintPreview", "document-print-preview", tr("Print Pre&view..."));
+  pdf_ = MakeAction("PrintToPdf", "application-pdf", tr("Save as P&DF..."));
+  connect(preview_, &QAction::triggered, this, &Output1::Preview);
+  connect(pdf_, &QAction::triggered, this, &Output1::PrintToPdf);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(MakeHead());
+  layout->addWidget(page_, 1);
+  layout->addWidget(MakeFindBar());
+  AddZoomShortcuts();
+
+  connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
+  connect(page_, &QPlainTextEdit::copyAvailable, this, &ViewForm::SessionChanged);
+  connect(page_, &TextPage::ZoomChanged, this, &Output1::ShowZoom);
+  ShowZoom(page_->zoom());
+}
+
+QAction* Output1::MakeAction(const char* name, const char* icon, const QString& caption) {
+  auto* action = new QAction(ThemeIcon(icon), caption, this);
+  action->setObjectName(name);
+  return action;
+}
+
+// Both texts by name, the one that shows pressed.
+QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButtonGroup* group) {
+  auto* button = new SegmentButton(this);
+  button->setObjectName(name);
+  button->setText(caption);
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  button->setMinimumWidth(button->sizeHint().width());  // never cut, whatever room there is
+  group->addButton(button);
+  return button;
+}
+
+QToolButton* Output1::MakeTool(QAction* action) {
+  auto* button = new QToolButton(this);
+  button->setDefaultAction(action);
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);
+  button->setAccessibleName(action->text().remove('&').remove("..."));
+  return button;
+}
+
+QWidget* Output1::MakeHead() {
+  auto* head = new QWidget(this);
+  auto* layout = new QHBoxLayout(head);
+  const int gap = fontMetrics().height() / 3;
+  layout->setContentsMargins(gap, gap, gap, gap);
+
+  auto* group = new QButtonGroup(this);
+  most_recent_ = MakeSwitch("ShowMostRecent", tr("Most Recent Output"), group);
+  log_ = MakeSwitch("ShowOutputLog", tr("Output Log"), group);
+  auto* switches = new QHBoxLayout;
+  switches->setSpacing(0);
+  switches->addWidget(most_recent_);
+  switches->addWidget(log_);
+  layout->addLayout(switches);
+  // A press on the text that does not show asks for the command that toggles.
+  connect(most_recent_, &QToolButton::clicked, this, [this] {
+    if (session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
+  });
+  connect(log_, &QToolButton::clicked, this, [this] {
+    if (!session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
+  });
+  layout->addStretch();
+
+  QAction* find = MakeAction("FindText", "edit-find", tr("Find in Output (Ctrl+F)"));
+  QAction* smaller = MakeAction("ZoomOut", "list-remove", tr("Smaller Type (Ctrl+-)"));
+  QAction* larger = MakeAction("ZoomIn", "list-add", tr("Larger Type (Ctrl++)"));
+  connect(find, &QAction::triggered, this, &Output1::ShowFindBar);
+  connect(smaller, &QAction::triggered, this, [this] { page_->ZoomStep(-1); });
+  connect(larger, &QAction::triggered, this, [this] { page_->ZoomStep(1); });
+  zoom_ = new QToolButton(this);
+  zoom_->setObjectName("Zoom");
+  zoom_->setAutoRaise(true);
+  zoom_->setFocusPolicy(Qt::TabFocus);
+  zoom_->setToolTip(tr("Usual Size (Ctrl+0)"));
+  zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height() / 2);
+  connect(zoom_, &QToolButton::clicked, this, [this] { page_->SetZoom(100); });
+  layout->addWidget(MakeTool(find));
+  layout->addWidget(MakeTool(smaller));
+  layout->addWidget(zoom_);
+  layout->addWidget(MakeTool(larger));
+  layout->addWidget(MakeTool(preview_));
+  layout->addWidget(MakeTool(pdf_));
+  return head;
+}
+
+QWidget* Output1::MakeFindBar() {
+  find_bar_ = new QWidget(this);
+  find_bar_->setObjectName("FindBar");
+  auto* layout = new QHBoxLayout(find_bar_);
+  const int gap = fontMetrics().height() / 3;
+  layout->setContentsMargins(gap, gap, gap, gap);
+  find_text_ = new QLineEdit(find_bar_);
+  find_text_->setObjectName("FindWords");
+  find_text_->setPlaceholderText(tr("Find in output"));
+  find_text_->setClearButtonEnabled(true);
+  find_text_->setAccessibleName(tr("Find in output"));
+  find_result_ = new QLabel(find_bar_);
+  find_result_->setObjectName("FindResult");
+  QAction* previous = MakeAction("FindPrevious", "go-up", tr("Previous"));
+  QAction* next = MakeAction("FindNext", "go-down", tr("Next (F3)"));
+  QAction* close = MakeAction("FindClose", "dialog-close", tr("Close (Esc)"));
+  connect(previous, &QAction::triggered, this, [this] { Find(true); });
+  connect(next, &QAction::triggered, this, [this] { Find(false); });
+  connect(close, &QAction::triggered, this, &Output1::HideFindBar);
+  connect(find_text_, &QLineEdit::returnPressed, this, [this] { Find(false); });
+  connect(find_text_, &QLineEdit::textEdited, find_result_, &QLabel::clear);
+  layout->addWidget(find_text_, 1);
+  layout->addWidget(MakeTool(previous));
+  layout->addWidget(MakeTool(next));
+  layout->addWidget(find_result_);
+  layout->addWidget(MakeTool(close));
+  find_bar_->hide();
+
+  const auto shortcut = [this](const QKeySequence& keys, auto act) {
+    auto* made = new QShortcut(keys, this);
+    made->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(made, &QShortcut::activated, this, act);
+  };
+  shortcut(QKeySequence::Find, [this] { ShowFindBar(); });
+  shortcut(Qt::Key_F3, [this] { Find(false); });
+  shortcut(Qt::SHIFT | Qt::Key_F3, [this] { Find(true); });
+  shortcut(Qt::Key_Escape, [this] { HideFindBar(); });
+  return find_bar_;
+}
+
+void Output1::AddZoomShortcuts() {
+  const auto zoom = [this](std::initializer_list<QKeySequence> keys, auto act) {
+    for (const QKeySequence& key : keys) {
+      auto* made = new QShortcut(key, this);
+      made->setContext(Qt::WidgetWithChildrenShortcut);
+      connect(made, &QShortcut::activated, this, act);
+    }
+  };
+  zoom({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { page_->ZoomStep(1); });
+  zoom({Qt::CTRL | Qt::Key_Minus}, [this] { page_->ZoomStep(-1); });
+  zoom({Qt::CTRL | Qt::Key_0}, [this] { page_->SetZoom(100); });
+}
+
+void Output1::ShowZoom(int percent) { zoom_->setText(tr("%1 %").arg(percent)); }
+
+void Output1::ShowSession() {
+  const OutputLog& output = session().output;
+  most_recent_->setChecked(!output.ShowLogMode);
+  log_->setChecked(output.ShowLogMode);
+  if (shown_once_ && output.Revision == shown_revision_) return;
+  shown_once_ = true;
+  shown_revision_ = output.Revision;
+  edited_ = false;
+  const std::string& text = output.BoxText();
+  if (text == shown_) return;
+
+  const QScopedValueRollback<bool> guard(showing_, true);
+  if (!shown_.empty() && text.starts_with(shown_)) {
+    page_->LengthenText(ToQtLines(std::string_view(text).substr(shown_.size())));
+  } else {
+    page_->ShowText(ToQtLines(text));
+  }
+  shown_ = text;
+}
+
+void Output1::UserChangedText() {
+  if (showing_) return;
+  edited_ = true;
+  session().output.OutputChanged = true;
+  // The text itself is stored when somebody asks for it; the command rules ask only whether there is any.
+  if (page_->document()->isEmpty() != session().output.BoxText().empty()) {
+    StoreWidgets();
+    emit SessionChanged();
+  }
+}
+
+void Output1::StoreWidgets() {
+  if (!edited_) return;
+  edited_ = false;
+  shown_ = FromQtLines(page_->Text());
+  EditBox(session().output, shown_);
+}
+
+void Output1::FocusFirst() { page_->setFocus(); }
+
+WidgetState Output1::State() const { return {.output_has_selection = page_->textCursor().hasSelection()}; }
+
+void Output1::Perform(WidgetAction action) {
+  switch (action) {
+    case WidgetAction::kSelectAll:
+      page_->setFocus();
+      return page_->selectAll();
+    case WidgetAction::kCopy:
+      return page_->copy();
+    case WidgetAction::kPaste:
+      return page_->paste();
+    case WidgetAction::kCut:
+      return page_->cut();
+    default:
+      return;
+  }
+}
+
+void Output1::ShowFindBar() {
+  find_bar_->show();
+  const QString selected = page_->textCursor().selectedText();
+  if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) find_text_->setText(selected);
+  find_text_->selectAll();
+  find_text_->setFocus();
+}
+
+void Output1::HideFindBar() {
+  if (find_bar_->isHidden()) return;
+  find_bar_->hide();
+  page_->setFocus();
+}
+
+// Goes on from the other end when there is nothing further on.
+void Output1::Find(bool backward) {
+  const QString words = find_text_->text();
+  if (words.isEmpty()) return ShowFindBar();
+  const auto flags = backward ? QTextDocument::FindFlags(QTextDocument::FindBackward) : QTextDocument::FindFlags();
+  find_result_->clear();
+  if (page_->find(words, flags)) return;
+  QTextCursor cursor = page_->textCursor();
+  const QTextCursor before = cursor;
+  cursor.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
+  page_->setTextCursor(cursor);
+  if (page_->find(words, flags)) return;
+  page_->setTextCursor(before);
+  find_result_->setText(tr("Not found"));
+}
+
+QStringList Output1::Pages() {
+  StoreWidgets();
+  const PrintOptions options = {.date = session().settings.print_date(),
+                                .notes_caption = session().settings.notes_caption()};
+  QStringList pages;
+  for (const std::string& page : OutputPages(session().output.BoxText(), options, platform_.Now().date)) {
+    pages += ToQt(page);
+  }
+  return pages;
+}
+
+void Output1::Preview() {
+  const QStringList pages = Pages();
+  QPrintPreviewDialog dialog(&platform_.NewPrinter(), window());
+  dialog.setWindowTitle(tr("Print Preview"));
+  connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
+          [&pages](QPrinter* printer) { PaintPages(*printer, pages); });
+  dialog.exec();
+}
+
+void Output1::PrintToPdf() {
+  FileDialog dialog;
+  dialog.title = "Save as PDF";
+  dialog.filter = "PDF documents (*.pdf)|*.pdf";
+  dialog.initial_folder = platform_.DocumentsFolder();
+  dialog.initial_name = "Output.pdf";
+  dialog.default_extension = "pdf";
+  dialog.overwrite_prompt = true;
+  const auto chosen = platform_.AskSaveFile(dialog);
+  if (!chosen) return;
+  const WaitCursor wait(platform_);
+  if (WritePdf(PathToQt(chosen->path), Pages())) {
+    platform_.SetStatusPane(1, "Save Completed");
+  } else {
+    platform_.ShowMessage({"Error", "The PDF file could not be written.", Buttons::kOk, Tone::kRefusal});
+  }
+}
+
+}  // namespace tessara

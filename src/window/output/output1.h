@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QList>
+#include <string>
+
+#include "window/widgets/view_form.h"
+
+class QAction;
+class QButtonGroup;
+class QLabel;
+class QLineEdit;
+class QToolButton;
+class QVBoxLayout;
+
+// The Output view: the log of all reports or those of the latest run, on a sheet that can be edited.
+
+namespace tessara {
+
+class QtPlatform;
+class TextPage;
+
+class Output1 : public ViewForm {
+  Q_OBJECT
+
+ public:
+  Output1(QtPlatform& platform, Session& session, QWidget* parent = nullptr);
+
+  void ShowSession() override;
+  void StoreWidgets() override;
+  void FocusFirst() override;
+  WidgetState State() const override;
+  void Perform(WidgetAction action) override;
+
+  // Print preview and PDF, which have no command of their own.
+  QList<QAction*> PrintActions() const { return {preview_, pdf_}; }
+
+ private:
+  QWidget* MakeHead();
+  QWidget* MakeFindBar();
+  QToolButton* MakeSwitch(const char* name, const QString& caption, QButtonGroup* group);
+  QToolButton* MakeTool(QAction* action);
+  QAction* MakeAction(const char* name, const char* icon, const QString& caption);
+  void AddZoomShortcuts();
+  void UserChangedText();
+  void ShowZoom(int percent);
+  void ShowFindBar();
+  void HideFindBar();
+  void Find(bool backward);
+  void Preview();
+  void PrintToPdf();
+  QStringList Pages();
+
+  QtPlatform& platform_;
+  TextPage* page_ = nullptr;
+  QToolButton* most_recent_ = nullptr;
+  QToolButton* log_ = nullptr;
+  QToolButton* zoom_ = nullptr;
+  QWidget* find_bar_ = nullptr;
+  QLineEdit* find_text_ = nullptr;
+  QLabel* find_result_ = nullptr;
+  QAction* preview_ = nullptr;
+  QAction* pdf_ = nullptr;
+
+  std::string shown_;  // what has been put on the sheet last
+  std::uint64_t shown_revision_ = 0;
+  bool shown_once_ = false;
+  bool showing_ = false;  // the sheet changes by the program's hand
+  bool edited_ = false;   // the user has changed the sheet since it was stored
+};
+
+}  // namespace tessara

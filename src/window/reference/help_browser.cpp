@@ -1,0 +1,99 @@
+#include "window/reference/help_browser.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QScrollBar>
+#include <QToolButton>
+
+#include "window/system/qt_platform.h"
+#include "window/widgets/text.h"
+#include "window/widgets/theme.h"
+
+namespace tessara {
+namespace {
+
+constexpr int kPageMargin = 10;
+
+}  // namespace
+
+HelpBrowser::HelpBrowser(QtPlatform& platform, QWidget* parent) : QTextBrowser(parent), platform_(platform) {
+  setOpenLinks(false);
+  setFrameShape(QFrame::NoFrame);
+  document()->setDocumentMargin(kPageMargin);
+  document()->setDefaultStyleSheet("h1 { font-size: x-large; } h2 { font-size: large; } h3 { font-size: medium; }");
+  connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::Follow);
+  connect(this, &QTextBrowser::sourceChanged, this, [this] { anchored_at_ = verticalScrollBar()->value(); });
+}
+
+// A section stays in sight when the lines wrap anew, unless the reader has scrolled on.
+void HelpBrowser::resizeEvent(QResizeEvent* event) {
+  const bool at_anchor = source().hasFragment() && verticalScrollBar()->value() == anchored_at_;
+  QTextBrowser::resizeEvent(event);
+  if (!at_anchor) return;
+  scrollToAnchor(source().fragment());
+  anchored_at_ = verticalScrollBar()->value();
+}
+
+QString HelpBrowser::HelpFolder() const { return PathToQt(platform_.ProgramFolder() / "Help"); }
+
+void HelpBrowser::ShowPage(const QString& page) {
+  QUrl url = QUrl::fromLocalFile(HelpFolder() + "/" + page.section('#', 0, 0));
+  if (page.contains('#')) url.setFragment(page.section('#', 1));
+  if (url != source()) setSource(url);
+}
+
+void HelpBrowser::PrintPage() {
+  if (platform_.AskPrint({.title = "Print"})) platform_.PrintDocument(*document());
+}
+
+// Pages stay in the browser; everything else goes to the program that the system has for it.
+void HelpBrowser::Follow(const QUrl& link) {
+  const QUrl target = source().resolved(link);
+  const QString suffix = QFileInfo(target.path()).suffix().toLower();
+  if (target.isLocalFile() && (suffix == "html" || suffix == "htm")) {
+    setSource(target);
+  } else {
+    platform_.OpenDocument(target.isLocalFile() ? target.toLocalFile().toStdString() : target.toString().toStdString());
+  }
+}
+
+QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
+  const QUrl target = source().resolved(name);
+  if (type == QTextDocument::HtmlResource && !QFileInfo(target.toLocalFile()).isFile()) {
+    return tr("<p>There is no help page for this view in your installation.</p>"
+              "<p>The page would be <i>%1</i> in the folder Help of the program.</p>")
+        .arg(QFileInfo(target.path()).fileName().toHtmlEscaped());
+  }
+  return QTextBrowser::loadResource(type, name);
+}
+
+QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent) {
+  auto* bar = new QWidget(parent);
+  auto* layout = new QHBoxLayout(bar);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  const auto add = [&](int index, const char* icon, const QString& name) {
+    auto* button = new QToolButton(bar);
+    button->setObjectName(QString("Image1(%1)").arg(index));
+    button->setIcon(ThemeIcon(icon));
+    button->setAutoRaise(true);
+    button->setToolTip(name);
+    button->setAccessibleName(name);
+    layout->addWidget(button);
+    return button;
+  };
+  QToolButton* back = add(0, "go-previous", HelpBrowser::tr("Back"));
+  QToolButton* forward = add(1, "go-next", HelpBrowser::tr("Forward"));
+  QToolButton* print = add(2, "document-print", HelpBrowser::tr("Print this page"));
+  layout->addStretch();
+  back->setEnabled(false);
+  forward->setEnabled(false);
+  QObject::connect(back, &QToolButton::clicked, browser, &QTextBrowser::backward);
+  QObject::connect(forward, &QToolButton::clicked, browser, &QTextBrowser::forward);
+  QObject::connect(print, &QToolButton::clicked, browser, &HelpBrowser::PrintPage);
+  QObject::connect(browser, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+  QObject::connect(browser, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
+  return bar;
+}
+
+}  // namespace tessara

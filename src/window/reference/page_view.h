@@ -1,0 +1,22 @@
+#pragma once
+
+#include "window/widgets/view_form.h"
+
+// A view that has nothing to work with so far: its place in the workspace, and a page that says what it holds.
+
+namespace tessara {
+
+struct PageText {
+  const char* icon;
+  QString title;
+  QString text;
+};
+
+class PageView : public ViewForm {
+  Q_OBJECT
+
+ public:
+  PageView(Session& session, View view, const PageText& page, QWidget* parent = nullptr);
+};
+
+}  // namespace tessara

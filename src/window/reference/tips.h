@@ -1,0 +1,22 @@
+#pragma once
+
+#include "window/widgets/view_form.h"
+
+// The quick tips: up to seven labels, each with its page.
+
+namespace tessara {
+
+class HelpBrowser;
+class QtPlatform;
+
+class Tips : public ViewForm {
+  Q_OBJECT
+
+ public:
+  Tips(QtPlatform& platform, Session& session, QWidget* parent = nullptr);
+
+ private:
+  HelpBrowser* browser_ = nullptr;
+};
+
+}  // namespace tessara

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QToolButton>
+#include <array>
+
+#include "shell/session.h"
+#include "window/stat_procs/control_box.h"
+#include "window/stat_procs/variable_picker.h"
+
+class QGridLayout;
+
+namespace tessara {
+
+// The frame "Variable Control Panel": the list of all variables, the lists that take the variables of a run, each with
+// its arrow, and the case control.
+class ControlPanel : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  explicit ControlPanel(Session& session, QWidget* parent = nullptr);
+
+  void ShowSession();
+  void StoreWidgets();
+  void FocusFirst() { picker_->list()->setFocus(); }
+  // The control variable with its relation in words; empty without one.
+  QString ControlWords() const;
+
+ signals:
+  void Changed();
+
+ private:
+  static constexpr std::size_t kArrows = 3;
+
+  void BuildTargets(QGridLayout* layout);
+  void BuildArrow(std::size_t place);
+  void ConnectLists();
+  void PressArrow(std::size_t place);
+  void AddFirst();
+  void Drop(std::size_t target, VariableListView* source);
+  void RemoveMarked(VariableListView* list);
+  void Reset();
+  void Finish();
+  void ShowHeadings();
+  void ShowArrows();
+
+  Session& session_;
+  VariablePicker* picker_;
+  ChosenVariablesModel* analysis_;
+  ChosenVariablesModel* independent_;
+  std::array<QToolButton*, kArrows> arrows_{};
+  QLabel* label2_ = nullptr;
+  QLabel* label3_ = nullptr;
+  VariableListView* list2_ = nullptr;
+  VariableListView* list3_ = nullptr;
+  ControlField* field_ = nullptr;
+  ControlBox* relation_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,324 @@
+#include "window/stat_procs/procedure_box.h"
+
+#include <QButtonGroup>
+#include <QFrame>
+#include <QGridLayout>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <array>
+
+#include "window/stat_procs/sampling_frames.h"
+#include "window/widgets/text.h"
+
+namespace tessara {
+namespace {
+
+struct Group {
+  const char* title;
+  int column;  // of the two columns of groups
+  std::vector<Procedure> procedures;
+};
+
+const std::vector<Group>& Groups() {
+  static const std::vector<Group> groups = {
+      {"Describe", 0, {Procedure::kFrequencies, Procedure::kDescriptives, Procedure::kExplore}},
+      {"Compare", 0, {Procedure::kTTest, Procedure::kAnova, Procedure::kCrosstabulation}},
+      {"Relate", 1, {Procedure::kCorrelation, Procedure::kRegression, Procedure::kDiagnostic}},
+      {"Tables and samples",
+       1,
+       {Procedure::kListVariables, Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}},
+  };
+  return groups;
+}
+
+struct BoxMember {
+  std::string_view control;
+  bool PanelChecks::*state;
+};
+
+constexpr std::array<BoxMember, 12> kBoxes = {{
+    {"Check1", &PanelChecks::Check1},
+    {"Check2", &PanelChecks::Check2},
+    {"Check3", &PanelChecks::Check3},
+    {"Check4", &PanelChecks::Check4},
+    {"Check5", &PanelChecks::Check5},
+    {"Check6", &PanelChecks::Check6},
+    {"Check7", &PanelChecks::Check7},
+    {"Check8", &PanelChecks::Check8},
+    {"Check9", &PanelChecks::Check9},
+    {"Check10", &PanelChecks::Check10},
+    {"Check11", &PanelChecks::Check11},
+    {"Check12", &PanelChecks::Check12},
+}};
+
+struct FieldMember {
+  std::string_view control;
+  std::string ProcedurePanel::*text;
+};
+
+constexpr std::array<FieldMember, 3> kFields = {{
+    {"Text5", &ProcedurePanel::Text5},
+    {"Text6", &ProcedurePanel::Text6},
+    {"Text7", &ProcedurePanel::Text7},
+}};
+
+constexpr std::string_view kOutputFormat = "Combo1";
+constexpr std::size_t kCategoricalBoxes = 2;  // the rest of the boxes of a summary table are for continuous data
+
+void CheckOnly(QButtonGroup* group, QRadioButton* option) {
+  group->setExclusive(false);
+  for (QAbstractButton* each : group->buttons()) each->setChecked(each == option);
+  group->setExclusive(true);
+}
+
+}  // namespace
+
+ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
+    : QGroupBox("Statistical Procedure", parent),
+      panel_(panel),
+      scroll_(new QScrollArea(this)),
+      content_(new QWidget(scroll_)),
+      procedures_(new QButtonGroup(this)),
+      regressions_(new QButtonGroup(this)),
+      table_kinds_(new QButtonGroup(this)) {
+  auto* procedures = new QGridLayout;
+  BuildProcedures(procedures);
+  BuildOptions();
+  BuildKinds();
+
+  auto* inside = new QVBoxLayout(content_);
+  inside->setContentsMargins(0, 0, 0, 0);
+  inside->addLayout(procedures);
+  inside->addWidget(separator_);
+  inside->addLayout(offered_);
+  inside->addStretch(1);
+
+  scroll_->setWidget(content_);
+  scroll_->setWidgetResizable(true);
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  scroll_->viewport()->setAutoFillBackground(false);
+  content_->setAutoFillBackground(false);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(scroll_);
+  ShowPanel();
+}
+
+void ProcedureBox::BuildProcedures(QGridLayout* layout) {
+  layout->setVerticalSpacing(layout->verticalSpacing() / 3);
+  std::array<int, 2> next_row{};
+  for (const Group& group : Groups()) {
+    int& row = next_row[static_cast<std::size_t>(group.column)];
+    auto* title = new QLabel(group.title, content_);
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    if (row > 0) title->setContentsMargins(0, fontMetrics().height() / 2, 0, 0);
+    layout->addWidget(title, row++, group.column);
+    for (const Procedure procedure : group.procedures) {
+      const ProcedureRow& shown = *FindProcedureRow(procedure);
+      QRadioButton* option = AddOption(shown.control.data(), shown.caption, shown.tooltip, procedures_);
+      options_[procedure] = option;
+      layout->addWidget(option, row++, group.column);
+      connect(option, &QRadioButton::clicked, this, [this, procedure] { Select(procedure); });
+    }
+  }
+  layout->setColumnStretch(0, 1);
+  layout->setColumnStretch(1, 1);
+}
+
+QRadioButton* ProcedureBox::AddOption(const char* name, std::string_view caption, std::string_view tooltip,
+                                      QButtonGroup* group) {
+  auto* option = new QRadioButton(ToQt(caption), content_);
+  option->setObjectName(name);
+  option->setToolTip(ToQt(tooltip));
+  group->addButton(option);
+  return option;
+}
+
+void ProcedureBox::BuildOptions() {
+  auto* line = new QFrame(content_);
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Sunken);
+  separator_ = line;
+  offered_ = new QGridLayout;
+  offered_->setVerticalSpacing(offered_->verticalSpacing() / 2);
+  offered_->setColumnStretch(0, 1);
+  offered_->setColumnStretch(1, 1);
+
+  for (const BoxMember& member : kBoxes) {
+    auto* box = new QCheckBox(content_);
+    box->setObjectName(ToQt(member.control));
+    boxes_[member.control] = box;
+    connect(box, &QCheckBox::clicked, this, &ProcedureBox::Changed);
+  }
+  for (const FieldMember& member : kFields) {
+    auto* field = new QLineEdit(content_);
+    field->setObjectName(ToQt(member.control));
+    fields_[member.control] = field;
+    connect(field, &QLineEdit::textEdited, this, &ProcedureBox::Changed);
+  }
+  auto* format = new QComboBox(content_);
+  format->setObjectName(ToQt(kOutputFormat));
+  format->addItems({"0.0", "0.00", "0.000", "0.0000", "0"});
+  fields_[kOutputFormat] = format;
+  for (const auto& [control, field] : fields_) {
+    captions_[control] = new QLabel(content_);
+    captions_[control]->setBuddy(field);
+  }
+}
+
+void ProcedureBox::BuildKinds() {
+  const ProcedureRow& squares = RegressionRow(RegressionKind::kLeastSquares);
+  const ProcedureRow& logistic = RegressionRow(RegressionKind::kLogistic);
+  least_squares_ = AddOption("Option21", squares.caption, squares.tooltip, regressions_);
+  logistic_ = AddOption("Option22", logistic.caption, logistic.tooltip, regressions_);
+  categorical_ = AddOption("Option15", "Categorical Data", "", table_kinds_);
+  continuous_ = AddOption("Option16", "Continuous Data", "", table_kinds_);
+  const auto select_regression = [this](RegressionKind kind) {
+    StoreWidgets();
+    SelectRegression(panel_, kind);
+    emit Selected();
+  };
+  connect(least_squares_, &QRadioButton::clicked, this,
+          [select_regression] { select_regression(RegressionKind::kLeastSquares); });
+  connect(logistic_, &QRadioButton::clicked, this,
+          [select_regression] { select_regression(RegressionKind::kLogistic); });
+  for (QRadioButton* kind : {categorical_, continuous_}) {
+    connect(kind, &QRadioButton::clicked, this, [this] {
+      EnableTableBoxes();
+      emit Changed();
+    });
+  }
+  sampling_ = new SamplingFrames(content_);
+}
+
+void ProcedureBox::Select(Procedure procedure) {
+  if (panel_.selected == procedure) return;
+  StoreWidgets();
+  SelectProcedure(panel_, procedure);
+  emit Selected();
+  scroll_->verticalScrollBar()->setValue(0);
+}
+
+void ProcedureBox::ShowPanel() {
+  const auto option = options_.find(panel_.selected);
+  CheckOnly(procedures_, option == options_.end() ? nullptr : option->second);
+  CheckOnly(regressions_, panel_.regression == RegressionKind::kLogistic ? logistic_ : least_squares_);
+  CheckOnly(table_kinds_, panel_.table_data == TableData::kContinuous ? continuous_ : categorical_);
+  for (const BoxMember& member : kBoxes) boxes_[member.control]->setChecked(panel_.checks.*member.state);
+  for (const FieldMember& member : kFields) {
+    auto* field = static_cast<QLineEdit*>(fields_[member.control]);
+    const QString text = ToQt(panel_.*member.text);
+    if (field->text() != text) field->setText(text);
+  }
+  if (ShownRow(panel_) != laid_out_ || !laid_out_) LayOutOptions();
+  EnableTableBoxes();
+}
+
+void ProcedureBox::StoreWidgets() {
+  for (const BoxMember& member : kBoxes) panel_.checks.*member.state = boxes_[member.control]->isChecked();
+  for (const FieldMember& member : kFields) {
+    panel_.*member.text = FromQt(static_cast<QLineEdit*>(fields_[member.control])->text());
+  }
+  panel_.table_data = continuous_->isChecked() ? TableData::kContinuous : TableData::kCategorical;
+}
+
+void ProcedureBox::LayOutOptions() {
+  while (QLayoutItem* item = offered_->takeAt(0)) delete item;
+  offered_row_ = 0;
+  for (const auto& [control, box] : boxes_) box->hide();
+  for (const auto& [control, field] : fields_) {
+    field->hide();
+    captions_[control]->hide();
+  }
+  for (QWidget* kind : {least_squares_, logistic_, categorical_, continuous_}) kind->hide();
+  sampling_->hide();
+  separator_->hide();
+
+  laid_out_ = ShownRow(panel_);
+  if (!laid_out_) return;
+  const ProcedureRow& row = *laid_out_;
+  if (row.procedure == Procedure::kRegression) LayOutRegression();
+  if (row.procedure == Procedure::kSummaryTables) {
+    LayOutSummaryTables(row);
+  } else {
+    LayOutBoxes(row, 0, row.boxes.size());
+  }
+  LayOutFields(row);
+  if (row.procedure == Procedure::kRandomSample || row.procedure == Procedure::kRepeatedSampling) {
+    sampling_->ShowFrame(row.procedure);
+    Place(sampling_, 0, 2);
+  }
+  separator_->setVisible(offered_row_ > 0);
+}
+
+// Puts a widget into the row under construction; one that reaches the right edge ends the row.
+void ProcedureBox::Place(QWidget* widget, int column, int span) {
+  offered_->addWidget(widget, offered_row_, column, 1, span);
+  if (const QWidget* before = offered_->count() > 1 ? offered_->itemAt(offered_->count() - 2)->widget() : nullptr) {
+    setTabOrder(const_cast<QWidget*>(before), widget);
+  } else {
+    setTabOrder(options_[Procedure::kRepeatedSampling], widget);
+  }
+  widget->show();
+  if (column + span == 2) ++offered_row_;
+}
+
+void ProcedureBox::LayOutBoxes(const ProcedureRow& row, std::size_t from, std::size_t to) {
+  for (std::size_t i = from; i < to; ++i) {
+    const ProcedureRow::Box& box = row.boxes[i];
+    QCheckBox* control = boxes_[box.control];
+    control->setText(ToQt(box.caption));
+    control->setToolTip(ToQt(box.tooltip));
+    const int column = static_cast<int>((i - from) % 2);
+    // The last one of an odd number has the row to itself.
+    Place(control, column, column == 0 && i + 1 == to ? 2 : 1);
+  }
+}
+
+void ProcedureBox::LayOutFields(const ProcedureRow& row) {
+  for (const ProcedureRow::Field& field : row.fields) {
+    QWidget* control = fields_[field.control];
+    captions_[field.control]->setText(ToQt(field.caption));
+    control->setAccessibleName(ToQt(field.caption));
+    Place(captions_[field.control], 0, 1);
+    Place(control, 1, 1);
+  }
+}
+
+void ProcedureBox::LayOutRegression() {
+  Place(least_squares_, 0, 2);
+  Place(logistic_, 0, 2);
+}
+
+void ProcedureBox::LayOutSummaryTables(const ProcedureRow& row) {
+  Place(categorical_, 0, 2);
+  LayOutBoxes(row, 0, kCategoricalBoxes);
+  Place(continuous_, 0, 2);
+  LayOutBoxes(row, kCategoricalBoxes, row.boxes.size());
+}
+
+// In a summary table only the boxes of the chosen kind of data count.
+void ProcedureBox::EnableTableBoxes() {
+  for (const auto& [control, box] : boxes_) box->setEnabled(true);
+  if (!laid_out_ || laid_out_->procedure != Procedure::kSummaryTables) return;
+  for (std::size_t i = 0; i < laid_out_->boxes.size(); ++i) {
+    boxes_[laid_out_->boxes[i].control]->setEnabled((i < kCategoricalBoxes) == categorical_->isChecked());
+  }
+}
+
+void ProcedureBox::FocusFirst() {
+  const auto option = options_.find(panel_.selected);
+  (option == options_.end() ? options_[Procedure::kFrequencies] : option->second)->setFocus();
+}
+
+int ProcedureBox::LeastWidth() const {
+  const QMargins inside = layout()->contentsMargins();
+  return content_->minimumSizeHint().width() + scroll_->verticalScrollBar()->sizeHint().width() + inside.left() +
+         inside.right();
+}
+
+}  // namespace tessara

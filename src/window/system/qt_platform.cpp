@@ -1,0 +1,259 @@
+#include "window/system/qt_platform.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSoundEffect>
+#include <QStandardPaths>
+#include <QTextDocument>
+#include <QUrl>
+
+#include "platform/files.h"
+#include "window/system/page_painter.h"
+#include "window/system/progress_form.h"
+#include "window/widgets/text.h"
+
+namespace tessara {
+namespace {
+
+// The pointer of a dialog is an arrow, also when the operation that asks runs under the wait cursor.
+class PlainCursor {
+ public:
+  PlainCursor() {
+    while (QApplication::overrideCursor()) {
+      QApplication::restoreOverrideCursor();
+      ++depth_;
+    }
+  }
+  ~PlainCursor() {
+    for (; depth_ > 0; --depth_) QApplication::setOverrideCursor(Qt::WaitCursor);
+  }
+  PlainCursor(const PlainCursor&) = delete;
+  PlainCursor& operator=(const PlainCursor&) = delete;
+
+ private:
+  int depth_ = 0;
+};
+
+// "Text files (*.txt)|*.txt|All files (*.*)|*.*" as a list of filters.
+QStringList NameFilters(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString caption = parts[i].section(" (", 0, 0);
+    const QString patterns = parts[i + 1] == "*.*" ? QString("*") : QString(parts[i + 1]).replace(';', ' ');
+    filters += caption + " (" + patterns + ")";
+  }
+  return filters;
+}
+
+// A folder for a dialog to start in; of a file's path, its folder.
+QString StartFolder(const Path& folder) {
+  const QFileInfo info(PathToQt(folder));
+  return info.isFile() ? info.absolutePath() : info.absoluteFilePath();
+}
+
+QMessageBox::StandardButtons BoxButtons(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::kOk:
+      return QMessageBox::Ok;
+    case Buttons::kOkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::kYesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::kYesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon BoxIcon(Tone tone) {
+  switch (tone) {
+    case Tone::kInformation:
+      return QMessageBox::Information;
+    case Tone::kQuestion:
+      return QMessageBox::Question;
+    case Tone::kWarning:
+    case Tone::kRefusal:
+      return QMessageBox::Warning;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// A box that is closed without a button means Cancel, or No where there is no Cancel.
+Answer AnswerOf(int button, Buttons buttons) {
+  if (button == QMessageBox::Ok) return Answer::kOk;
+  if (button == QMessageBox::Yes) return Answer::kYes;
+  if (button == QMessageBox::No) return Answer::kNo;
+  if (buttons == Buttons::kOk) return Answer::kOk;
+  return buttons == Buttons::kYesNo ? Answer::kNo : Answer::kCancel;
+}
+
+}  // namespace
+
+PlatformFolders SystemFolders() {
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const bool exists = !documents.isEmpty() && QFileInfo(documents).isDir();
+  return {FindProgramFolder(), exists ? PathFromQt(documents) : UserDocumentsFolder()};
+}
+
+QtPlatform::QtPlatform(PlatformFolders folders) : folders_(std::move(folders)) {}
+QtPlatform::~QtPlatform() = default;
+
+void QtPlatform::AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog) {
+  frame_ = frame;
+  before_dialog_ = std::move(before_dialog);
+  for (std::size_t i = 0; i < panes.size(); ++i) {
+    panes_[i] = panes[i];
+    if (panes_[i] && !pane_texts_[i].empty()) panes_[i]->setText(ToQt(pane_texts_[i]));
+  }
+}
+
+void QtPlatform::BeforeDialog() {
+  if (before_dialog_) before_dialog_();
+}
+
+// The window that the user works in, so that no dialog opens behind it: the frame, or a window beside it.
+QWidget* QtPlatform::DialogParent() const {
+  auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
+  const QWidget* owner = active ? active->parentWidget() : nullptr;
+  return owner && !active->isModal() && owner->window() == frame_ ? active : frame_.data();
+}
+
+std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_save) {
+  BeforeDialog();
+  const PlainCursor cursor;
+  QFileDialog form(DialogParent(), ToQt(dialog.title), StartFolder(dialog.initial_folder));
+  form.setNameFilters(NameFilters(dialog.filter));
+  form.setAcceptMode(to_save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  form.setFileMode(to_save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  form.setOption(QFileDialog::DontConfirmOverwrite, !dialog.overwrite_prompt);
+  form.setDefaultSuffix(ToQt(dialog.default_extension));
+  // A name that is typed without an ending takes that of the kind of file chosen.
+  QObject::connect(&form, &QFileDialog::filterSelected, &form, [&form](const QString& filter) {
+    const QString ending = filter.section("*.", 1, 1).section(QRegularExpression("[ )]"), 0, 0);
+    if (!form.defaultSuffix().isEmpty() && !ending.isEmpty()) form.setDefaultSuffix(ending);
+  });
+  if (!dialog.initial_name.empty()) form.selectFile(ToQt(dialog.initial_name));
+  if (form.exec() != QDialog::Accepted || form.selectedFiles().isEmpty()) return std::nullopt;
+  const QString file = form.selectedFiles().front();
+  return ChosenFile{PathFromQt(file), FromQt(QFileInfo(file).fileName())};
+}
+
+std::optional<ChosenFile> QtPlatform::AskOpenFile(const FileDialog& dialog) { return AskFile(dialog, false); }
+std::optional<ChosenFile> QtPlatform::AskSaveFile(const FileDialog& dialog) { return AskFile(dialog, true); }
+
+// Each job has a printer of its own: a file that was chosen for one must not be written again by the next, and one that
+// has failed must not spoil those that follow.
+QPrinter& QtPlatform::NewPrinter() {
+  printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  return *printer_;
+}
+
+bool QtPlatform::PrintDocument(const QTextDocument& document) {
+  if (!printer_) NewPrinter();
+  if (!printer_->isValid()) return false;
+  document.print(printer_.get());
+  return true;
+}
+
+bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) {
+  QPrinter printer(QPrinter::HighResolution);
+  if (!printer.isValid()) return false;
+  printer.setPageOrientation(QPageLayout::Landscape);
+  QPainter painter;
+  bool printed = painter.begin(&printer);
+  if (printed) {
+    paint(painter, QRectF(0, 0, printer.width(), printer.height()));
+    printed = painter.end() && printer.printerState() != QPrinter::Error;
+  }
+  return printed;
+}
+
+std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
+  BeforeDialog();
+  const PlainCursor cursor;
+  QPrintDialog form(&NewPrinter(), DialogParent());
+  form.setWindowTitle(ToQt(dialog.title));
+  form.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  form.setOption(QAbstractPrintDialog::PrintSelection, dialog.offer_selection);
+  form.setPrintRange(dialog.offer_selection ? QAbstractPrintDialog::Selection : QAbstractPrintDialog::AllPages);
+  if (form.exec() != QDialog::Accepted) return std::nullopt;
+  const PrintChoice choice{std::max(1, printer_->copyCount())};
+  printer_->setCopyCount(1);  // the caller repeats the pages itself
+  return choice;
+}
+
+Answer QtPlatform::ShowMessage(const MessageBox& box) {
+  BeforeDialog();
+  const PlainCursor cursor;
+  QMessageBox form(BoxIcon(box.tone), ToQt(box.title), QString(), BoxButtons(box.buttons), DialogParent());
+  form.setTextFormat(Qt::PlainText);
+  form.setText(ToQtLines(box.text));
+  return AnswerOf(form.exec(), box.buttons);
+}
+
+bool QtPlatform::PrintPages(const std::vector<std::string>& pages) {
+  QStringList texts;
+  for (const std::string& page : pages) texts += ToQt(page);
+  if (!printer_) NewPrinter();
+  return PaintPages(*printer_, texts);
+}
+
+void QtPlatform::ShowWaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+void QtPlatform::HideWaitCursor() { QApplication::restoreOverrideCursor(); }
+
+void QtPlatform::SetStatusPane(int pane, const std::string& text) {
+  if (pane < 1 || pane > 3) return;
+  const auto index = static_cast<std::size_t>(pane - 1);
+  pane_texts_[index] = text;
+  if (panes_[index]) panes_[index]->setText(ToQt(text));
+}
+
+void QtPlatform::ShowProgress(double minimum, double maximum, const std::string& caption) {
+  if (!progress_) progress_ = std::make_unique<ProgressForm>(frame_);
+  progress_->Open(minimum, maximum, ToQt(caption));
+}
+
+bool QtPlatform::UpdateProgress(double value) { return !progress_ || progress_->Step(value); }
+void QtPlatform::HideProgress() { progress_.reset(); }
+
+std::string QtPlatform::ClipboardText() { return FromQt(QApplication::clipboard()->text()); }
+void QtPlatform::SetClipboardText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
+
+void QtPlatform::SetClipboardContent(QMimeData* content) { QApplication::clipboard()->setMimeData(content); }
+
+bool QtPlatform::PlaySoundFile(const Path& path) {
+  const QString file = PathToQt(path);
+  if (!QFileInfo(file).isFile()) return false;
+  if (!sound_) sound_ = std::make_unique<QSoundEffect>();
+  sound_->stop();
+  sound_->setSource(QUrl::fromLocalFile(file));
+  sound_->play();
+  return sound_->status() != QSoundEffect::Error;
+}
+
+bool QtPlatform::OpenDocument(const std::string& address) {
+  const QString text = QString::fromStdString(address);
+  if (QFileInfo::exists(text)) return QDesktopServices::openUrl(QUrl::fromLocalFile(text));
+  const QUrl url(text, QUrl::StrictMode);
+  return url.isValid() && !url.scheme().isEmpty() && QDesktopServices::openUrl(url);
+}
+
+DateTime QtPlatform::Now() { return LocalNow(); }
+std::uint64_t QtPlatform::Entropy() { return SystemEntropy(); }
+Path QtPlatform::ProgramFolder() { return folders_.program; }
+Path QtPlatform::DocumentsFolder() { return folders_.documents; }
+
+}  // namespace tessara

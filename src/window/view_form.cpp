@@ -1,1 +1,0 @@
-#include "window/view_form.h"

@@ -1,0 +1,1 @@
+#include "window/widgets/view_form.h"
