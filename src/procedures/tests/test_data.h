@@ -7,8 +7,8 @@
 #include "data/data_set.h"
 #include "platform/scripted_platform.h"
 #include "presentation/output_log.h"
+#include "procedures/cases/procedure_run.h"
 #include "procedures/panel.h"
-#include "procedures/run.h"
 
 // A small data set from columns of cells, and one run on it.
 
