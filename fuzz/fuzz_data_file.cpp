@@ -77,15 +77,15 @@ void CheckLoadAndSave(const std::string& text) {
 
   platform.save_answers.push_back(ChosenFile{FuzzFile(), "fuzz.dcs"});
   Require(SaveDataFileAs(data, platform) == SaveOutcome::kSaved);
-  TrimToUsedRange(data);
+  const UsedRange used = TrimToUsedRange(data);
   DataSet again;
   MakeEmptyDataSet(again);
   again.WaitingPath = FuzzFile();
   LoadDataFile(again, platform);
-  if (data.VariableCount == 0) return;  // sixteen empty lines, whose banner tells no counts
-  Require(again.RecordCount == data.RecordCount && again.VariableCount == data.VariableCount);
-  for (std::size_t row = 1; row < data.RecordCount + kFirstRecordRow; ++row) {
-    for (std::size_t column = 1; column <= data.VariableCount; ++column) {
+  if (used.variables == 0) return;  // sixteen empty lines, whose banner tells no counts
+  Require(again.RecordCount == used.records && again.VariableCount == used.variables);
+  for (std::size_t row = 1; row < used.records + kFirstRecordRow; ++row) {
+    for (std::size_t column = 1; column <= used.variables; ++column) {
       const std::string_view cell = data.matrix.Cell(row, column).text();
       Require(again.matrix.Cell(row, column).text() == cell);
     }

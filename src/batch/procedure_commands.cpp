@@ -32,11 +32,11 @@ bool TakesNumber(ControlRelation relation) {
 // Selects the procedure with all its boxes off and puts the variables into the lists, in the order of the words.
 void PreparePanel(Batch& batch, Procedure procedure, const VariableLists& variables) {
   Session& session = batch.session;
-  ClearPanelLists(session.data, session.panel);
+  ClearPanelLists(session.panel);
   SelectProcedure(session.panel, procedure);
   session.panel.checks = {};
   for (const std::size_t column : variables.first) {
-    AddAnalysisVariable(session.data, session.panel, batch.platform, {column});
+    AddAnalysisVariable(session.panel, batch.platform, {column});
   }
   for (const std::size_t column : variables.second) {
     AddIndependentVariable(session.panel, batch.platform, {column});
@@ -46,7 +46,7 @@ void PreparePanel(Batch& batch, Procedure procedure, const VariableLists& variab
 // Runs the panel and empties its lists, so that the next line starts from a panel that holds the control alone.
 CommandResult RunPrepared(Batch& batch) {
   const RunOutcome outcome = RunPanel(batch.session);
-  ClearPanelLists(batch.session.data, batch.session.panel);
+  ClearPanelLists(batch.session.panel);
   return {outcome.refused || outcome.aborted ? BatchStatus::kRefused : BatchStatus::kAllWell, {}};
 }
 
@@ -67,15 +67,15 @@ CommandResult Control(Batch& batch, const CommandWords& words) {
   const std::string& variable = words.words[0];
   if (variable == "none") {
     if (!words.options.empty()) return NotUnderstood("\"none\" takes no relation");
-    ResetControl(session.data, session.panel);
+    ResetControl(session.panel);
     return Done();
   }
   if (words.options.size() > 1) return NotUnderstood("only one relation may be given");
   const auto column = FindVariable(session.data, variable);
   if (!column) return NotUnderstood(UnknownVariable(variable));
 
-  ResetControl(session.data, session.panel);
-  SetControlVariable(session.data, batch.platform, {*column});
+  ResetControl(session.panel);
+  SetControlVariable(session.panel, session.data, batch.platform, {*column});
   ControlChoice& choice = session.panel.control;
   for (const RelationWord& row : kRelations) {
     const auto value = words.Value(row.option);

@@ -82,7 +82,7 @@ DataMatrix SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Pr
 }
 
 // What both ways to a file share, from the banner on.
-void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
+void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes, std::size_t selected_variables) {
   const WaitCursor wait(platform);
   data.DataBanner = std::string(FirstLine(bytes.text()));
   data.ProjectNotes.clear();
@@ -93,7 +93,7 @@ void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
   const std::size_t rows = data.RecordCount + kFirstRecordRow;
   const double shown =
       data.WithinEditLimit() ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
-  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", data.SelectedVariableCount);
+  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", selected_variables);
   progress.ProgressStep(shown);
   data.matrix = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
 
@@ -115,8 +115,11 @@ void TakeFacts(DataSet& data, const FileFacts& facts) {
 // stretch.
 class LineWriter {
  public:
-  LineWriter(const DataSet& data, SafeFileWriter& file)
-      : data_(data), file_(file), loaded_columns_(std::min(data.matrix.LoadedColumns(), data.VariableCount)) {}
+  LineWriter(const DataSet& data, std::size_t variables, SafeFileWriter& file)
+      : data_(data),
+        file_(file),
+        variables_(variables),
+        loaded_columns_(std::min(data.matrix.LoadedColumns(), variables)) {}
 
   void Write(std::size_t row) {
     line_.clear();
@@ -127,7 +130,7 @@ class LineWriter {
         column = loaded_columns_ + 1;
       }
     }
-    for (; column <= data_.VariableCount; ++column) {
+    for (; column <= variables_; ++column) {
       if (column > 1) line_.push_back(kFieldSeparator);
       line_.append(TextOf(data_.matrix.Cell(row, column), buffer_));
     }
@@ -138,25 +141,25 @@ class LineWriter {
  private:
   const DataSet& data_;
   SafeFileWriter& file_;
+  const std::size_t variables_;
   const std::size_t loaded_columns_;
   std::string line_;
   NumberBuffer buffer_{};
 };
 
-WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
+WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   SafeFileWriter file(path);
   if (file.result() != WriteResult::kWritten) return file.result();
-  const UsedRange used(data);
-  const std::string banner =
-      std::to_string(data.RecordCount) + " " + std::to_string(data.VariableCount) + " Tessara data";
+  const UsedRange used = TrimToUsedRange(data);
+  const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
   data.matrix.SetText(0, 1, banner);
   data.matrix.SetText(kNotesRow, 2, NotesToField(data.ProjectNotes));
 
   Progress progress(platform);
-  const std::size_t rows = data.RecordCount + kFirstRecordRow;
-  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", data.SelectedVariableCount);
+  const std::size_t rows = used.records + kFirstRecordRow;
+  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", selected_variables);
   const WaitCursor wait(platform);
-  LineWriter lines(data, file);
+  LineWriter lines(data, used.variables, file);
   for (std::size_t row = 0; row < rows; ++row) {
     progress.ProgressStep();
     lines.Write(row);
@@ -164,8 +167,8 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
   return file.Commit();
 }
 
-WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path) {
-  const WriteResult result = WriteDataFile(data, platform, path);
+WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  const WriteResult result = WriteDataFile(data, platform, path, selected_variables);
   data.DataDirty = false;  // also when it has failed
   return result;
 }
@@ -187,7 +190,7 @@ std::string NotesToField(std::string_view notes) {
 }
 std::string NotesFromField(std::string_view field) { return Replaced(field, kNotesLineEnd, kLineEnd); }
 
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform) {
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
   const bool waiting = !data.WaitingPath.empty();
   ChosenFile chosen;
   if (waiting) {
@@ -212,17 +215,19 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform) {
   TakeFacts(data, *facts);
   if (!waiting && facts->size == 0) return LoadOutcome::kEmptyFile;
   data.DataFileTitle = chosen.title;
-  LoadBytes(data, platform, std::move(*bytes));
+  LoadBytes(data, platform, std::move(*bytes), selected_variables);
   return LoadOutcome::kLoaded;
 }
 
-SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
-  if (data.DataFilePath.empty() || data.GridTitle == kUntitledGrid) return SaveDataFileAs(data, platform);
-  switch (WriteAndSettle(data, platform, data.DataFilePath)) {
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
+  if (data.DataFilePath.empty() || data.GridTitle == kUntitledGrid) {
+    return SaveDataFileAs(data, platform, selected_variables);
+  }
+  switch (WriteAndSettle(data, platform, data.DataFilePath, selected_variables)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
     case WriteResult::kPathNotFound:
-      return SaveDataFileAs(data, platform);
+      return SaveDataFileAs(data, platform, selected_variables);
     default:
       ShowSaveError(platform,
                     "Try saving the file to 'My Documents\\Tessara Data' or some other location where write access is "
@@ -231,7 +236,7 @@ SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
   }
 }
 
-SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform) {
+SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform, std::size_t selected_variables) {
   const auto chosen = platform.AskSaveFile({.title = "Save As",
                                             .filter = "Tessara files (*.dcs)|*.dcs",
                                             .initial_folder = DialogFolder(data, platform),
@@ -242,7 +247,7 @@ SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform) {
     data.DataDirty = false;  // a cancelled dialog ends on the path of a failure, which clears the flag
     return SaveOutcome::kCancelled;
   }
-  if (WriteAndSettle(data, platform, chosen->path) != WriteResult::kWritten) {
+  if (WriteAndSettle(data, platform, chosen->path, selected_variables) != WriteResult::kWritten) {
     ShowSaveError(
         platform,
         "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "

@@ -18,7 +18,8 @@ enum class LoadOutcome {
 
 // Loads WaitingPath, or asks for a file. There is no validation at all: missing fields and lines are empty, surplus
 // ones are dropped, a banner without two numbers leaves the counts at their earlier values, and no message is shown.
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform);
+// `selected_variables`, here and below, are the analysis variables chosen in the panel: the progress display asks.
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, std::size_t selected_variables = 0);
 
 enum class SaveOutcome {
   kSaved,
@@ -28,8 +29,8 @@ enum class SaveOutcome {
 
 // Saves to DataFilePath, or asks for a name when there is none or the grid still has no title of its own. The trailing
 // blank records and variables are not written. DataDirty is cleared also by a save that fails.
-SaveOutcome SaveDataFile(DataSet& data, Platform& platform);
-SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform);
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables = 0);
+SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform, std::size_t selected_variables = 0);
 
 // Replaces the data by the empty data set. The panel is reset by the caller.
 void NewDataFile(DataSet& data);

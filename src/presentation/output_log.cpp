@@ -77,10 +77,10 @@ void BeginRun(OutputLog& output) {
   output.MostRecentText.clear();
 }
 
-void AppendReport(OutputLog& output) {
+void AppendReport(OutputLog& output, std::string_view report) {
   const bool box_follows = !output.edited_box;
-  output.OutputLogText.append(output.ReportText).append(kReportSeparator);
-  output.MostRecentText.append(output.ReportText).append(kReportSeparator);
+  output.OutputLogText.append(report).append(kReportSeparator);
+  output.MostRecentText.append(report).append(kReportSeparator);
   if (box_follows) {
     MarkBoxChanged(output);
   } else {
@@ -88,15 +88,14 @@ void AppendReport(OutputLog& output) {
   }
 }
 
-void ReplaceReport(OutputLog& output) {
+void ReplaceReport(OutputLog& output, std::string_view report) {
   BeginRun(output);
-  AppendReport(output);
+  AppendReport(output, report);
 }
 
-void ReplaceMostRecent(OutputLog& output, std::string report) {
+void ReplaceMostRecent(OutputLog& output, std::string_view report) {
   BeginRun(output);
-  output.ReportText = std::move(report);
-  output.MostRecentText.append(output.ReportText).append(kReportSeparator);
+  output.MostRecentText.append(report).append(kReportSeparator);
   RefreshOutputView(output);
 }
 
@@ -140,9 +139,6 @@ bool SaveOutputText(OutputLog& output, Platform& platform) {
   return true;
 }
 
-void ReportError(OutputLog& output, std::string_view pending_text) {
-  output.ReportText = ErrorFrame(pending_text);
-  AppendReport(output);
-}
+void ReportError(OutputLog& output, std::string_view pending_text) { AppendReport(output, ErrorFrame(pending_text)); }
 
 }  // namespace tessara

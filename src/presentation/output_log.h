@@ -18,7 +18,6 @@ inline constexpr std::string_view kReportSeparator = "\r\n<Page Break>\r\n\r\n\r
 struct OutputLog {
   std::string OutputLogText;
   std::string MostRecentText;
-  std::string ReportText;  // the report that a procedure has just assembled
   bool ShowLogMode = false;
   bool OutputGridMode = false;  // the table grid, not the text box, is the visible face
   bool OutputChanged = false;   // the text of the box has changed since it was saved
@@ -46,13 +45,13 @@ void StoreBoxText(OutputLog& output);
 void RefreshOutputView(OutputLog& output);
 // Empties the most recent text. The box keeps what it shows until the next refresh.
 void BeginRun(OutputLog& output);
-// ReportText, as it stands, at the end of both texts. Takes time for the report, not for the log.
-void AppendReport(OutputLog& output);
+// A report, as it stands, at the end of both texts. Takes time for the report, not for the log.
+void AppendReport(OutputLog& output, std::string_view report);
 // A calculator's result: at the end of the log, and alone as the most recent output.
-void ReplaceReport(OutputLog& output);
-// Stores the box back and shows the other text.
+void ReplaceReport(OutputLog& output, std::string_view report);
 // The report becomes the most recent output, and the log learns nothing of it.
-void ReplaceMostRecent(OutputLog& output, std::string report);
+void ReplaceMostRecent(OutputLog& output, std::string_view report);
+// Stores the box back and shows the other text.
 void ToggleOutputMode(OutputLog& output);
 // The caption of the command that toggles.
 std::string_view ToggleCaption(const OutputLog& output);

@@ -50,19 +50,17 @@ void SelectRegression(ProcedurePanel& panel, RegressionKind kind) {
   ClearOptions(panel);
 }
 
-void PickVariable(DataSet& data, std::size_t column) { data.RoleVariable[kMainRole] = column; }
+void PickVariable(ProcedurePanel& panel, std::size_t column) { panel.PickedVariable = column; }
 
-void AddAnalysisVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                         const std::vector<std::size_t>& chosen) {
+void AddAnalysisVariable(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen) {
   if (chosen.empty()) return AskForVariable(platform);
   for (const std::size_t column : chosen) {
     if (column == 0) continue;
-    if (panel.selected == Procedure::kListVariables && data.SelectedVariableCount == kMostListedVariables) {
+    if (panel.selected == Procedure::kListVariables && panel.SelectedVariables.size() == kMostListedVariables) {
       platform.ShowMessage({"Maximum Reached", "The list variables procedure is limited to seven variables."});
       return;
     }
     panel.SelectedVariables.push_back(column);
-    data.SelectedVariableCount = panel.SelectedVariables.size();
   }
 }
 
@@ -72,15 +70,16 @@ void AddIndependentVariable(ProcedurePanel& panel, Platform& platform, const std
                        [](std::size_t column) { return column != 0; });
 }
 
-void SetControlVariable(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen) {
+void SetControlVariable(ProcedurePanel& panel, const DataSet& data, Platform& platform,
+                        const std::vector<std::size_t>& chosen) {
   if (chosen.empty()) return AskForVariable(platform);
-  data.RoleVariable[kControlRole] = chosen.front();
+  panel.control_variable = {chosen.front(), data.VariableName(chosen.front())};
 }
 
-void PressAnalysisArrow(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                        const std::vector<std::size_t>& chosen, const std::vector<std::size_t>& marked) {
-  if (!chosen.empty() || panel.SelectedVariables.empty()) return AddAnalysisVariable(data, panel, platform, chosen);
-  RemoveAnalysisVariables(data, panel, PlacesToRemove(panel.SelectedVariables, marked));
+void PressAnalysisArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
+                        const std::vector<std::size_t>& marked) {
+  if (!chosen.empty() || panel.SelectedVariables.empty()) return AddAnalysisVariable(panel, platform, chosen);
+  RemoveAnalysisVariables(panel, PlacesToRemove(panel.SelectedVariables, marked));
 }
 
 void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
@@ -89,27 +88,27 @@ void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std:
   RemoveIndependentVariables(panel, PlacesToRemove(panel.IndependentVariables, marked));
 }
 
-void PressControlArrow(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen) {
-  if (!chosen.empty() || !ControlIsSet(data)) return SetControlVariable(data, platform, chosen);
-  data.RoleVariable[kControlRole] = 0;
+void PressControlArrow(ProcedurePanel& panel, const DataSet& data, Platform& platform,
+                       const std::vector<std::size_t>& chosen) {
+  if (!chosen.empty() || !ControlIsSet(panel, data)) return SetControlVariable(panel, data, platform, chosen);
+  panel.control_variable = {};
 }
 
-void RemoveAnalysisVariables(DataSet& data, ProcedurePanel& panel, const std::vector<std::size_t>& places) {
+void RemoveAnalysisVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places) {
   RemovePlaces(panel.SelectedVariables, places);
-  data.SelectedVariableCount = panel.SelectedVariables.size();
 }
 
 void RemoveIndependentVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places) {
   RemovePlaces(panel.IndependentVariables, places);
 }
 
-bool ControlIsSet(const DataSet& data) {
-  const std::size_t column = data.RoleVariable[kControlRole];
+bool ControlIsSet(const ProcedurePanel& panel, const DataSet& data) {
+  const std::size_t column = panel.control_variable.column;
   return column > 0 && column <= data.VariableCount;
 }
 
-void ResetControl(DataSet& data, ProcedurePanel& panel) {
-  data.RoleVariable[kControlRole] = 0;
+void ResetControl(ProcedurePanel& panel) {
+  panel.control_variable = {};
   panel.control = {};
 }
 
@@ -120,16 +119,15 @@ bool AcceptControlNumber(Platform& platform, std::string& text) {
   return false;
 }
 
-void ClearPanelLists(DataSet& data, ProcedurePanel& panel) {
+void ClearPanelLists(ProcedurePanel& panel) {
   panel.SelectedVariables.clear();
   panel.IndependentVariables.clear();
-  data.SelectedVariableCount = 0;
 }
 
-void ResetPanel(DataSet& data, ProcedurePanel& panel) {
-  ClearPanelLists(data, panel);
-  ResetControl(data, panel);
-  data.RoleVariable = {};
+void ResetPanel(ProcedurePanel& panel) {
+  ClearPanelLists(panel);
+  ResetControl(panel);
+  panel.PickedVariable = 0;
   panel.Text5.clear();
   panel.Text6.clear();
 }

@@ -88,6 +88,12 @@ const ProcedureRow& RegressionRow(RegressionKind kind);
 // The row that the panel shows now: for regression that of the kind, nullptr while nothing is selected.
 const ProcedureRow* ShownRow(const ProcedurePanel& panel);
 
+// The variable of the case control, shown in Text18.
+struct ControlVariable {
+  std::size_t column = 0;  // 0 for none
+  std::string name;        // as it was when the variable was set
+};
+
 struct ProcedurePanel {
   Procedure selected = Procedure::kNone;
   RegressionKind regression = RegressionKind::kLeastSquares;
@@ -99,50 +105,53 @@ struct ProcedurePanel {
 
   std::vector<std::size_t> SelectedVariables;     // column numbers, shown in List2
   std::vector<std::size_t> IndependentVariables;  // column numbers, shown in List3
-  ControlChoice control;                          // relation and value; the variable is RoleVariable 4
+  ControlVariable control_variable;
+  ControlChoice control;           // relation and value
+  std::size_t PickedVariable = 0;  // the column clicked last in List1; 0 for none
 };
 
 // Applies one row of the table: clears Text5 and Text6 and sets the boxes to their state for the procedure.
 void SelectProcedure(ProcedurePanel& panel, Procedure procedure);
 void SelectRegression(ProcedurePanel& panel, RegressionKind kind);
 
-// A click in List1 takes the variable as the main one; 0, the entry "None", takes none.
-void PickVariable(DataSet& data, std::size_t column);
+// A click in List1; 0 is the entry "None".
+void PickVariable(ProcedurePanel& panel, std::size_t column);
 
 // Adding and setting. `chosen` holds the selected rows of List1, column numbers in list order; 0 stands for "None",
 // which no list takes and which clears the control variable. Without a selection a box asks for one. List Variables
-// takes seven analysis variables at most. Adding keeps SelectedVariableCount of the data set in step.
-void AddAnalysisVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                         const std::vector<std::size_t>& chosen);
+// takes seven analysis variables at most.
+void AddAnalysisVariable(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen);
 void AddIndependentVariable(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen);
-void SetControlVariable(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen);
+void SetControlVariable(ProcedurePanel& panel, const DataSet& data, Platform& platform,
+                        const std::vector<std::size_t>& chosen);
 
 // The three arrows: as above, but without a selection in List1 an arrow removes from a target that holds something.
 // What goes are the `marked` places of the target, from 0, or its last entry when none is marked.
-void PressAnalysisArrow(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                        const std::vector<std::size_t>& chosen, const std::vector<std::size_t>& marked);
+void PressAnalysisArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
+                        const std::vector<std::size_t>& marked);
 void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
                            const std::vector<std::size_t>& marked);
-void PressControlArrow(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen);
+void PressControlArrow(ProcedurePanel& panel, const DataSet& data, Platform& platform,
+                       const std::vector<std::size_t>& chosen);
 
 // Removes entries from a list of the panel, by place in the list from 0.
-void RemoveAnalysisVariables(DataSet& data, ProcedurePanel& panel, const std::vector<std::size_t>& places);
+void RemoveAnalysisVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places);
 void RemoveIndependentVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places);
 
-// Whether the data have a variable in the control role: a column beyond the data counts as none.
-bool ControlIsSet(const DataSet& data);
+// Whether the cases are controlled by a variable of the data: a column beyond the data counts as none.
+bool ControlIsSet(const ProcedurePanel& panel, const DataSet& data);
 
 // The button "Reset" of the control variable: variable, relation and value fields.
-void ResetControl(DataSet& data, ProcedurePanel& panel);
+void ResetControl(ProcedurePanel& panel);
 
 // A value typed behind "greater than" or "less than" takes numbers only: another entry is answered by a box and the
 // field is emptied. True when the text may stand, as an empty one may.
 bool AcceptControlNumber(Platform& platform, std::string& text);
 
 // Empties the lists of chosen variables, as a load does.
-void ClearPanelLists(DataSet& data, ProcedurePanel& panel);
+void ClearPanelLists(ProcedurePanel& panel);
 
-// Empties both lists and clears roles, control, relation and value fields. The selected procedure stays.
-void ResetPanel(DataSet& data, ProcedurePanel& panel);
+// Empties both lists and clears the control with its relation and value fields. The selected procedure stays.
+void ResetPanel(ProcedurePanel& panel);
 
 }  // namespace tessara

@@ -34,14 +34,11 @@ Step Refuse(Platform& platform, const char* title, const char* text) {
 
 Step ComesNext(Platform& platform) { return Refuse(platform, kTryAgain, kComesNext); }
 
-using RunProcedure = void (*)(ProcedureRun& run);
+using RunProcedure = void (*)(ProcedureRun& run, const Roles& roles);
 
 // The procedure for each of the independent variables, in list order.
-void RunForIndependents(ProcedureRun& run, RunProcedure procedure) {
-  for (const std::size_t column : run.panel.IndependentVariables) {
-    run.data.RoleVariable[kIndependentRole] = column;
-    procedure(run);
-  }
+void RunForIndependents(ProcedureRun& run, std::size_t main, RunProcedure procedure) {
+  for (const std::size_t column : run.panel.IndependentVariables) procedure(run, {.main = main, .independent = column});
 }
 
 Step RefuseWithoutIndependent(ProcedureRun& run) {
@@ -49,14 +46,14 @@ Step RefuseWithoutIndependent(ProcedureRun& run) {
 }
 
 // The same for a procedure that cannot do without one.
-Step Compare(ProcedureRun& run, RunProcedure procedure) {
+Step Compare(ProcedureRun& run, std::size_t main, RunProcedure procedure) {
   if (run.panel.IndependentVariables.empty()) return RefuseWithoutIndependent(run);
-  RunForIndependents(run, procedure);
+  RunForIndependents(run, main, procedure);
   return Step::kNextVariable;
 }
 
-Step Correlate(ProcedureRun& run) {
-  if (!run.panel.checks.Check2) return Compare(run, RunCorrelation);
+Step Correlate(ProcedureRun& run, std::size_t main) {
+  if (!run.panel.checks.Check2) return Compare(run, main, RunCorrelation);
   if (run.panel.SelectedVariables.size() < 2) {
     return Refuse(run.platform, kAborted, "Please select two analysis variables.");
   }
@@ -65,34 +62,34 @@ Step Correlate(ProcedureRun& run) {
 }
 
 // One model of the first analysis variable on all independent variables.
-Step Regress(ProcedureRun& run) {
+Step Regress(ProcedureRun& run, std::size_t main) {
   if (run.panel.IndependentVariables.empty()) return RefuseWithoutIndependent(run);
-  RunRegression(run);
+  RunRegression(run, {.main = main});
   return Step::kLeaveLoop;
 }
 
-// The selected procedure for the variable in the main role.
-Step RunForVariable(ProcedureRun& run) {
+// The selected procedure for one analysis variable.
+Step RunForVariable(ProcedureRun& run, std::size_t main) {
   switch (run.panel.selected) {
     case Procedure::kFrequencies:
-      RunFrequencies(run);
-      RunForIndependents(run, RunCrosstabulation);
+      RunFrequencies(run, {.main = main});
+      RunForIndependents(run, main, RunCrosstabulation);
       return Step::kNextVariable;
     case Procedure::kDescriptives:
-      RunDescriptives(run);
+      RunDescriptives(run, {.main = main});
       return Step::kNextVariable;
     case Procedure::kCorrelation:
-      return Correlate(run);
+      return Correlate(run, main);
     case Procedure::kCrosstabulation:
-      return Compare(run, RunCrosstabulation);
+      return Compare(run, main, RunCrosstabulation);
     case Procedure::kTTest:
-      return Compare(run, RunTTest);
+      return Compare(run, main, RunTTest);
     case Procedure::kAnova:
-      return Compare(run, RunAnova);
+      return Compare(run, main, RunAnova);
     case Procedure::kRegression:
-      return Regress(run);
+      return Regress(run, main);
     case Procedure::kDiagnostic:
-      return Compare(run, RunDiagnostic);
+      return Compare(run, main, RunDiagnostic);
     case Procedure::kListVariables:
       RunListVariables(run);
       return Step::kLeaveLoop;
@@ -109,15 +106,14 @@ Step RunForVariable(ProcedureRun& run) {
 
 Step RunForAllVariables(ProcedureRun& run) {
   for (const std::size_t column : run.panel.SelectedVariables) {
-    run.data.RoleVariable[kMainRole] = column;
-    if (const Step step = RunForVariable(run); step != Step::kNextVariable) return step;
+    if (const Step step = RunForVariable(run, column); step != Step::kNextVariable) return step;
   }
   return Step::kNextVariable;
 }
 
 // A request to cut the data to the cases that pass the control, and not a run.
 bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
-  return ControlIsSet(data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
+  return ControlIsSet(panel, data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
 }
 
 }  // namespace

@@ -111,7 +111,7 @@ void ClearOutputAfterWarning(Session& session) {
 
 void New(Session& session) {
   if (InView(session, View::ViewDataGrid)) NewData(session);
-  if (InView(session, View::ViewStatProcs)) ResetPanel(session.data, session.panel);
+  if (InView(session, View::ViewStatProcs)) ResetPanel(session.panel);
   if (InView(session, View::ViewBrevarum)) {
     PlaySoundEffect(session, "clear.wav");
     ClearPanel(session.brevarum);

@@ -98,24 +98,26 @@ LoadOutcome OpenDataFile(Session& session) { return OpenDataFile(session, {}); }
 
 LoadOutcome OpenDataFile(Session& session, const Path& waiting_path) {
   session.data.WaitingPath = waiting_path;
-  const LoadOutcome outcome = LoadDataFile(session.data, session.platform);
-  if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.data, session.panel);
+  const LoadOutcome outcome = LoadDataFile(session.data, session.platform, session.panel.SelectedVariables.size());
+  if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.panel);
   ShowLoadOutcome(session, outcome, waiting_path);
   RefreshStatus(session);
   return outcome;
 }
 
 SaveOutcome SaveData(Session& session) {
-  const SaveOutcome outcome = SaveDataFile(session.data, session.platform);
+  const SaveOutcome outcome = SaveDataFile(session.data, session.platform, session.panel.SelectedVariables.size());
   session.platform.SetStatusPane(kMessagePane, "Save Completed");  // also when it was cancelled or has failed
   return outcome;
 }
 
-SaveOutcome SaveDataAs(Session& session) { return SaveDataFileAs(session.data, session.platform); }
+SaveOutcome SaveDataAs(Session& session) {
+  return SaveDataFileAs(session.data, session.platform, session.panel.SelectedVariables.size());
+}
 
 void NewData(Session& session) {
   NewDataFile(session.data);
-  ResetPanel(session.data, session.panel);
+  ResetPanel(session.panel);
   RefreshStatus(session);
 }
 

@@ -18,8 +18,7 @@ class OutputTest : public QObject {
   void MakeTwoReports() {
     for (const char* report : {"First report\r\n", "Second report\r\n"}) {
       BeginRun(Output());
-      Output().ReportText = report;
-      AppendReport(Output());
+      AppendReport(Output(), report);
     }
     window().ShowView(View::ViewOutput);
   }
@@ -86,8 +85,7 @@ class OutputTest : public QObject {
 
   void ConvertTurnsTheSheetIntoTabsAndLeavesTheLog() {
     BeginRun(Output());
-    Output().ReportText = "Mean          -2.5\r\n";
-    AppendReport(Output());
+    AppendReport(Output(), "Mean          -2.5\r\n");
     window().ShowView(View::ViewOutput);
     window().Trigger(211);
     QVERIFY(Sheet()->toPlainText().startsWith("Mean\t2.5\n"));

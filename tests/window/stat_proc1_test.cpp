@@ -81,17 +81,17 @@ class StatProc1Test : public QObject {
 
   void TheMouseChoosesVariables() {
     Pick(1);
-    QCOMPARE(session_->data.RoleVariable[kMainRole], std::size_t{1});
+    QCOMPARE(session_->panel.PickedVariable, std::size_t{1});
     Pick(3, Qt::ControlModifier);
     Click("Image2(0)");
     QCOMPARE(panel().SelectedVariables, (Columns{1, 3}));
-    QCOMPARE(session_->data.SelectedVariableCount, std::size_t{2});
+    QCOMPARE(session_->panel.SelectedVariables.size(), std::size_t{2});
     QCOMPARE(List("List2")->model()->index(1, 0).data().toString(), QString("SMOKE"));
     Pick(2);
     Click("Image2(1)");
     QCOMPARE(panel().IndependentVariables, Columns{2});
     Click("Image2(2)");
-    QCOMPARE(session_->data.RoleVariable[kControlRole], std::size_t{2});
+    QCOMPARE(session_->panel.control_variable.column, std::size_t{2});
     QCOMPARE(Find<QLineEdit>("Text18")->text(), QString("SEX"));
   }
 
@@ -131,7 +131,6 @@ class StatProc1Test : public QObject {
 
   void AnArrowWithoutASelectionRemovesWhatIsMarked() {
     panel().SelectedVariables = {1, 2, 3};
-    session_->data.SelectedVariableCount = 3;
     view_->ShowSession();
     List("List2")->setCurrentIndex(List("List2")->model()->index(1, 0));
     Click("Image2(0)");
@@ -293,7 +292,7 @@ class StatProc1Test : public QObject {
     Click("Option9");
     QTest::keyClicks(Find<QLineEdit>("Text2"), "5");
     Click("ResetVar");
-    QCOMPARE(session_->data.RoleVariable[kControlRole], std::size_t{0});
+    QCOMPARE(session_->panel.control_variable.column, std::size_t{0});
     QVERIFY(Find<QLineEdit>("Text18")->text().isEmpty());
     QVERIFY(!Find<QRadioButton>("Option9")->isChecked());
     QVERIFY(Find<QLineEdit>("Text2")->text().isEmpty());

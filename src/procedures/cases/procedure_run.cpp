@@ -5,10 +5,7 @@
 
 namespace tessara {
 
-void ProcedureRun::AppendReport(std::string report) {
-  output.ReportText = std::move(report);
-  tessara::AppendReport(output);
-}
+void ProcedureRun::AppendReport(std::string_view report) { tessara::AppendReport(output, report); }
 
 void ProcedureRun::ReportError(std::string_view pending_text) {
   aborted = true;
@@ -22,10 +19,11 @@ void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {
   KeepCharts(charts, kind, std::move(made));
 }
 
-RunCases::RunCases(ProcedureRun& run) : used(run.data), control(run.data, run.panel.control) {
-  LoadMissingSet(run.data, kMainRole);
-  run.ChartFootnote = control.ChartFootnote();
+CaseSource BeginCases(ProcedureRun& run) {
   ClearCharts(run.charts);
+  CaseSource source = ReadableCases(run.data, run.panel.control_variable.column, run.panel.control);
+  run.ChartFootnote = source.control.ChartFootnote();
+  return source;
 }
 
 }  // namespace tessara

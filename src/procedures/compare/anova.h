@@ -44,7 +44,8 @@ AnovaTable ComputeAnova(const GroupStats& stats);
 // once from either side. With G groups these are G (G - 1) rows: keep G to kMostPostHocGroups.
 std::vector<PostHocRow> ComputePostHoc(const GroupStats& stats);
 
-// Runs the procedure for the variables in the main and the independent role and appends its report. Leaves no chart.
-void RunAnova(ProcedureRun& run);
+// Runs the procedure for the main variable in the groups of the independent one and appends its report. Leaves no
+// chart.
+void RunAnova(ProcedureRun& run, const Roles& roles);
 
 }  // namespace tessara

@@ -211,17 +211,17 @@ void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const 
 
 }  // namespace
 
-void RunCrosstabulation(ProcedureRun& run) {
+void RunCrosstabulation(ProcedureRun& run, const Roles& roles) {
   constexpr std::string_view kTitle = "Crosstab Comparison: ";
   const DataSet& data = run.data;
-  const TableVariables variables{.rows = data.RoleVariable[kMainRole], .columns = data.RoleVariable[kIndependentRole]};
+  const TableVariables variables{.rows = roles.main, .columns = roles.independent};
   const std::string names = NamesOfPair(data, variables.rows, variables.columns);
   if (variables.rows < 1 || variables.columns < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "You must select an independent and dependent variable."));
     return;
   }
-  const RunCases begun(run);
-  const CountedCases cases = CountCases(data, begun.control, variables);
+  const CaseSource source = BeginCases(run);
+  const CountedCases cases = CountCases(source, variables);
   if (cases.n < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "There are no observations."));
     return;
@@ -230,9 +230,9 @@ void RunCrosstabulation(ProcedureRun& run) {
     run.ReportError(ErrorMessage(kTitle, names, "There are too many categories for a table."));
     return;
   }
-  run.AppendReport(begun.control.ControlCaption() + CrosstabulationReport(data, variables, cases,
-                                                                          ComputeTableStatistics(cases.table),
-                                                                          run.panel.checks));
+  run.AppendReport(source.control.ControlCaption() + CrosstabulationReport(data, variables, cases,
+                                                                           ComputeTableStatistics(cases.table),
+                                                                           run.panel.checks));
   LeaveTableCharts(run, variables, cases);
 }
 

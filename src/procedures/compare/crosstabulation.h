@@ -19,6 +19,6 @@ std::string CrosstabulationReport(const DataSet& data, const TableVariables& var
                                   const TableStatistics& statistics, const PanelChecks& checks);
 
 // Runs the procedure, the main variable in the rows and the independent one in the columns, and appends its report.
-void RunCrosstabulation(ProcedureRun& run);
+void RunCrosstabulation(ProcedureRun& run, const Roles& roles);
 
 }  // namespace tessara

@@ -42,10 +42,10 @@ struct FrequencyTable {
 };
 
 // Takes role 1's missing values and the counts as they stand in the data set.
-FrequencyCases GatherFrequencies(const DataSet& data, const CaseControl& control, std::size_t column);
+FrequencyCases GatherFrequencies(const CaseSource& source, std::size_t column);
 FrequencyTable ComputeFrequencies(const FrequencyCases& cases);
 
-// Runs the procedure for the variable in role 1 and appends its report.
-void RunFrequencies(ProcedureRun& run);
+// Runs the procedure for the main variable and appends its report.
+void RunFrequencies(ProcedureRun& run, const Roles& roles);
 
 }  // namespace tessara

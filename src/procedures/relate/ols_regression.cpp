@@ -124,7 +124,7 @@ namespace {
 void SaveResiduals(ProcedureRun& run, const ModelCases& cases, const LeastSquaresModel& model) {
   DataSet& data = run.data;
   const std::size_t target = AddSavedColumn(data, "R-" + cases.dependent_name);
-  data.matrix.Set(kVariableLabelRow, target, data.matrix.Cell(kVariableLabelRow, data.RoleVariable[kMainRole]));
+  if (!cases.dependent_label.empty()) data.matrix.SetText(kVariableLabelRow, target, cases.dependent_label);
   SaveCaseValues(data, target, cases.accepted, model.residuals);
 }
 

@@ -15,10 +15,9 @@ namespace {
 constexpr std::string_view kTitle = "Regression Comparison for Y = ";
 
 // The case pass, what both kinds ask of the cases, and the model. One variable may stand in several places.
-void RunModel(ProcedureRun& run) {
-  const RunCases begun(run);
-  const ModelCases cases =
-      GatherModelCases(run.data, begun.control, run.data.RoleVariable[kMainRole], run.panel.IndependentVariables);
+void RunModel(ProcedureRun& run, std::size_t dependent) {
+  const CaseSource source = BeginCases(run);
+  const ModelCases cases = GatherModelCases(source, dependent, run.panel.IndependentVariables);
   if (cases.n < 2) {
     run.ReportError(ErrorMessage(kTitle, cases.dependent_name, "Two or more cases are required."));
     return;
@@ -30,16 +29,16 @@ void RunModel(ProcedureRun& run) {
     return;
   }
   if (run.panel.regression == RegressionKind::kLogistic) {
-    ReportLogistic(run, begun.control, cases);
+    ReportLogistic(run, source.control, cases);
   } else {
-    ReportLeastSquares(run, begun.control, cases);
+    ReportLeastSquares(run, source.control, cases);
   }
 }
 
 }  // namespace
 
-void RunRegression(ProcedureRun& run) {
-  const std::size_t dependent = run.data.RoleVariable[kMainRole];
+void RunRegression(ProcedureRun& run, const Roles& roles) {
+  const std::size_t dependent = roles.main;
   const std::vector<std::size_t>& independent = run.panel.IndependentVariables;
   if (dependent < 1 || independent.empty()) {
     const std::string names = run.data.VariableName(dependent) + " by " +
@@ -48,7 +47,7 @@ void RunRegression(ProcedureRun& run) {
         ErrorMessage("Multiple Regression: ", names, "You must select a dependent and independent variable."));
     return;
   }
-  RunModel(run);
+  RunModel(run, dependent);
   if (run.panel.checks.Check1) RebuildVariableLists(run.data);  // the names of what was saved
 }
 

@@ -9,6 +9,6 @@ namespace tessara {
 
 // Appends the report, or an error frame when cases or outcomes are too few, and leaves no charts. The columns that the
 // panel wants saved stand behind the last variable by then.
-void RunRegression(ProcedureRun& run);
+void RunRegression(ProcedureRun& run, const Roles& roles);
 
 }  // namespace tessara

@@ -138,10 +138,10 @@ TEST(Anova, WholeReportWithBothBoxesClear) {
 TEST(Anova, BothVariablesMustBeSelected) {
   const char* sentence = "You must select a dependent and independent variable.";
   AnovaRun run(Groups({{"a", {1, 2}}, {"b", {3, 4}}}));
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(), FramedError("ANOVA Comparison:  by G", sentence));
-  run.data.RoleVariable[kMainRole] = 1;
-  run.data.RoleVariable[kIndependentRole] = 0;
+  run.roles.main = 1;
+  run.roles.independent = 0;
   EXPECT_EQ(run.Report(), FramedError("ANOVA Comparison: Y by ", sentence));
   EXPECT_TRUE(run.aborted);
 }

@@ -189,8 +189,7 @@ TEST(CorrelationMatrix, CellsAreThoseOfTheReportOfThePair) {
       if (with_gaps && random() % 7 == 0) b.cells.back() = "x";
     }
     TestRun run = MatrixRun({a, b}, 2);
-    const CorrelationStore store =
-        ComputeCorrelationMatrix(run.data, CaseControl(run.data, {}), run.panel.SelectedVariables);
+    const CorrelationStore store = ComputeCorrelationMatrix(CasesOfAllRecords(run.data), run.panel.SelectedVariables);
     const auto& cell = store.At(1, 0);
     ASSERT_TRUE(cell.has_value());
     run.Independent(2);
@@ -212,8 +211,7 @@ TEST(CorrelationMatrix, EveryPairOfManyVariablesIsThere) {
     columns.push_back(std::move(column));
   }
   TestRun run = MatrixRun(columns, 100);
-  const CorrelationStore store =
-      ComputeCorrelationMatrix(run.data, CaseControl(run.data, {}), run.panel.SelectedVariables);
+  const CorrelationStore store = ComputeCorrelationMatrix(CasesOfAllRecords(run.data), run.panel.SelectedVariables);
   for (std::size_t i = 0; i < 100; ++i) {
     for (std::size_t j = i; j < 100; ++j) {
       ASSERT_TRUE(store.At(i, j).has_value()) << i << " " << j;

@@ -107,10 +107,10 @@ TEST(Correlation, BothVariablesMustBeSet) {
   TestRun run(kColumns);
   EXPECT_EQ(run.Report(RunCorrelation), FramedError(std::string(kHead) + "Y by ", kSentence));
   EXPECT_TRUE(run.aborted);
-  run.data.RoleVariable[kIndependentRole] = 2;
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.independent = 2;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunCorrelation), FramedError(std::string(kHead) + " by X", kSentence));
-  run.data.RoleVariable[kMainRole] = 9;  // a column that the data do not have
+  run.roles.main = 9;  // a column that the data do not have
   EXPECT_EQ(run.Report(RunCorrelation), FramedError(std::string(kHead) + " by X", kSentence));
 }
 
@@ -248,8 +248,12 @@ TEST(CorrelationCharts, NoneWithTwoAnalysisVariables) {
   EXPECT_TRUE(run.charts.charts.empty());
 }
 
-void RunRegression(ProcedureRun& run) { RunCorrelationWith(run, {.regression = true, .save_residuals = false}); }
-void RunRegressionSaving(ProcedureRun& run) { RunCorrelationWith(run, {.regression = true, .save_residuals = true}); }
+void RunRegression(ProcedureRun& run, const Roles& roles) {
+  RunCorrelationWith(run, roles, {.regression = true, .save_residuals = false});
+}
+void RunRegressionSaving(ProcedureRun& run, const Roles& roles) {
+  RunCorrelationWith(run, roles, {.regression = true, .save_residuals = true});
+}
 
 // Slope, intercept, error and deviations by scipy and numpy. R Squared is that of 0.835, and so is the error of the
 // estimate: sqrt(1 - 0.697225) * sqrt(5 / 4) * 2.71047.

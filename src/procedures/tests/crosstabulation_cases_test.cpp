@@ -227,7 +227,7 @@ TEST(Crosstabulation, AVariableThatIsNotSelected) {
   EXPECT_EQ(run.Report(RunCrosstabulation), FramedError("Crosstab Comparison: A by ", sentence));
   EXPECT_TRUE(run.aborted);
   run.Independent(2);
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunCrosstabulation), FramedError("Crosstab Comparison:  by B", sentence));
 }
 

@@ -102,7 +102,7 @@ TEST(Descriptives, FewerThanTwoObservationsGiveTheErrorFrame) {
 
 TEST(Descriptives, WithoutAVariableTheErrorFrameHasAnEmptyName) {
   TestRun run({{"X", Texts({"1"}), "", "", {}}});
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunDescriptives),
             FramedError("Descriptive Analysis: ", "You must select a dependent variable."));
 }
@@ -303,16 +303,15 @@ TEST(Descriptives, AgreesWithTheLiteralPasses) {
     }
     DataSet data =
         MakeTestData({{"X", cells, "", round % 2 ? "99||||||" : "99|||||500|", {}}, {"C", control_cells, "", "", {}}});
-    data.RoleVariable[kMainRole] = 1;
-    if (round % 3 == 0) data.RoleVariable[kControlRole] = 2;
-    LoadMissingSet(data, kMainRole);
-    const CaseControl control(data, {ControlRelation::kEqualTo, "1"});
+    const MissingValues missing = LoadMissingSet(data.matrix, 1);
+    const CaseSource source = CasesOfAllRecords(data, round % 3 == 0 ? 2 : 0, {ControlRelation::kEqualTo, "1"});
+    const CaseControl& control = source.control;
 
     std::vector<double> array;
     double sum = 0;
     std::size_t excluded = 0;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-      if (data.MissingSet[kMainRole].IsMissing(cells[i])) {
+      if (missing.IsMissing(cells[i])) {
         ++excluded;
         continue;
       }
@@ -326,7 +325,7 @@ TEST(Descriptives, AgreesWithTheLiteralPasses) {
       array.resize(std::max(array.size(), i - excluded + 1));
       array[i - excluded] = x;
     }
-    DescriptiveCases cases = GatherDescriptives(data, control, 1);
+    DescriptiveCases cases = GatherDescriptives(source, 1);
     ASSERT_EQ(cases.values, array);
     ASSERT_EQ(cases.sum, sum);
     ASSERT_EQ(cases.excluded, excluded);

@@ -309,7 +309,7 @@ TEST(Diagnostic, AVariableThatIsNotSelected) {
   EXPECT_EQ(run.Report(RunDiagnostic), FramedError("Diagnostic Accuracy: T by ", sentence));
   EXPECT_TRUE(run.aborted);
   run.Independent(2);
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunDiagnostic), FramedError("Diagnostic Accuracy:  by D", sentence));
 }
 

@@ -173,7 +173,7 @@ TEST(Frequencies, AllCasesMissingGivesTheErrorFrame) {
 
 TEST(Frequencies, WithoutAVariableTheErrorFrameHasAnEmptyName) {
   TestRun run({{"X", Texts({"1"}), "", "", {}}});
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunFrequencies), FramedError("Frequency Analysis: ", "You must select a dependent variable."));
 }
 
@@ -272,12 +272,10 @@ TEST(Frequencies, CountingByCellAgreesWithTheWalk) {
     }
     cells.emplace_back("5");
     DataSet data = MakeTestData({{"X", cells, "", "10||||||", {}}});
-    data.RoleVariable[kMainRole] = 1;
-    LoadMissingSet(data, kMainRole);
-
+    const MissingValues missing = LoadMissingSet(data.matrix, 1);
     std::vector<TaggedValue> working;
     for (const TaggedValue& cell : cells) {
-      if (!data.MissingSet[kMainRole].IsMissing(cell)) working.push_back(cell);
+      if (!missing.IsMissing(cell)) working.push_back(cell);
     }
     bool all_numeric = true;
     for (TaggedValue& value : working) {
@@ -294,7 +292,7 @@ TEST(Frequencies, CountingByCellAgreesWithTheWalk) {
       return x != y ? x < y : a.view().text() < b.view().text();
     });
 
-    const FrequencyCases cases = GatherFrequencies(data, CaseControl(data, {}), 1);
+    const FrequencyCases cases = GatherFrequencies(CasesOfAllRecords(data), 1);
     ASSERT_EQ(cases.accepted, working.size());
     std::size_t at = 0;
     for (const auto& category : cases.categories) {

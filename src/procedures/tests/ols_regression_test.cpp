@@ -194,7 +194,7 @@ TEST(LeastSquares, AsManyCasesAsCoefficientsAreRefused) {
 
 TEST(LeastSquares, WithoutVariablesTheTextNamesThePair) {
   RegressionRun run({{"Y", Texts({"1", "3"})}, {"X", Texts({"1", "2"})}}, {2});
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(),
             FramedError("Multiple Regression:  by X", "You must select a dependent and independent variable."));
 }
@@ -290,7 +290,7 @@ TEST(LeastSquares, WithoutAnErrorThereIsNoTest) {
   model.CoefBeta = {0, 0.5};
   model.t = model.p = {0, 0};
   DataSet data = MakeTestData({{"Y"}, {"X"}});
-  const std::string report = LeastSquaresReport(cases, model, CaseControl(data, {}), false);
+  const std::string report = LeastSquaresReport(cases, model, CaseControl(data, 0, {}), false);
   EXPECT_NE(report.find("  Regression              0.000         0             0.000      0.000        NA\r\n"),
             std::string::npos)
       << report;

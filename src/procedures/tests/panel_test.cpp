@@ -180,136 +180,136 @@ TEST_F(PanelTest, TheKindOfRegressionSelectsRegression) {
 }
 
 TEST_F(PanelTest, AClickTakesTheMainVariable) {
-  PickVariable(data, 7);
-  EXPECT_EQ(data.RoleVariable[kMainRole], 7u);
-  PickVariable(data, 0);
-  EXPECT_EQ(data.RoleVariable[kMainRole], 0u);
+  PickVariable(panel, 7);
+  EXPECT_EQ(panel.PickedVariable, 7u);
+  PickVariable(panel, 0);
+  EXPECT_EQ(panel.PickedVariable, 0u);
 }
 
 TEST_F(PanelTest, ChosenVariablesAreAddedInListOrder) {
-  AddAnalysisVariable(data, panel, platform, {2, 5});
-  AddAnalysisVariable(data, panel, platform, {1});
+  AddAnalysisVariable(panel, platform, {2, 5});
+  AddAnalysisVariable(panel, platform, {1});
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 5, 1}));
-  EXPECT_EQ(data.SelectedVariableCount, 3u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 3u);
   AddIndependentVariable(panel, platform, {4, 6});
   EXPECT_EQ(panel.IndependentVariables, (Columns{4, 6}));
-  EXPECT_EQ(data.SelectedVariableCount, 3u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 3u);
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, AVariableCanBeChosenTwice) {
-  AddAnalysisVariable(data, panel, platform, {3});
-  AddAnalysisVariable(data, panel, platform, {3});
+  AddAnalysisVariable(panel, platform, {3});
+  AddAnalysisVariable(panel, platform, {3});
   EXPECT_EQ(panel.SelectedVariables, (Columns{3, 3}));
 }
 
 TEST_F(PanelTest, NoneIsNoVariableOfAList) {
-  AddAnalysisVariable(data, panel, platform, {0, 3});
+  AddAnalysisVariable(panel, platform, {0, 3});
   AddIndependentVariable(panel, platform, {0});
   EXPECT_EQ(panel.SelectedVariables, Columns{3});
-  EXPECT_EQ(data.SelectedVariableCount, 1u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 1u);
   EXPECT_TRUE(panel.IndependentVariables.empty());
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, WithoutASelectionEachOperationAsksForOne) {
-  AddAnalysisVariable(data, panel, platform, {});
+  AddAnalysisVariable(panel, platform, {});
   ExpectOneBox("Procedure Aborted", "You must select a variable from the list");
   platform.messages.clear();
   AddIndependentVariable(panel, platform, {});
   ExpectOneBox("Procedure Aborted", "You must select a variable from the list");
   platform.messages.clear();
-  SetControlVariable(data, platform, {});
+  SetControlVariable(panel, data, platform, {});
   ExpectOneBox("Procedure Aborted", "You must select a variable from the list");
 }
 
 TEST_F(PanelTest, AnEighthVariableForListVariablesIsRefused) {
   SelectProcedure(panel, Procedure::kListVariables);
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4, 5, 6, 7});
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4, 5, 6, 7});
   EXPECT_TRUE(platform.messages.empty());
-  AddAnalysisVariable(data, panel, platform, {8});
+  AddAnalysisVariable(panel, platform, {8});
   ExpectOneBox("Maximum Reached", "The list variables procedure is limited to seven variables.");
   EXPECT_EQ(panel.SelectedVariables.size(), 7u);
-  EXPECT_EQ(data.SelectedVariableCount, 7u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 7u);
 }
 
 TEST_F(PanelTest, AddingStopsAtTheSeventhWithOneBox) {
   SelectProcedure(panel, Procedure::kListVariables);
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
   EXPECT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(panel.SelectedVariables, (Columns{1, 2, 3, 4, 5, 6, 7}));
 }
 
 TEST_F(PanelTest, OtherProceduresTakeMoreThanSevenVariables) {
   SelectProcedure(panel, Procedure::kFrequencies);
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4, 5, 6, 7, 8});
-  EXPECT_EQ(data.SelectedVariableCount, 8u);
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4, 5, 6, 7, 8});
+  EXPECT_EQ(panel.SelectedVariables.size(), 8u);
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, RemovingKeepsTheRestInOrder) {
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4});
-  RemoveAnalysisVariables(data, panel, {0, 2, 2, 9});
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4});
+  RemoveAnalysisVariables(panel, {0, 2, 2, 9});
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 4}));
-  EXPECT_EQ(data.SelectedVariableCount, 2u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 2u);
   AddIndependentVariable(panel, platform, {5, 6});
   RemoveIndependentVariables(panel, {1});
   EXPECT_EQ(panel.IndependentVariables, Columns{5});
 }
 
 TEST_F(PanelTest, AnArrowWithoutASelectionRemovesFromItsTarget) {
-  PressAnalysisArrow(data, panel, platform, {1, 2, 3}, {});
-  PressAnalysisArrow(data, panel, platform, {}, {0});
+  PressAnalysisArrow(panel, platform, {1, 2, 3}, {});
+  PressAnalysisArrow(panel, platform, {}, {0});
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 3}));
-  PressAnalysisArrow(data, panel, platform, {}, {});
+  PressAnalysisArrow(panel, platform, {}, {});
   EXPECT_EQ(panel.SelectedVariables, Columns{2});
-  EXPECT_EQ(data.SelectedVariableCount, 1u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 1u);
 
   PressIndependentArrow(panel, platform, {4, 5}, {});
   PressIndependentArrow(panel, platform, {}, {1});
   EXPECT_EQ(panel.IndependentVariables, Columns{4});
 
-  PressControlArrow(data, platform, {6});
-  EXPECT_EQ(data.RoleVariable[kControlRole], 6u);
-  PressControlArrow(data, platform, {});
-  EXPECT_EQ(data.RoleVariable[kControlRole], 0u);
+  PressControlArrow(panel, data, platform, {6});
+  EXPECT_EQ(panel.control_variable.column, 6u);
+  PressControlArrow(panel, data, platform, {});
+  EXPECT_EQ(panel.control_variable.column, 0u);
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, AnArrowWithASelectionAddsWhateverIsMarked) {
-  PressAnalysisArrow(data, panel, platform, {1}, {});
-  PressAnalysisArrow(data, panel, platform, {2}, {0});
+  PressAnalysisArrow(panel, platform, {1}, {});
+  PressAnalysisArrow(panel, platform, {2}, {0});
   EXPECT_EQ(panel.SelectedVariables, (Columns{1, 2}));
 }
 
 TEST_F(PanelTest, AnArrowWithNothingOnEitherSideAsksForASelection) {
-  PressAnalysisArrow(data, panel, platform, {}, {});
+  PressAnalysisArrow(panel, platform, {}, {});
   PressIndependentArrow(panel, platform, {}, {});
-  PressControlArrow(data, platform, {});
+  PressControlArrow(panel, data, platform, {});
   ASSERT_EQ(platform.messages.size(), 3u);
   for (const auto& box : platform.messages) EXPECT_EQ(box.text, "You must select a variable from the list");
 }
 
 TEST_F(PanelTest, NoneAsControlVariableClearsIt) {
-  SetControlVariable(data, platform, {9});
-  EXPECT_TRUE(ControlIsSet(data));
-  SetControlVariable(data, platform, {0});
-  EXPECT_FALSE(ControlIsSet(data));
+  SetControlVariable(panel, data, platform, {9});
+  EXPECT_TRUE(ControlIsSet(panel, data));
+  SetControlVariable(panel, data, platform, {0});
+  EXPECT_FALSE(ControlIsSet(panel, data));
 }
 
 TEST_F(PanelTest, AControlVariableBeyondTheDataCountsAsNone) {
-  data.RoleVariable[kControlRole] = data.VariableCount;
-  EXPECT_TRUE(ControlIsSet(data));
-  data.RoleVariable[kControlRole] = data.VariableCount + 1;
-  EXPECT_FALSE(ControlIsSet(data));
+  panel.control_variable.column = data.VariableCount;
+  EXPECT_TRUE(ControlIsSet(panel, data));
+  panel.control_variable.column = data.VariableCount + 1;
+  EXPECT_FALSE(ControlIsSet(panel, data));
 }
 
 TEST_F(PanelTest, ResettingTheControlClearsVariableRelationAndValue) {
-  SetControlVariable(data, platform, {2});
+  SetControlVariable(panel, data, platform, {2});
   panel.control = {ControlRelation::kLessThan, "4"};
-  AddAnalysisVariable(data, panel, platform, {1});
-  ResetControl(data, panel);
-  EXPECT_EQ(data.RoleVariable[kControlRole], 0u);
+  AddAnalysisVariable(panel, platform, {1});
+  ResetControl(panel);
+  EXPECT_EQ(panel.control_variable.column, 0u);
   EXPECT_EQ(panel.control.relation, ControlRelation::kNone);
   EXPECT_EQ(panel.control.value, "");
   EXPECT_EQ(panel.SelectedVariables, Columns{1});
@@ -332,35 +332,34 @@ TEST_F(PanelTest, AControlValueOfAComparisonTakesNumbersOnly) {
 }
 
 TEST_F(PanelTest, ALoadEmptiesTheListsAndKeepsTheControl) {
-  AddAnalysisVariable(data, panel, platform, {1, 2});
+  AddAnalysisVariable(panel, platform, {1, 2});
   AddIndependentVariable(panel, platform, {3});
-  SetControlVariable(data, platform, {4});
+  SetControlVariable(panel, data, platform, {4});
   panel.control = {ControlRelation::kEqualTo, "x"};
-  ClearPanelLists(data, panel);
+  ClearPanelLists(panel);
   EXPECT_TRUE(panel.SelectedVariables.empty());
   EXPECT_TRUE(panel.IndependentVariables.empty());
-  EXPECT_EQ(data.SelectedVariableCount, 0u);
-  EXPECT_EQ(data.RoleVariable[kControlRole], 4u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 0u);
+  EXPECT_EQ(panel.control_variable.column, 4u);
   EXPECT_EQ(panel.control.value, "x");
 }
 
 TEST_F(PanelTest, AResetLeavesTheProcedureAlone) {
   SelectProcedure(panel, Procedure::kDescriptives);
-  AddAnalysisVariable(data, panel, platform, {1, 2});
+  AddAnalysisVariable(panel, platform, {1, 2});
   AddIndependentVariable(panel, platform, {3});
-  SetControlVariable(data, platform, {4});
+  SetControlVariable(panel, data, platform, {4});
   panel.control = {ControlRelation::kEqualTo, "x"};
-  data.RoleVariable[2] = 5;
-  data.RoleVariable[3] = 6;
-  PickVariable(data, 1);
+  PickVariable(panel, 1);
   panel.Text5 = "1";
   panel.Text6 = "2";
-  ResetPanel(data, panel);
+  ResetPanel(panel);
   EXPECT_EQ(panel.selected, Procedure::kDescriptives);
   EXPECT_TRUE(panel.SelectedVariables.empty());
   EXPECT_TRUE(panel.IndependentVariables.empty());
-  EXPECT_EQ(data.SelectedVariableCount, 0u);
-  EXPECT_EQ(data.RoleVariable, (std::array<std::size_t, 5>{}));
+  EXPECT_EQ(panel.SelectedVariables.size(), 0u);
+  EXPECT_EQ(panel.PickedVariable, 0u);
+  EXPECT_FALSE(ControlIsSet(panel, data));
   EXPECT_EQ(panel.control.relation, ControlRelation::kNone);
   EXPECT_EQ(panel.control.value, "");
   EXPECT_EQ(panel.Text5, "");

@@ -28,7 +28,6 @@ class RunTest : public testing::Test {
     SelectProcedure(panel, procedure);
     panel.SelectedVariables = std::move(analysis);
     panel.IndependentVariables = std::move(independent);
-    data.SelectedVariableCount = panel.SelectedVariables.size();
   }
 
   RunOutcome RunNow() {
@@ -77,7 +76,7 @@ TEST_F(RunTest, NoVariableComesAheadOfNoProcedure) {
 
 TEST_F(RunTest, IndependentVariablesAloneAreNoSelection) {
   Select(Procedure::kCrosstabulation, {}, {2});
-  data.RoleVariable[kControlRole] = 1;
+  panel.control_variable.column = 1;
   ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
 }
 
@@ -88,13 +87,13 @@ TEST_F(RunTest, NoProcedure) {
 }
 
 TEST_F(RunTest, AControlVariableAloneIsASubsetRequestAndNoError) {
-  data.RoleVariable[kControlRole] = 1;
+  panel.control_variable.column = 1;
   ExpectComesNext(RunNow());
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
 }
 
 TEST_F(RunTest, AControlVariableBeyondTheDataIsNoSubsetRequest) {
-  data.RoleVariable[kControlRole] = 21;
+  panel.control_variable.column = 21;
   ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
 }
 
@@ -185,7 +184,6 @@ TEST_F(RunTest, EachVariableIsTheMainOneInListOrder) {
   EXPECT_LT(text.find("Variable: V2"), text.find("Variable: V1"));
   EXPECT_NE(text.find("Variable: V1"), std::string::npos);
   EXPECT_EQ(output.OutputLogText, text);
-  EXPECT_EQ(data.RoleVariable[kMainRole], 1u);
 }
 
 TEST_F(RunTest, ARunReplacesTheMostRecentOutputAndExtendsTheLog) {

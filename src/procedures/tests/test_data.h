@@ -47,25 +47,35 @@ inline DataSet MakeTestData(const std::vector<TestColumn>& columns) {
 
 inline std::vector<TaggedValue> Texts(const std::vector<const char*>& texts) { return {texts.begin(), texts.end()}; }
 
+// All records of the data set as cases, filtered by the variable of a column.
+inline CaseSource CasesOfAllRecords(const DataSet& data, std::size_t control_column = 0,
+                                    const ControlChoice& choice = {}) {
+  return {data, {data.RecordCount, data.VariableCount}, CaseControl(data, control_column, choice)};
+}
+
 // A data set with its panel, and what comes of running one procedure on column 1.
 struct TestRun {
-  explicit TestRun(const std::vector<TestColumn>& columns) : data(MakeTestData(columns)) {
-    data.RoleVariable[kMainRole] = 1;
-  }
+  explicit TestRun(const std::vector<TestColumn>& columns) : data(MakeTestData(columns)) {}
 
   void Control(std::size_t column, ControlRelation relation = ControlRelation::kNone, const std::string& value = {}) {
-    data.RoleVariable[kControlRole] = column;
+    panel.control_variable = {column, data.VariableName(column)};
     panel.control = {relation, value};
   }
 
   // The variable that the main one is compared with.
   void Independent(std::size_t column) {
-    data.RoleVariable[kIndependentRole] = column;
+    roles.independent = column;
     panel.IndependentVariables = {column};
   }
 
   // The report without its separator.
-  std::string Report(void (*procedure)(ProcedureRun&)) {
+  std::string Report(void (*procedure)(ProcedureRun&, const Roles&)) {
+    return ReportOf([&](ProcedureRun& run) { procedure(run, roles); });
+  }
+  std::string Report(void (*procedure)(ProcedureRun&)) { return ReportOf(procedure); }
+
+  template <typename Procedure>
+  std::string ReportOf(Procedure procedure) {
     ProcedureRun run{.data = data, .panel = panel, .output = output, .charts = charts, .platform = platform};
     procedure(run);
     aborted = run.aborted;
@@ -76,6 +86,7 @@ struct TestRun {
   }
 
   DataSet data;
+  Roles roles{.main = 1};
   ProcedurePanel panel;
   OutputLog output;
   ChartStore charts;

@@ -164,10 +164,10 @@ TEST(TTest, ExchangedGroupsFlipTheSignOfT) {
 TEST(TTest, BothVariablesMustBeSelected) {
   TTestRun run({{"Y", Texts({"1"})}, {"G", Texts({"1"})}});
   const char* sentence = "You must select an independent and dependent variable.";
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison:  by G", sentence));
-  run.data.RoleVariable[kMainRole] = 1;
-  run.data.RoleVariable[kIndependentRole] = 0;
+  run.roles.main = 1;
+  run.roles.independent = 0;
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison: Y by ", sentence));
   EXPECT_TRUE(run.aborted);
 }
@@ -209,7 +209,7 @@ TEST(TTest, BothGroupsMustReachFive) {
 TEST(TTest, EqualGroupValuesMatchTheFirstGroup) {
   TTestRun run(TwoGroups({1, 2, 3, 4, 5, 6}, {2, 3, 4, 5, 6, 7}), "1", "1");
   EXPECT_EQ(run.Report(), FramedText(kFiveMessage));
-  const TTestCases cases = GatherTTest(run.data, CaseControl(run.data, {}), 1, 2, {"1", "1"});
+  const TTestCases cases = GatherTTest(CasesOfAllRecords(run.data), run.roles, {"1", "1"});
   EXPECT_EQ(cases[0].size(), 6u);
   EXPECT_EQ(cases[1].size(), 0u);
 }
@@ -301,13 +301,13 @@ TEST(TTest, HugeValuesLeaveTheFailingFiguresAtZero) {
 TEST(TTest, TypedValuesMeetTextsAndNumbersByTheirText) {
   const DataSet data = MakeTestData(
       {{"Y", Texts({"1", "2", "3", "4", "5", "6"})}, {"G", {"0.5", 0.5, ".5", 2.0, "2", "2.0"}, "", "2||||||"}});
-  DataSet copy = MakeTestData({});
-  const CaseControl control(copy, {});
-  const TTestCases cases = GatherTTest(data, control, 1, 2, {"0.5", "2"});
+  const CaseSource source = CasesOfAllRecords(data);
+  const Roles roles{.main = 1, .independent = 2};
+  const TTestCases cases = GatherTTest(source, roles, {"0.5", "2"});
   EXPECT_EQ(cases[0], (std::vector<double>{1, 2}));
   EXPECT_EQ(cases[1], (std::vector<double>{4, 5}));  // though 2 is a missing value of the variable
-  EXPECT_EQ(GatherTTest(data, control, 1, 2, {".5", "2.0"})[0], (std::vector<double>{3}));
-  EXPECT_TRUE(GatherTTest(data, control, 1, 2, {" 2", "x"})[0].empty());
+  EXPECT_EQ(GatherTTest(source, roles, {".5", "2.0"})[0], (std::vector<double>{3}));
+  EXPECT_TRUE(GatherTTest(source, roles, {" 2", "x"})[0].empty());
 }
 
 TEST(TTest, EachSampleLeavesAHistogram) {

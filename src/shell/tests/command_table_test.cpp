@@ -219,7 +219,7 @@ TEST_F(CommandTest, NewOnThePanelResetsIt) {
   OpenDataFile(session, WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
   session.panel.IndependentVariables = {2};
-  session.data.RoleVariable[kControlRole] = 1;
+  session.panel.control_variable.column = 1;
   Execute(101, View::ViewStatProcs);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
   EXPECT_TRUE(session.panel.IndependentVariables.empty());

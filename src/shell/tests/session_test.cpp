@@ -100,14 +100,12 @@ TEST_F(StartTest, DocumentationFlagsFollowTheFiles) {
 TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControl) {
   session.panel.SelectedVariables = {1, 2};
   session.panel.IndependentVariables = {3};
-  session.data.SelectedVariableCount = 2;
-  session.data.RoleVariable[kControlRole] = 2;
+  session.panel.control_variable.column = 2;
   platform.open_answers = {Chosen(WriteDataFile("people.dcs"))};
   EXPECT_EQ(OpenDataFile(session), LoadOutcome::kLoaded);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
   EXPECT_TRUE(session.panel.IndependentVariables.empty());
-  EXPECT_EQ(session.data.SelectedVariableCount, 0u);
-  EXPECT_EQ(session.data.RoleVariable[kControlRole], 2u);
+  EXPECT_EQ(session.panel.control_variable.column, 2u);
   EXPECT_EQ(session.data.DataFilePath, folder / "people.dcs");
   EXPECT_EQ(platform.panes[2], "2 Records");
 }
@@ -174,13 +172,12 @@ TEST_F(SessionTest, SaveAsMovesThePathAndTheGridTitle) {
 TEST_F(SessionTest, NewDataResetThePanelToo) {
   OpenDataFile(session, WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
-  session.data.SelectedVariableCount = 1;
-  session.data.RoleVariable[kControlRole] = 2;
+  session.panel.control_variable.column = 2;
   session.panel.control = {ControlRelation::kEqualTo, "1"};
   session.data.DataDirty = true;
   NewData(session);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
-  EXPECT_FALSE(ControlIsSet(session.data));
+  EXPECT_FALSE(ControlIsSet(session.panel, session.data));
   EXPECT_EQ(session.panel.control.value, "");
   EXPECT_TRUE(session.data.DataFilePath.empty());
   EXPECT_EQ(session.data.ProjectNotes, "");
