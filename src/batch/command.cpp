@@ -306,7 +306,6 @@ CommandResult RunCommand(Batch& batch, const CommandRow& command, const CommandW
   }
   batch.platform.answers = {};
   batch.platform.refused = false;
-  batch.platform.asked_for_name = false;
   CommandResult result = command.run(batch, words);
   if (result.status == BatchStatus::kNotUnderstood) result.error = name + ": " + result.error;
   if (result.status == BatchStatus::kAllWell && batch.platform.refused) result.status = BatchStatus::kRefused;

@@ -29,8 +29,9 @@ std::string WithBoxLineEnds(std::string_view text) {
 CommandResult OpenPath(Batch& batch, std::string_view utf8_path) {
   const std::string refusal = Quoted(utf8_path) + " cannot be opened";
   if (!IsPossiblePath(utf8_path)) return NotUnderstood(refusal);
-  batch.platform.answers.open_path = PathFromUtf8(utf8_path);
-  if (OpenDataFile(batch.session) == LoadOutcome::kUnreadable) return NotUnderstood(refusal);
+  if (OpenDataFile(batch.session, PathFromUtf8(utf8_path), FilePick::kPicked) == LoadOutcome::kUnreadable) {
+    return NotUnderstood(refusal);
+  }
   return Done();
 }
 
@@ -42,14 +43,20 @@ CommandResult New(Batch& batch, const CommandWords&) {
 }
 
 CommandResult Save(Batch& batch, const CommandWords& words) {
-  if (words.words.empty()) {
-    SaveData(batch.session);
-    return batch.platform.asked_for_name ? NotUnderstood("PATH is missing, the data have no file of their own")
-                                         : Done();
+  if (!words.words.empty()) {
+    if (!IsPossiblePath(words.words[0])) return NotUnderstood(Quoted(words.words[0]) + " is not a path");
+    SaveDataTo(batch.session, PathFromUtf8(words.words[0]));
+    return Done();
   }
-  if (!IsPossiblePath(words.words[0])) return NotUnderstood(Quoted(words.words[0]) + " is not a path");
-  batch.platform.answers.save_path = PathFromUtf8(words.words[0]);
-  SaveDataAs(batch.session);
+  switch (SaveData(batch.session)) {
+    case SaveOutcome::kNoName:
+      return NotUnderstood("PATH is missing, the data have no file of their own");
+    case SaveOutcome::kFolderGone:
+      return NotUnderstood("the folder of " + Quoted(PathToUtf8(batch.session.data.DataFilePath)) + " is not there");
+    case SaveOutcome::kSaved:
+    case SaveOutcome::kFailed:
+      break;
+  }
   return Done();
 }
 

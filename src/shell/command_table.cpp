@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
+#include "shell/file_questions.h"
 
 namespace tessara {
 namespace {
@@ -120,12 +121,12 @@ void New(Session& session) {
 }
 
 void Open(Session& session) {
-  if (InView(session, View::ViewDataGrid)) OpenDataFile(session);
+  if (InView(session, View::ViewDataGrid)) AskAndOpenData(session);
   if (InOutputText(session)) OpenOutputText(session.output, session.platform);
 }
 
 void Save(Session& session) {
-  if (InView(session, View::ViewDataGrid)) SaveData(session);
+  if (InView(session, View::ViewDataGrid)) SaveDataOrAsk(session);
   if (InOutputText(session)) {
     SaveOutputText(session.output, session.platform);
     session.platform.SetStatusPane(kMessagePane, "Save Completed");
@@ -134,7 +135,7 @@ void Save(Session& session) {
 }
 
 void SaveAs(Session& session) {
-  if (InView(session, View::ViewDataGrid)) SaveDataAs(session);
+  if (InView(session, View::ViewDataGrid)) AskAndSaveData(session);
 }
 
 void Print(Session& session, const WidgetState& widgets) {

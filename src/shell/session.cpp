@@ -6,6 +6,7 @@
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
+#include "shell/file_questions.h"
 
 namespace tessara {
 namespace {
@@ -14,17 +15,14 @@ constexpr const char* kWarning = "Warning!";
 
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
 
-void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& waiting_path) {
+void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& path) {
   switch (outcome) {
     case LoadOutcome::kLoaded:
       return session.platform.SetStatusPane(kMessagePane, "Ready");
     case LoadOutcome::kEmptyFile:
-      return session.platform.SetStatusPane(kMessagePane, NameOf(session.data.DataFilePath) + " is empty");
+      return session.platform.SetStatusPane(kMessagePane, NameOf(path) + " is empty");
     case LoadOutcome::kUnreadable:
-      return session.platform.SetStatusPane(
-          kMessagePane, "Cannot open " + (waiting_path.empty() ? std::string("this file") : NameOf(waiting_path)));
-    case LoadOutcome::kCancelled:
-      return;
+      return session.platform.SetStatusPane(kMessagePane, "Cannot open " + NameOf(path));
   }
 }
 
@@ -49,7 +47,7 @@ bool AskAboutData(Session& session) {
       {kWarning, "Do you wish to save the changes to the data file?", Buttons::kYesNoCancel, Tone::kQuestion})) {
     case Answer::kYes:
       session.wanted_view = View::ViewDataGrid;
-      SaveDataAs(session);
+      AskAndSaveData(session);
       return false;
     case Answer::kNo:
       session.data.DataDirty = false;
@@ -82,7 +80,7 @@ void StartSession(Session& session, const Path& command_line_file) {
   MakeDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, "Ready");
   RefreshStatus(session);
-  if (!command_line_file.empty()) OpenDataFile(session, command_line_file);
+  if (!command_line_file.empty()) OpenDataFile(session, command_line_file, FilePick::kCommandLine);
 }
 
 void StartBatchSession(Session& session) { PrepareSession(session); }
@@ -94,24 +92,19 @@ void TestDocumentationFiles(Session& session) {
   }
 }
 
-LoadOutcome OpenDataFile(Session& session) { return OpenDataFile(session, {}); }
-
-LoadOutcome OpenDataFile(Session& session, const Path& waiting_path) {
-  session.data.WaitingPath = waiting_path;
-  const LoadOutcome outcome = LoadDataFile(session.data, session.platform);
+LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
+  const LoadOutcome outcome = LoadDataFile(session.data, session.platform, path, pick);
   if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.data, session.panel);
-  ShowLoadOutcome(session, outcome, waiting_path);
+  ShowLoadOutcome(session, outcome, path);
   RefreshStatus(session);
   return outcome;
 }
 
-SaveOutcome SaveData(Session& session) {
-  const SaveOutcome outcome = SaveDataFile(session.data, session.platform);
-  session.platform.SetStatusPane(kMessagePane, "Save Completed");  // also when it was cancelled or has failed
-  return outcome;
-}
+SaveOutcome SaveData(Session& session) { return SaveDataFile(session.data, session.platform); }
 
-SaveOutcome SaveDataAs(Session& session) { return SaveDataFileAs(session.data, session.platform); }
+SaveOutcome SaveDataTo(Session& session, const Path& path) {
+  return SaveDataFileTo(session.data, session.platform, path);
+}
 
 void NewData(Session& session) {
   NewDataFile(session.data);

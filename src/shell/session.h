@@ -64,11 +64,11 @@ void StartBatchSession(Session& session);
 
 void TestDocumentationFiles(Session& session);
 
-// The data file flows with all that depends on them: panel lists, statistics, status panes.
-LoadOutcome OpenDataFile(Session& session);
-LoadOutcome OpenDataFile(Session& session, const Path& waiting_path);
+// The data file flows with all that depends on them: panel lists, statistics, status panes. They ask for no path: where
+// one is needed, the front end has it (file_questions.h).
+LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick);
 SaveOutcome SaveData(Session& session);
-SaveOutcome SaveDataAs(Session& session);
+SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
 
 // Changes the notes box: marks the data as changed.

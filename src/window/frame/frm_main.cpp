@@ -287,7 +287,7 @@ void FrmMain::OpenFile(const Path& path) {
   const Busy busy(*this);
   {
     const WaitCursor wait(platform_);
-    if (OpenDataFile(session_, path) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
   }
   NoteRecentFile();
   ShowSession();
