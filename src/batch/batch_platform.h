@@ -50,6 +50,7 @@ class BatchPlatform : public Platform {
   std::uint64_t Entropy() override;
   Path ProgramFolder() override;
   Path DocumentsFolder() override;
+  void EnterFolder(const Path&) override {}  // the paths of a script are the shell's
 
  private:
   LogStream& stream_;

@@ -173,6 +173,32 @@ void ShowSaveError(Platform& platform, std::string_view advice) {
                             std::string(advice)});
 }
 
+// Whether the name ends in ".dcs", in any case of letters.
+bool IsDataFileName(const Path& name) {
+  std::string ending = PathToUtf8(name.extension());
+  for (char& c : ending) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return ending == kDataFileEnding;
+}
+
+// Copies the data files of a folder over those of another one. False when one fails, or there is none.
+bool CopyDataFiles(const Path& from, const Path& to) {
+  std::error_code error;
+  int copied = 0;
+  bool failed = false;
+  for (std::filesystem::directory_iterator entry(from, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code ignored;
+    if (!IsDataFileName(entry->path()) || entry->is_directory(ignored)) continue;
+    if (CopyFileOver(entry->path(), to / entry->path().filename())) {
+      ++copied;
+    } else {
+      failed = true;
+    }
+  }
+  return !error && !failed && copied > 0;
+}
+
 bool IsFolder(const Path& path) {
   std::error_code ignored;
   return std::filesystem::is_directory(path, ignored);
@@ -252,19 +278,11 @@ void RepairSampleFiles(Platform& platform) {
   if (answer != Answer::kOk) return;
   const WaitCursor wait(platform);
   const Path program = platform.ProgramFolder();
-  std::error_code error;
-  bool failed = false;
-  for (std::filesystem::directory_iterator entry(program / kHelpFolder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code ignored;
-    if (entry->path().extension() != kDataFileEnding || entry->is_directory(ignored)) continue;
-    failed |= !CopyFileOver(entry->path(), program / kDataFolder / entry->path().filename());
-  }
-  if (error || failed) {
-    platform.ShowMessage({"Repair Failed",
-                          "An error occurred when copying the files. Please manually copy the data files from the Help "
-                          "folder in the Tessara Suite program folder."});
-  }
+  platform.EnterFolder(program);
+  if (CopyDataFiles(program / kHelpFolder, program / kDataFolder)) return;
+  platform.ShowMessage({"Repair Failed",
+                        "An error occurred when copying the files. Please manually copy the data files from the Help "
+                        "folder in the Tessara Suite program folder."});
 }
 
 }  // namespace tessara

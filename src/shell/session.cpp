@@ -6,12 +6,9 @@
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
-#include "shell/file_questions.h"
 
 namespace tessara {
 namespace {
-
-constexpr const char* kWarning = "Warning!";
 
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
 
@@ -35,52 +32,31 @@ void PrepareSession(Session& session) {
   session.data.DataFilePath = session.settings.Op14;
 }
 
-void MakeDocumentsFolder(Platform& platform) {
+// "Tessara Data" among the user's documents: the working folder of a session.
+void EnterDocumentsFolder(Platform& platform) {
+  const Path folder = platform.DocumentsFolder() / "Tessara Data";
   std::error_code ignored;  // without the folder the start goes on
-  std::filesystem::create_directories(platform.DocumentsFolder() / "Tessara Data", ignored);
+  std::filesystem::create_directories(folder, ignored);
+  platform.EnterFolder(folder);
 }
 
-// Both questions of the close request: true when the close may go on.
-bool AskAboutData(Session& session) {
-  if (!session.data.DataDirty) return true;
-  switch (session.platform.ShowMessage(
-      {kWarning, "Do you wish to save the changes to the data file?", Buttons::kYesNoCancel, Tone::kQuestion})) {
-    case Answer::kYes:
-      session.wanted_view = View::ViewDataGrid;
-      AskAndSaveData(session);
-      return false;
-    case Answer::kNo:
-      session.data.DataDirty = false;
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool AskAboutOutput(Session& session) {
-  if (!session.output.OutputChanged) return true;
-  switch (session.platform.ShowMessage(
-      {kWarning, "Do you wish to save the contents of the Output Viewer?", Buttons::kYesNoCancel, Tone::kQuestion})) {
-    case Answer::kYes:
-      session.wanted_view = View::ViewOutput;
-      SaveOutputText(session.output, session.platform);
-      return false;
-    case Answer::kNo:
-      session.output.OutputChanged = false;
-      return true;
-    default:
-      return false;
-  }
+Path Absolute(const Path& path) {
+  std::error_code error;
+  Path whole = std::filesystem::absolute(path, error);
+  return error ? path : whole;
 }
 
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
+  // A relative path means the folder that the program was called from.
+  const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
-  MakeDocumentsFolder(session.platform);
+  session.platform.EnterFolder(session.platform.ProgramFolder());
+  EnterDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, "Ready");
   RefreshStatus(session);
-  if (!command_line_file.empty()) OpenDataFile(session, command_line_file, FilePick::kCommandLine);
+  if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
 void StartBatchSession(Session& session) { PrepareSession(session); }
@@ -178,14 +154,6 @@ void RefreshStatus(Session& session) {
 void PlaySoundEffect(Session& session, std::string_view name) {
   if (!session.settings.sounds()) return;
   session.platform.PlaySoundFile(session.platform.ProgramFolder() / "Media" / name);  // a failure is silent
-}
-
-bool RequestClose(Session& session) {
-  const bool data_may_go = session.data.DataDirty;
-  if (!AskAboutData(session) || !AskAboutOutput(session)) return false;
-  // The data of a refused save go last: who cancels at the second question goes on working with them.
-  if (data_may_go) session.data.matrix = DataMatrix();
-  return true;
 }
 
 }  // namespace tessara

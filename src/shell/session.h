@@ -56,10 +56,11 @@ struct Session {
   View wanted_view = View::kNone;
 };
 
-// Start-up without a window: settings, the documentation flags, the folder "Tessara Data" in the user's documents, an
-// empty data set whose DataFilePath is the folder of data files, and the file of the command line, if any.
+// Start-up without a window: settings, the documentation flags, the folder "Tessara Data" in the user's documents as
+// the working folder, an empty data set whose DataFilePath is the folder of data files, and the file of the command
+// line, if any.
 void StartSession(Session& session, const Path& command_line_file);
-// The same without touching the user's documents and without a file: for the batch program.
+// The same without touching the user's documents or the working folder, and without a file: for the batch program.
 void StartBatchSession(Session& session);
 
 void TestDocumentationFiles(Session& session);
@@ -86,8 +87,5 @@ std::string_view HelpPage(View view);
 void RefreshStatus(Session& session);
 
 void PlaySoundEffect(Session& session, std::string_view name);
-
-// The close request: both prompts. True when the close may go on.
-bool RequestClose(Session& session);
 
 }  // namespace tessara

@@ -384,6 +384,37 @@ TEST_F(RepairSampleFilesTest, AFileThatCannotBeCopiedShowsTheBox) {
   EXPECT_EQ(platform.messages[1].text, kRepairFailedText);
 }
 
+TEST_F(RepairSampleFilesTest, FindsTheEndingInAnyCaseOfLetters) {
+  folder.Make("program/Help/IRIS.DCS", "original");
+  folder.Make("program/Help/sleep.Dcs", "another");
+  folder.Make("program/Help/odd.dcs2", "no data file");
+  platform.message_answers.push_back(Answer::kOk);
+  RepairSampleFiles(platform);
+  EXPECT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(ContentOf(Data() / "IRIS.DCS"), "original");
+  EXPECT_EQ(ContentOf(Data() / "sleep.Dcs"), "another");
+  EXPECT_FALSE(fs::exists(Data() / "odd.dcs2"));
+}
+
+TEST_F(RepairSampleFilesTest, NothingToCopyShowsTheBox) {
+  folder.Make("program/Help/Index.log", "no data file");
+  platform.message_answers.push_back(Answer::kOk);
+  RepairSampleFiles(platform);
+  ASSERT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(platform.messages[1].title, "Repair Failed");
+  EXPECT_EQ(platform.messages[1].text, kRepairFailedText);
+}
+
+TEST_F(RepairSampleFilesTest, OneThatFailsDoesNotKeepTheRestBack) {
+  folder.Make("program/Help/iris.dcs", "original");
+  folder.Make("program/Help/sleep.dcs", "another");
+  fs::create_directories(Data() / "iris.dcs");
+  platform.message_answers.push_back(Answer::kOk);
+  RepairSampleFiles(platform);
+  EXPECT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(ContentOf(Data() / "sleep.dcs"), "another");
+}
+
 TEST_F(RepairSampleFilesTest, AMissingFolderShowsTheBox) {
   fs::remove_all(Help());
   platform.message_answers.push_back(Answer::kOk);

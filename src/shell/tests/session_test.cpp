@@ -78,8 +78,25 @@ TEST_F(StartTest, ADocumentsFolderThatCannotBeMadeDoesNotEndTheStart) {
   EXPECT_EQ(platform.panes[1], "Ready");
 }
 
+TEST_F(StartTest, TheWorkingFolderIsThatOfTheUsersData) {
+  StartSession(session, {});
+  EXPECT_EQ(platform.entered_folders,
+            (std::vector<Path>{platform.program_folder, platform.documents_folder / "Tessara Data"}));
+}
+
+TEST_F(StartTest, ARelativePathOfTheCommandLineMeansTheFolderOfTheCall) {
+  const Path file = WriteDataFile("people.dcs");
+  const Path relative = file.lexically_relative(std::filesystem::current_path());
+  ASSERT_TRUE(relative.is_relative());
+  StartSession(session, relative);
+  EXPECT_EQ(session.data.RecordCount, 2u);
+  EXPECT_TRUE(session.data.LoadedFile.is_absolute());
+  EXPECT_EQ(session.data.DataFileTitle, session.data.LoadedFile.string());
+}
+
 TEST_F(StartTest, TheBatchProgramTouchesNoDocuments) {
   StartBatchSession(session);
+  EXPECT_TRUE(platform.entered_folders.empty());
   EXPECT_TRUE(std::filesystem::is_empty(platform.documents_folder));
   EXPECT_EQ(session.data.RecordCount, 1000u);
   EXPECT_EQ(session.data.DataFilePath, platform.program_folder / "Data");
