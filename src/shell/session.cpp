@@ -65,7 +65,7 @@ bool AskAboutOutput(Session& session) {
       {kWarning, "Do you wish to save the contents of the Output Viewer?", Buttons::kYesNoCancel, Tone::kQuestion})) {
     case Answer::kYes:
       session.wanted_view = View::ViewOutput;
-      SaveOutputText(session.output, session.platform);
+      SaveOutput(session);
       return false;
     case Answer::kNo:
       session.output.OutputChanged = false;
@@ -117,6 +117,11 @@ void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.data, session.panel);
   RefreshStatus(session);
+}
+
+bool SaveOutput(Session& session) {
+  const auto path = AskOutputToSave(session.platform);
+  return path && SaveOutputText(session.output, *path, session.platform);
 }
 
 void SetProjectNotes(Session& session, std::string notes) {

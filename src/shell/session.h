@@ -71,6 +71,9 @@ SaveOutcome SaveData(Session& session);
 SaveOutcome SaveDataAs(Session& session);
 void NewData(Session& session);
 
+// Asks where to, and saves the text of the Output view. False when it was cancelled or has failed.
+bool SaveOutput(Session& session);
+
 // Changes the notes box: marks the data as changed.
 void SetProjectNotes(Session& session, std::string notes);
 
