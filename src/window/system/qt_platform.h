@@ -40,6 +40,10 @@ class QtPlatform : public Platform {
   // The frame that dialogs belong to, its three panes, and what it does ahead of each dialog.
   void AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog);
 
+  // Where PDF documents of this machine are shown; it yields false for one that cannot be. Without it, and for all
+  // else, the desktop is asked.
+  void ShowDocumentsIn(std::function<bool(const QString& file)> viewer) { viewer_ = std::move(viewer); }
+
   // A printer for a new job: the system's own until a dialog has chosen another one for it.
   QPrinter& NewPrinter();
   // Prints a page of the help. False when the printer refuses.
@@ -73,6 +77,8 @@ class QtPlatform : public Platform {
  protected:
   // Ahead of every dialog, also of one that a test answers.
   void BeforeDialog();
+  // Asks the program that the user's system has for a file or an address.
+  virtual bool OpenOnDesktop(const QString& address);
 
  private:
   QWidget* DialogParent() const;
@@ -83,6 +89,7 @@ class QtPlatform : public Platform {
   std::array<QPointer<QLabel>, 3> panes_;
   std::array<std::string, 3> pane_texts_;
   std::function<void()> before_dialog_;
+  std::function<bool(const QString&)> viewer_;
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<ProgressForm> progress_;
   std::unique_ptr<QSoundEffect> sound_;
