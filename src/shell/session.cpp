@@ -88,6 +88,11 @@ void NewData(Session& session) {
   RefreshStatus(session);
 }
 
+bool SaveOutput(Session& session) {
+  const auto path = AskOutputToSave(session.platform);
+  return path && SaveOutputText(session.output, *path, session.platform);
+}
+
 void SetProjectNotes(Session& session, std::string notes) {
   if (notes == session.data.ProjectNotes) return;
   session.data.ProjectNotes = std::move(notes);

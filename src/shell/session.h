@@ -72,6 +72,9 @@ SaveOutcome SaveData(Session& session);
 SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
 
+// Asks where to, and saves the text of the Output view. False when it was cancelled or has failed.
+bool SaveOutput(Session& session);
+
 // Changes the notes box: marks the data as changed.
 void SetProjectNotes(Session& session, std::string notes);
 

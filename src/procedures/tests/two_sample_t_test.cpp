@@ -324,6 +324,9 @@ TEST(TTest, EachSampleLeavesAHistogram) {
   EXPECT_EQ(*one.values, (std::vector<double>{12.5, 14, 15.25, 11, 13.5, 16}));
   EXPECT_EQ(run.charts.charts[1].title, "Group 2 (Female, grown)");
   EXPECT_EQ(*run.charts.charts[1].values, (std::vector<double>{9, 10.5, 8.25, 11, 12, 7.5, 10}));
+  // Their pictures can be compared: they have the same axes.
+  EXPECT_EQ(run.charts.charts[0].beside, run.charts.charts[1].values);
+  EXPECT_EQ(run.charts.charts[1].beside, run.charts.charts[0].values);
 }
 
 TEST(TTest, SeveralVariablesOrAnErrorLeaveNoChart) {

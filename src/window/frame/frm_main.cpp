@@ -110,6 +110,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
 
 FrmMain::~FrmMain() {
   platform_.AttachFrame(nullptr, {}, {});
+  platform_.ShowDocumentsIn({});
   QApplication::clipboard()->disconnect(this);
   // The views look at the session to the last: they go ahead of it.
   disconnect(workspace_, nullptr, this, nullptr);
@@ -184,6 +185,13 @@ void FrmMain::BuildHelpPane() {
   help_pane_ = new HelpPane(platform_, session_, this);
   addDockWidget(Qt::RightDockWidgetArea, help_pane_);
   help_pane_->setVisible(session_.help_pane_visible);
+  platform_.ShowDocumentsIn([this](const QString& file) {
+    if (!help_pane_->ShowDocument(file)) return false;
+    session_.help_pane_visible = true;
+    help_pane_->show();
+    help_pane_->raise();
+    return true;
+  });
   connect(help_pane_, &HelpPane::Closed, this, [this] {
     session_.help_pane_visible = false;
     RefreshCommands();
@@ -277,6 +285,7 @@ void FrmMain::Execute(int id) {
   NoteRecentFile();
   ShowSession();
   Perform(action);
+  if (id == kRefreshDocumentationCommand) help_pane_->RefreshLists();
   if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
   if (id == kRunCommand) current_view()->FocusInput();
   RefreshCommands();
@@ -315,6 +324,8 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCopy:
     case WidgetAction::kPaste:
     case WidgetAction::kCut:
+    case WidgetAction::kUndo:
+    case WidgetAction::kRedo:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
