@@ -55,7 +55,11 @@ class AnsweringPlatform : public QtPlatform {
     BeforeDialog();
     return script.ShowMessage(box);
   }
-  bool PrintPages(const std::vector<std::string>& pages) override { return script.PrintPages(pages); }
+  bool Print(const PrintJob& job) override { return script.Print(job); }
+  bool Preview(const PrintJob& job) override {
+    BeforeDialog();
+    return script.Preview(job);
+  }
   // Paints on a sheet that the test can look at.
   bool PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) override {
     if (!script.printer_works) return false;
@@ -68,7 +72,7 @@ class AnsweringPlatform : public QtPlatform {
   }
   std::vector<QImage> printed_pictures;
   bool PlaySoundFile(const Path& path) override { return script.PlaySoundFile(path); }
-  bool OpenDocument(const std::string& address) override { return script.OpenDocument(address); }
+  bool OpenOnDesktop(const QString& address) override { return script.OpenDocument(address.toStdString()); }
   DateTime Now() override { return script.Now(); }
   std::uint64_t Entropy() override { return script.Entropy(); }
 };

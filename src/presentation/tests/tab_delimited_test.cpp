@@ -125,23 +125,23 @@ TEST(TabDelimited, ConversionStaysInTheBox) {
   OutputLog output;
   AppendReport(output, "p  -1");
   output.OutputChanged = false;
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   ConvertOutputToTabDelimited(output);
   EXPECT_EQ(output.BoxText(), "p\t1\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_EQ(output.OutputLogText, "p  -1\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_EQ(output.MostRecentText, "p  -1\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_TRUE(output.OutputChanged);
-  EXPECT_GT(output.Revision, revision);
+  EXPECT_EQ(output.Version().made_from, shown.lineage);
 }
 
 TEST(TabDelimited, ConversionOfATextThatStaysTheSameIsNoChange) {
   OutputLog output;
   AppendReport(output, "plain");
   output.OutputChanged = false;
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   ConvertOutputToTabDelimited(output);
   EXPECT_FALSE(output.OutputChanged);
-  EXPECT_EQ(output.Revision, revision);
+  EXPECT_EQ(output.Version(), shown);
 }
 
 TEST(TabDelimited, ConvertedTextIsKeptLikeAnEdit) {
