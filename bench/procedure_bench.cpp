@@ -49,7 +49,7 @@ BENCHMARK(DescriptivesWithControl)->Unit(benchmark::kMillisecond);
 
 void ZScores(benchmark::State& state) {
   BenchData bench;
-  bench.panel.checks.Check2 = true;
+  bench.panel.options.descriptives.save_z_scores = true;
   for (auto _ : state) bench.Run(Procedure::kDescriptives, kNumberColumn);
 }
 BENCHMARK(ZScores)->Unit(benchmark::kMillisecond)->Iterations(5);

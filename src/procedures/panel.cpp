@@ -4,20 +4,19 @@
 #include <functional>
 #include <iterator>
 #include <set>
+#include <utility>
 
 #include "numerics/number_text.h"
 
 namespace tessara {
 namespace {
 
-constexpr std::size_t kMostListedVariables = 7;
-
-// The fields and boxes as they stand behind every change of the procedure.
+// The options as they stand behind every change of the procedure.
 void ClearOptions(ProcedurePanel& panel) {
-  panel.Text5.clear();
-  panel.Text6.clear();
-  panel.checks = {};
-  panel.checks.Check2 = panel.selected == Procedure::kCrosstabulation;
+  ProcedureOptions options;
+  options.list = std::move(panel.options.list);
+  options.summary_tables.output_format = std::move(panel.options.summary_tables.output_format);
+  panel.options = std::move(options);
 }
 
 void AskForVariable(Platform& platform) {
@@ -128,8 +127,7 @@ void ResetPanel(ProcedurePanel& panel) {
   ClearPanelLists(panel);
   ResetControl(panel);
   panel.PickedVariable = 0;
-  panel.Text5.clear();
-  panel.Text6.clear();
+  panel.options.t_test = {};
 }
 
 }  // namespace tessara

@@ -10,9 +10,10 @@
 #include "data/data_set.h"
 #include "platform/platform.h"
 #include "procedures/cases/case_control.h"
+#include "procedures/options.h"
 
-// The procedure panel StatProc1: which procedure is selected, which variables have which role, and its check boxes and
-// fields. A front end copies its controls in here; a run reads nothing else.
+// The procedure panel StatProc1: which procedure is selected, which variables have which role, and the options. A
+// front end copies its controls in here; a run reads nothing else.
 
 namespace tessara {
 
@@ -37,22 +38,6 @@ enum class Procedure {
 enum class RegressionKind { kLeastSquares, kLogistic };  // Option21, Option22
 enum class TableData { kCategorical, kContinuous };      // Option15, Option16
 
-// The check boxes of the panel. What Check1 and Check2 stand for depends on the procedure.
-struct PanelChecks {
-  bool Check1 = false;
-  bool Check2 = false;
-  bool Check3 = false;  // "Counts"
-  bool Check4 = false;  // "Percent"
-  bool Check5 = false;
-  bool Check6 = false;
-  bool Check7 = false;
-  bool Check8 = false;
-  bool Check9 = false;
-  bool Check10 = false;
-  bool Check11 = false;
-  bool Check12 = false;
-};
-
 struct ProcedurePanel;
 
 // How a procedure shows itself on the panel.
@@ -67,12 +52,13 @@ struct ProcedureRow {
     std::string_view control;  // "Check1" ...
     std::string_view caption;
     std::string_view tooltip;
-    bool set_on = false;
+    bool& (*option)(ProcedureOptions&);  // what the box stands for
   };
   std::vector<Box> boxes;  // the boxes shown, in their order; all others are hidden
   struct Field {
     std::string_view control;  // "Text5", "Text6", "Text7" or "Combo1"
     std::string_view caption;
+    std::string& (*option)(ProcedureOptions&);  // what is typed or chosen in it
   };
   std::vector<Field> fields;         // the fields shown; all others are hidden
   std::string_view example_heading;  // Label10
@@ -88,20 +74,11 @@ const ProcedureRow& RegressionRow(RegressionKind kind);
 // The row that the panel shows now: for regression that of the kind, nullptr while nothing is selected.
 const ProcedureRow* ShownRow(const ProcedurePanel& panel);
 
-// The variable of the case control, shown in Text18.
-struct ControlVariable {
-  std::size_t column = 0;  // 0 for none
-  std::string name;        // as it was when the variable was set
-};
-
 struct ProcedurePanel {
   Procedure selected = Procedure::kNone;
   RegressionKind regression = RegressionKind::kLeastSquares;
   TableData table_data = TableData::kCategorical;
-  PanelChecks checks;
-  std::string Text5;  // "Group A Value>"
-  std::string Text6;  // "Group B Value >"
-  std::string Text7;  // "Max Observations"
+  ProcedureOptions options;
 
   std::vector<std::size_t> SelectedVariables;     // column numbers, shown in List2
   std::vector<std::size_t> IndependentVariables;  // column numbers, shown in List3
@@ -110,7 +87,7 @@ struct ProcedurePanel {
   std::size_t PickedVariable = 0;  // the column clicked last in List1; 0 for none
 };
 
-// Applies one row of the table: clears Text5 and Text6 and sets the boxes to their state for the procedure.
+// Applies one row of the table: the group values are emptied and the boxes stand as they do at first.
 void SelectProcedure(ProcedurePanel& panel, Procedure procedure);
 void SelectRegression(ProcedurePanel& panel, RegressionKind kind);
 

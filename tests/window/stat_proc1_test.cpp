@@ -225,7 +225,8 @@ class StatProc1Test : public QObject {
     Click("Option22");
     QCOMPARE(panel().regression, RegressionKind::kLogistic);
     QCOMPARE(Find<QCheckBox>("Check1")->text(), QString("Save Predicted"));
-    QVERIFY(Find<QCheckBox>("Check2")->isHidden());
+    QVERIFY(!Find<QCheckBox>("Check2")->isHidden());
+    QCOMPARE(Find<QCheckBox>("Check2")->text(), QString("Summary Statistics"));
     QCOMPARE(Find<QLabel>("Label10")->text(), QString("  Logistic Regression    [Example]"));
   }
 
@@ -253,7 +254,7 @@ class StatProc1Test : public QObject {
     Click("RunButton");
     QCOMPARE(asked.size(), 1);
     QCOMPARE(panel().selected, Procedure::kCrosstabulation);
-    QVERIFY(panel().checks.Check1 && !panel().checks.Check2);
+    QVERIFY(panel().options.crosstabulation.association && !panel().options.crosstabulation.chi_square_tests);
     QCOMPARE(panel().control.relation, ControlRelation::kEqualTo);
     QCOMPARE(panel().control.value, std::string("Male"));
   }

@@ -6,7 +6,6 @@ void PreparePanel(Batch& batch, Procedure procedure, const VariableLists& variab
   Session& session = batch.session;
   ClearPanelLists(session.panel);
   SelectProcedure(session.panel, procedure);
-  session.panel.checks = {};
   for (const std::size_t column : variables.first) {
     AddAnalysisVariable(session.panel, batch.platform, {column});
   }

@@ -23,6 +23,12 @@ enum class ControlRelation {
   kNoMissing,    // Option14
 };
 
+// The variable of the case control, shown in Text18.
+struct ControlVariable {
+  std::size_t column = 0;  // 0 for none
+  std::string name;        // as it was when the variable was set
+};
+
 struct ControlChoice {
   ControlRelation relation = ControlRelation::kNone;
   std::string value;  // the text of the relation's field; an empty one makes it no relation

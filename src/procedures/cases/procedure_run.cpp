@@ -14,14 +14,14 @@ void ProcedureRun::ReportError(std::string_view pending_text) {
 }
 
 void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {
-  if (!WantsCharts()) return;
+  if (!wants_charts) return;
   for (Chart& chart : made) chart.footnote = ChartFootnote;
   KeepCharts(charts, kind, std::move(made));
 }
 
 CaseSource BeginCases(ProcedureRun& run) {
   ClearCharts(run.charts);
-  CaseSource source = ReadableCases(run.data, run.panel.control_variable.column, run.panel.control);
+  CaseSource source = ReadableCases(run.data, run.control_variable.column, run.control);
   run.ChartFootnote = source.control.ChartFootnote();
   return source;
 }

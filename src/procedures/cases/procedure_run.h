@@ -10,7 +10,6 @@
 #include "presentation/chart_data.h"
 #include "presentation/output_log.h"
 #include "procedures/cases/case_source.h"
-#include "procedures/panel.h"
 
 // What every procedure begins and ends with: the cases of a run, its report, its charts.
 
@@ -25,10 +24,12 @@ struct Roles {
 // What a procedure works with, and what one run shares between its procedures.
 struct ProcedureRun {
   DataSet& data;
-  const ProcedurePanel& panel;
   OutputLog& output;
   ChartStore& charts;
   Platform& platform;
+  const ControlVariable& control_variable;
+  const ControlChoice& control;
+  bool wants_charts = true;  // whether it is worth the time to make charts: one analysis variable alone is selected
 
   bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
   std::string ChartFootnote = {};  // the words of the control caption
@@ -37,11 +38,8 @@ struct ProcedureRun {
   void AppendReport(std::string_view report);
   // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
   void ReportError(std::string_view pending_text);
-  // Leaves the charts of a procedure, with the run's footnote, once its report stands: only while a single variable is
-  // selected.
+  // Leaves the charts of a procedure, with the run's footnote, once its report stands: only where charts are wanted.
   void LeaveCharts(ChartKind kind, std::vector<Chart> made);
-  // Whether it is worth the time to make charts.
-  bool WantsCharts() const { return panel.SelectedVariables.size() < 2; }
 };
 
 // What every procedure that reads cases begins with: no charts, the footnote of those to come, and its cases.

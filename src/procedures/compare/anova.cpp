@@ -116,7 +116,7 @@ std::string PostHocComparison(const GroupStats& stats) {
 }
 
 std::string AnovaReport(const CaseSource& source, const Roles& roles, const GroupStats& stats, const AnovaTable& table,
-                        const PanelChecks& checks) {
+                        const AnovaOptions& options) {
   const DataSet& data = source.data;
   const std::size_t continuous = roles.main;
   const std::size_t categorical = roles.independent;
@@ -124,17 +124,17 @@ std::string AnovaReport(const CaseSource& source, const Roles& roles, const Grou
   report += "Analysis of Variance (ANOVA) --- " + data.VariableName(continuous) + " (Means)" +  //
             "  by  " + data.VariableName(categorical) + " (Groups)\r\n\r\n";
   report += "Independent Variable Label: " + data.VariableLabel(categorical) + "\r\n";
-  report += "Dependent Variable Label: " + data.VariableLabel(continuous) + (checks.Check2 ? "\r\n\r\n\r\n" : "\r\n");
-  if (checks.Check2) report += GroupSummary(stats, table);
+  report += "Dependent Variable Label: " + data.VariableLabel(continuous) + (options.summary ? "\r\n\r\n\r\n" : "\r\n");
+  if (options.summary) report += GroupSummary(stats, table);
   report += "\r\n\r\n\r\n\r\n";
   report += AnalysisOfVariance(table);
-  if (checks.Check1) report += PostHocComparison(stats);
+  if (options.post_hoc) report += PostHocComparison(stats);
   return report;
 }
 
 }  // namespace
 
-void RunAnova(ProcedureRun& run, const Roles& roles) {
+void RunAnova(ProcedureRun& run, const Roles& roles, const AnovaOptions& options) {
   if (roles.main < 1 || roles.independent < 1) {
     run.ReportError(ErrorMessage("ANOVA Comparison: ", NamesOfPair(run.data, roles.main, roles.independent),
                                  "You must select a dependent and independent variable."));
@@ -143,7 +143,7 @@ void RunAnova(ProcedureRun& run, const Roles& roles) {
   const CaseSource source = BeginCases(run);
   const std::optional<GroupStats> stats = RunGroupPass(run, source, roles);
   if (!stats) return;
-  run.AppendReport(AnovaReport(source, roles, *stats, ComputeAnova(*stats), run.panel.checks));
+  run.AppendReport(AnovaReport(source, roles, *stats, ComputeAnova(*stats), options));
 }
 
 }  // namespace tessara

@@ -182,7 +182,7 @@ constexpr std::string_view kVerifyValues =
 
 }  // namespace
 
-void RunTTest(ProcedureRun& run, const Roles& roles) {
+void RunTTest(ProcedureRun& run, const Roles& roles, const TTestOptions& options) {
   constexpr std::string_view kTitle = "T-Test Comparison: ";
   const DataSet& data = run.data;
   const std::string pair = NamesOfPair(data, roles.main, roles.independent);
@@ -190,7 +190,7 @@ void RunTTest(ProcedureRun& run, const Roles& roles) {
     run.ReportError(ErrorMessage(kTitle, pair, "You must select an independent and dependent variable."));
     return;
   }
-  const std::array<std::string, 2> values{run.panel.Text5, run.panel.Text6};
+  const std::array<std::string, 2> values{options.group_a, options.group_b};
   if (values[0].empty() || values[1].empty()) {
     run.ReportError(ErrorMessage(kTitle, pair, "You must select two valid values."));
     return;
@@ -215,7 +215,7 @@ void RunTTest(ProcedureRun& run, const Roles& roles) {
   const ValueLabels value_labels = LoadValueLabels(data.matrix, roles.independent);
   const std::array<std::string, 2> labels{value_labels.Apply(values[0]), value_labels.Apply(values[1])};
   run.AppendReport(TTestReport(source, roles, values, labels, one, two, ComputeTTest(one, two)));
-  if (run.WantsCharts()) LeaveHistograms(run, data.VariableName(roles.main), labels, cases);
+  if (run.wants_charts) LeaveHistograms(run, data.VariableName(roles.main), labels, cases);
 }
 
 }  // namespace tessara

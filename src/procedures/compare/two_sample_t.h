@@ -7,6 +7,7 @@
 #include "data/data_set.h"
 #include "numerics/checked.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/compare/options.h"
 
 // The t-test: compares the means of a continuous variable in two groups of cases, the groups being two values of a
 // categorical variable that the user types in.
@@ -52,6 +53,6 @@ TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two);
 
 // Runs the procedure for the main variable in two groups of the independent one and appends its report. Leaves a
 // histogram of each sample.
-void RunTTest(ProcedureRun& run, const Roles& roles);
+void RunTTest(ProcedureRun& run, const Roles& roles, const TTestOptions& options);
 
 }  // namespace tessara

@@ -163,7 +163,7 @@ void LeaveDescriptiveCharts(ProcedureRun& run, const std::string& name, std::vec
 
 }  // namespace
 
-void RunDescriptives(ProcedureRun& run, const Roles& roles) {
+void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options) {
   constexpr std::string_view kTitle = "Descriptive Analysis: ";
   DataSet& data = run.data;
   const std::size_t column = roles.main;
@@ -180,15 +180,14 @@ void RunDescriptives(ProcedureRun& run, const Roles& roles) {
   }
   const DescriptiveStatistics statistics = ComputeDescriptives(cases);
   const std::string chart =
-      run.panel.checks.Check1
-          ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
-          : "\r\n";
+      options.bar_chart ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
+                        : "\r\n";
   run.AppendReport(DescriptivesReport(source, column, statistics, chart));
-  if (run.WantsCharts()) {
+  if (run.wants_charts) {
     LeaveDescriptiveCharts(run, data.VariableName(column), std::move(cases.values));
     run.charts.summary = ShortSummary(source, column, statistics);
   }
-  if (run.panel.checks.Check2) {
+  if (options.save_z_scores) {
     SaveZScores(data, source, column, statistics);
     RebuildVariableLists(data);
   }

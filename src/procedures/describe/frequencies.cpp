@@ -198,7 +198,7 @@ void LeaveFrequencyCharts(ProcedureRun& run, std::size_t column, const Frequency
 
 }  // namespace
 
-void RunFrequencies(ProcedureRun& run, const Roles& roles) {
+void RunFrequencies(ProcedureRun& run, const Roles& roles, const FrequenciesOptions& options) {
   constexpr std::string_view kTitle = "Frequency Analysis: ";
   const std::size_t column = roles.main;
   if (column < 1) {
@@ -213,8 +213,8 @@ void RunFrequencies(ProcedureRun& run, const Roles& roles) {
     return;
   }
   const FrequencyTable table = ComputeFrequencies(cases);
-  run.AppendReport(FrequenciesReport(source, column, cases, table, run.panel.checks.Check2));
-  if (run.WantsCharts() && table.rows.size() <= kMostChartedCategories) LeaveFrequencyCharts(run, column, cases, table);
+  run.AppendReport(FrequenciesReport(source, column, cases, table, options.dispersion));
+  if (run.wants_charts && table.rows.size() <= kMostChartedCategories) LeaveFrequencyCharts(run, column, cases, table);
 }
 
 }  // namespace tessara

@@ -10,6 +10,7 @@
 #include "numerics/tagged_value.h"
 #include "procedures/cases/case_control.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/describe/options.h"
 
 // Frequencies: each distinct value of a variable with its count, percent and cumulative percent, and on request an
 // index of dispersion for nominal or ordinal data. Works on texts as well as on numbers.
@@ -46,6 +47,6 @@ FrequencyCases GatherFrequencies(const CaseSource& source, std::size_t column);
 FrequencyTable ComputeFrequencies(const FrequencyCases& cases);
 
 // Runs the procedure for the main variable and appends its report.
-void RunFrequencies(ProcedureRun& run, const Roles& roles);
+void RunFrequencies(ProcedureRun& run, const Roles& roles, const FrequenciesOptions& options);
 
 }  // namespace tessara

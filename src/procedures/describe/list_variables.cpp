@@ -108,16 +108,15 @@ std::string ListReport(const CaseSource& source, std::span<const std::size_t> co
 
 }  // namespace
 
-void RunListVariables(ProcedureRun& run) {
-  if (run.panel.SelectedVariables.empty()) {
+void RunListVariables(ProcedureRun& run, std::span<const std::size_t> variables, const ListOptions& options) {
+  if (variables.empty()) {
     run.platform.ShowMessage({"Procedure Aborted", "You must select at least one variable."});
     return;
   }
   const CaseSource source = BeginCases(run);
   // The panel takes no eighth variable, but a longer list may stand from another procedure: a line has seven places.
-  const auto columns =
-      std::span(run.panel.SelectedVariables).first(std::min(run.panel.SelectedVariables.size(), kMostListedVariables));
-  const Number limit = LineLimit(run.panel.Text7, source.used.records);
+  const auto columns = variables.first(std::min(variables.size(), kMostListedVariables));
+  const Number limit = LineLimit(options.max_observations, source.used.records);
   run.AppendReport(ListReport(source, columns, limit.value()));
 }
 

@@ -62,7 +62,7 @@ struct PairResults {
   SimpleRegression regression;  // only when it is asked for
 };
 
-PairResults ComputePair(const NumberCases& cases, const CorrelationOptions& options) {
+PairResults ComputePair(const NumberCases& cases, const SimpleRegressionOptions& options) {
   const std::vector<double>& y = cases.variables[0];
   const std::vector<double>& x = cases.variables[1];
   PairResults results;
@@ -101,7 +101,7 @@ std::string RegressionBlock(const DataSet& data, const Roles& roles, const Simpl
 }
 
 std::string CorrelationReport(const CaseSource& source, const Roles& roles, const PairResults& results,
-                              const CorrelationOptions& options) {
+                              const SimpleRegressionOptions& options) {
   const DataSet& data = source.data;
   const std::size_t x = roles.independent;
   std::string report = source.control.ControlCaption();
@@ -146,7 +146,7 @@ bool IsVariable(const DataSet& data, std::size_t column) { return column >= 1 &&
 
 void RunCorrelation(ProcedureRun& run, const Roles& roles) { RunCorrelationWith(run, roles, {}); }
 
-void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const CorrelationOptions& options) {
+void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegressionOptions& options) {
   DataSet& data = run.data;
   const std::array<std::size_t, 2> columns = {roles.main, roles.independent};
   const std::string names = NamesOfPair(data, roles.main, roles.independent);
@@ -166,7 +166,7 @@ void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const Correlation
     SaveResiduals(data, roles.main, cases, results.regression);
     RebuildVariableLists(data);
   }
-  if (run.WantsCharts()) LeaveCorrelationCharts(run, roles, std::move(cases));
+  if (run.wants_charts) LeaveCorrelationCharts(run, roles, std::move(cases));
 }
 
 }  // namespace tessara

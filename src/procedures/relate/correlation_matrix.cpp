@@ -201,8 +201,7 @@ std::string MatrixReport(const CaseSource& source, std::span<const std::size_t> 
 
 }  // namespace
 
-void RunCorrelationMatrix(ProcedureRun& run) {
-  const std::vector<std::size_t>& columns = run.panel.SelectedVariables;
+void RunCorrelationMatrix(ProcedureRun& run, std::span<const std::size_t> columns) {
   if (columns.size() < 2) {
     run.ReportError("You must select at least two analysis variables.\r\n\r\n");
     return;

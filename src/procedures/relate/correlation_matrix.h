@@ -40,8 +40,8 @@ class CorrelationStore {
 // Computes each unordered pair once, a variable with itself too.
 CorrelationStore ComputeCorrelationMatrix(const CaseSource& source, std::span<const std::size_t> columns);
 
-// Runs the procedure for all selected variables and appends its report, behind an error frame for each pair of fewer
+// Runs the procedure for all analysis variables and appends its report, behind an error frame for each pair of fewer
 // than two cases.
-void RunCorrelationMatrix(ProcedureRun& run);
+void RunCorrelationMatrix(ProcedureRun& run, std::span<const std::size_t> columns);
 
 }  // namespace tessara

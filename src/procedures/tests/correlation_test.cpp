@@ -212,7 +212,6 @@ TEST(Correlation, TIsTakenFromTheUnroundedR) {
 TEST(CorrelationCharts, AScatterChartAndTheFrequenciesOfBoth) {
   TestRun run(kColumns);
   run.Independent(2);
-  run.panel.SelectedVariables = {1};
   run.Control(3);
   run.Report(RunCorrelation);
   EXPECT_EQ(run.charts.kind, ChartKind::kCorrelation);
@@ -238,10 +237,10 @@ TEST(CorrelationCharts, AScatterChartAndTheFrequenciesOfBoth) {
   EXPECT_EQ(x.values, scatter.x);
 }
 
-TEST(CorrelationCharts, NoneWithTwoAnalysisVariables) {
+TEST(CorrelationCharts, NoneUnlessTheyAreWanted) {
   TestRun run(kColumns);
   run.Independent(2);
-  run.panel.SelectedVariables = {1, 3};
+  run.wants_charts = false;
   run.charts.kind = ChartKind::kFrequencies;
   run.Report(RunCorrelation);
   EXPECT_EQ(run.charts.kind, ChartKind::kNone);

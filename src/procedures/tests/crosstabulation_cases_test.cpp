@@ -293,9 +293,9 @@ TEST(Crosstabulation, ChartsOfBothVariablesAndOfTheCells) {
   EXPECT_EQ(run.charts.charts[2].series[2].name, "Last");
 }
 
-TEST(Crosstabulation, TwoAnalysisVariablesLeaveNoCharts) {
+TEST(Crosstabulation, NoChartsUnlessTheyAreWanted) {
   TestRun run = CasesOf({{1, 2}, {3, 4}});
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunCrosstabulation);
   EXPECT_TRUE(run.charts.charts.empty());
 }

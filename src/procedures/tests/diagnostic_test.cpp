@@ -349,10 +349,10 @@ TEST(Diagnostic, ChartsOfBothVariables) {
             "1\t4\r\n");
 }
 
-TEST(Diagnostic, TwoAnalysisVariablesLeaveNoCharts) {
+TEST(Diagnostic, NoChartsUnlessTheyAreWanted) {
   TestRun run(CasesOf({{"1", 2, 1}, {"2", 1, 3}}));
   run.Independent(2);
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunDiagnostic);
   EXPECT_TRUE(run.charts.charts.empty());
 }

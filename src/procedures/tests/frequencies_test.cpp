@@ -36,7 +36,7 @@ TEST(Frequencies, WholeReportWithLabelsAndDispersion) {
                 "9||||||",
                 {"1=Yes", "2=No"}},
                {"ID", Texts({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"}), "", "", {}}});
-  run.panel.checks.Check2 = true;
+  run.options.frequencies.dispersion = true;
   EXPECT_EQ(run.Report(RunFrequencies),
             "Frequencies\r\n"
             "\r\n"
@@ -145,7 +145,7 @@ TEST(Frequencies, TheNumberZeroIsBlankAndTheTextZeroIsNot) {
 
 TEST(Frequencies, OneCategoryHasADispersionOfZero) {
   TestRun run({{"X", Texts({"1", "1"}), "", "", {}}});
-  run.panel.checks.Check2 = true;
+  run.options.frequencies.dispersion = true;
   EXPECT_NE(run.Report(RunFrequencies).find("Index of Dispersion\t\t 0.000       (Assumes 1 category)\r\n"),
             std::string::npos);
 }
@@ -232,9 +232,9 @@ TEST(Frequencies, AChartLabelHasTheWholeTextAndARoundedPercent) {
             (std::vector<std::string>{"-1  (66.7%)", "abcdefghijklmnopqrstuvwxyz  (33.3%)"}));
 }
 
-TEST(Frequencies, SeveralVariablesLeaveNoCharts) {
+TEST(Frequencies, NoChartsUnlessTheyAreWanted) {
   TestRun run({{"X", Texts({"1", "2"})}, {"Y", Texts({"1", "2"})}});
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunFrequencies);
   EXPECT_TRUE(run.charts.charts.empty());
 }

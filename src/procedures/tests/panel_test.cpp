@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
+#include <vector>
 
 #include "platform/scripted_platform.h"
 
@@ -30,7 +32,8 @@ class PanelTest : public testing::Test {
 std::string BoxesOf(const ProcedureRow& row) {
   std::string text;
   for (const auto& box : row.boxes) {
-    text.append(box.control).append("=").append(box.caption).append(box.set_on ? " (on);" : ";");
+    ProcedureOptions options;
+    text.append(box.control).append("=").append(box.caption).append(box.option(options) ? " (on);" : ";");
   }
   return text;
 }
@@ -39,6 +42,16 @@ std::string FieldsOf(const ProcedureRow& row) {
   std::string text;
   for (const auto& field : row.fields) text.append(field.control).append("=").append(field.caption).append(";");
   return text;
+}
+
+// The rows of all procedures, regression as that of each of its kinds.
+std::vector<const ProcedureRow*> AllRows() {
+  std::vector<const ProcedureRow*> rows = {&RegressionRow(RegressionKind::kLeastSquares),
+                                           &RegressionRow(RegressionKind::kLogistic)};
+  for (const ProcedureRow& row : ProcedureRows()) {
+    if (row.procedure != Procedure::kRegression) rows.push_back(&row);
+  }
+  return rows;
 }
 
 struct ExpectedRow {
@@ -130,49 +143,51 @@ TEST(ProcedureRows, RegressionHasARowForEachKind) {
   EXPECT_EQ(logistic.control, "Option22");
   EXPECT_EQ(logistic.caption, "Logistic");
   EXPECT_EQ(logistic.tooltip, "For dichotomous dependent variables");
-  EXPECT_EQ(BoxesOf(logistic), "Check1=Save Predicted;");
+  EXPECT_EQ(BoxesOf(logistic), "Check1=Save Predicted;Check2=Summary Statistics;");
   EXPECT_EQ(logistic.boxes[0].tooltip, "Save predicted values as another variable");
   EXPECT_EQ(logistic.first_heading, "Variable Y");
   EXPECT_EQ(logistic.second_heading, "Variable X");
   EXPECT_EQ(logistic.example_heading, "  Logistic Regression    [Example]");
 }
 
-TEST_F(PanelTest, SelectingAProcedureTurnsAllBoxesOffAndClearsTheGroupValues) {
-  panel.checks = {true, true, true, true, true, true, true, true, true, true, true, true};
-  panel.Text5 = "1";
-  panel.Text6 = "2";
-  panel.Text7 = "30";
+// Every box and field of every procedure, set and then left for another one.
+TEST_F(PanelTest, SelectingAProcedureTurnsItsBoxesOffAndClearsTheGroupValues) {
+  const auto rows = AllRows();
+  for (const ProcedureRow* row : rows) {
+    for (const auto& box : row->boxes) box.option(panel.options) = true;
+    for (const auto& field : row->fields) field.option(panel.options) = "30";
+  }
   SelectProcedure(panel, Procedure::kTTest);
   EXPECT_EQ(panel.selected, Procedure::kTTest);
-  const PanelChecks& checks = panel.checks;
-  for (const bool check :
-       {checks.Check1, checks.Check2, checks.Check3, checks.Check4, checks.Check5, checks.Check6, checks.Check7,
-        checks.Check8, checks.Check9, checks.Check10, checks.Check11, checks.Check12}) {
-    EXPECT_FALSE(check);
+  for (const ProcedureRow* row : rows) {
+    for (const auto& box : row->boxes) {
+      EXPECT_EQ(box.option(panel.options), box.caption == "Chi-Square Tests") << row->caption << " " << box.caption;
+    }
   }
-  EXPECT_EQ(panel.Text5, "");
-  EXPECT_EQ(panel.Text6, "");
-  EXPECT_EQ(panel.Text7, "30");
+  EXPECT_EQ(panel.options.t_test.group_a, "");
+  EXPECT_EQ(panel.options.t_test.group_b, "");
+  EXPECT_EQ(panel.options.list.max_observations, "30");
 }
 
-TEST_F(PanelTest, CrosstabulationStartsWithChiSquareTestsAlone) {
-  panel.checks.Check1 = true;
-  SelectProcedure(panel, Procedure::kCrosstabulation);
-  EXPECT_FALSE(panel.checks.Check1);
-  EXPECT_TRUE(panel.checks.Check2);
-  EXPECT_FALSE(panel.checks.Check11);
-  EXPECT_FALSE(panel.checks.Check12);
-  SelectProcedure(panel, Procedure::kFrequencies);
-  EXPECT_FALSE(panel.checks.Check2);
+TEST_F(PanelTest, NoTwoBoxesOfAPanelStandForTheSameOption) {
+  std::set<const void*> options;
+  for (const ProcedureRow* row : AllRows()) {
+    for (const auto& box : row->boxes) {
+      EXPECT_TRUE(options.insert(&box.option(panel.options)).second) << row->caption << " " << box.caption;
+    }
+    for (const auto& field : row->fields) {
+      EXPECT_TRUE(options.insert(&field.option(panel.options)).second) << row->caption << " " << field.caption;
+    }
+  }
 }
 
 TEST_F(PanelTest, TheKindOfRegressionSelectsRegression) {
-  panel.checks.Check2 = true;
+  panel.options.least_squares.summary = true;
   EXPECT_EQ(ShownRow(panel), nullptr);
   SelectRegression(panel, RegressionKind::kLogistic);
   EXPECT_EQ(panel.selected, Procedure::kRegression);
   EXPECT_EQ(ShownRow(panel)->control, "Option22");
-  EXPECT_FALSE(panel.checks.Check2);
+  EXPECT_FALSE(panel.options.least_squares.summary);
   SelectRegression(panel, RegressionKind::kLeastSquares);
   EXPECT_EQ(ShownRow(panel)->control, "Option21");
   SelectProcedure(panel, Procedure::kExplore);
@@ -351,8 +366,7 @@ TEST_F(PanelTest, AResetLeavesTheProcedureAlone) {
   SetControlVariable(panel, data, platform, {4});
   panel.control = {ControlRelation::kEqualTo, "x"};
   PickVariable(panel, 1);
-  panel.Text5 = "1";
-  panel.Text6 = "2";
+  panel.options.t_test = {"1", "2"};
   ResetPanel(panel);
   EXPECT_EQ(panel.selected, Procedure::kDescriptives);
   EXPECT_TRUE(panel.SelectedVariables.empty());
@@ -362,8 +376,8 @@ TEST_F(PanelTest, AResetLeavesTheProcedureAlone) {
   EXPECT_FALSE(ControlIsSet(panel, data));
   EXPECT_EQ(panel.control.relation, ControlRelation::kNone);
   EXPECT_EQ(panel.control.value, "");
-  EXPECT_EQ(panel.Text5, "");
-  EXPECT_EQ(panel.Text6, "");
+  EXPECT_EQ(panel.options.t_test.group_a, "");
+  EXPECT_EQ(panel.options.t_test.group_b, "");
 }
 
 }  // namespace

@@ -110,7 +110,7 @@ TEST_F(RunTest, ProceduresForPairsNeedAnIndependentVariable) {
 
 TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
   Select(Procedure::kCorrelation, {1});
-  panel.checks.Check2 = true;
+  panel.options.correlation.create_matrix = true;
   ExpectRefusal(RunNow(), kAborted, "Please select two analysis variables.");
   platform.messages.clear();
   panel.SelectedVariables = {1, 2};
@@ -121,7 +121,7 @@ TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
 
 TEST_F(RunTest, TheMatrixRunsOnceForAllVariables) {
   Select(Procedure::kCorrelation, {1, 2, 1}, {2});
-  panel.checks.Check2 = true;
+  panel.options.correlation.create_matrix = true;
   const RunOutcome outcome = RunNow();
   EXPECT_FALSE(outcome.refused);
   EXPECT_TRUE(platform.messages.empty());
@@ -132,7 +132,7 @@ TEST_F(RunTest, TheMatrixRunsOnceForAllVariables) {
 // V3 is blank: no pair with it has a case, but the matrix is printed all the same.
 TEST_F(RunTest, APairOfTheMatrixWithoutCasesMarksTheRun) {
   Select(Procedure::kCorrelation, {1, 3});
-  panel.checks.Check2 = true;
+  panel.options.correlation.create_matrix = true;
   const RunOutcome outcome = RunNow();
   EXPECT_TRUE(outcome.aborted);
   EXPECT_FALSE(outcome.refused);
@@ -259,8 +259,7 @@ TEST_F(RunTest, ComparisonsRunForEveryPairOfVariables) {
   for (const Procedure procedure : {Procedure::kTTest, Procedure::kAnova}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     Select(procedure, {1, 2}, {2, 1});
-    panel.Text5 = "1";
-    panel.Text6 = "4";
+    panel.options.t_test = {"1", "4"};
     const RunOutcome outcome = RunNow();
     EXPECT_FALSE(outcome.refused);
     EXPECT_EQ(outcome.aborted, procedure == Procedure::kTTest);
@@ -295,6 +294,26 @@ TEST_F(RunTest, AMarkOfOneRunIsGoneInTheNext) {
   EXPECT_TRUE(RunNow().aborted);
   Select(Procedure::kFrequencies, {1});
   EXPECT_FALSE(RunNow().aborted);
+}
+
+TEST_F(RunTest, ChartsComeOfASingleAnalysisVariable) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  EXPECT_EQ(charts.kind, ChartKind::kFrequencies);
+  Select(Procedure::kFrequencies, {1, 2});
+  RunNow();
+  EXPECT_EQ(charts.kind, ChartKind::kNone);
+}
+
+// The design has one box for both.
+TEST_F(RunTest, TheTablesOfFrequenciesHaveTheirTestsWithTheIndexOfDispersion) {
+  Select(Procedure::kFrequencies, {1}, {2});
+  RunNow();
+  EXPECT_EQ(output.MostRecentText.find("Chi-square  "), std::string::npos);
+  panel.options.frequencies.dispersion = true;
+  RunNow();
+  EXPECT_NE(output.MostRecentText.find("Index of Dispersion"), std::string::npos);
+  EXPECT_NE(output.MostRecentText.find("Chi-square  "), std::string::npos);
 }
 
 TEST_F(RunTest, TheFullCountsStandBehindARun) {
@@ -372,7 +391,7 @@ TEST_F(RunTest, ARefusalAheadOfTheRunLeavesTheCharts) {
 
 TEST_F(RunTest, SavedResidualsAreAmongTheVariablesAtOnce) {
   Select(Procedure::kRegression, {1}, {2});
-  panel.checks.Check1 = true;
+  panel.options.least_squares.save_residuals = true;
   const std::uint64_t revision = data.Revision;
   RunNow();
   EXPECT_EQ(data.VariableCount, kNewVariableCount + 1);

@@ -47,9 +47,8 @@ struct TTestRun : TestRun {
                     const std::string& second = "2")
       : TestRun(columns) {
     Independent(2);
-    panel.SelectedVariables = {1};
-    panel.Text5 = first;
-    panel.Text6 = second;
+    options.t_test.group_a = first;
+    options.t_test.group_b = second;
   }
   std::string Report() { return TestRun::Report(RunTTest); }
 };
@@ -184,7 +183,7 @@ TEST(TTest, WithoutCasesThereIsNoMessage) {
   TTestRun run({{"Y"}, {"G"}});
   EXPECT_EQ(run.Report(), "");
   EXPECT_FALSE(run.aborted);
-  run.panel.Text5 = "";  // the check of the values stands ahead
+  run.options.t_test.group_a = "";  // the check of the values stands ahead
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison: Y by G", "You must select two valid values."));
 }
 
@@ -350,16 +349,16 @@ TEST(TTest, EachSampleLeavesAHistogram) {
   EXPECT_EQ(run.charts.charts[1].beside, run.charts.charts[0].values);
 }
 
-TEST(TTest, SeveralVariablesOrAnErrorLeaveNoChart) {
+TEST(TTest, NoChartBehindAnErrorOrWhereNoneIsWanted) {
   TTestRun run(Weights());
   run.Report();
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report();
   EXPECT_TRUE(run.charts.charts.empty());
-  run.panel.SelectedVariables = {1};
+  run.wants_charts = true;
   run.Report();
   EXPECT_EQ(run.charts.charts.size(), 2u);
-  run.panel.Text6 = "4";
+  run.options.t_test.group_b = "4";
   run.Report();
   EXPECT_TRUE(run.charts.charts.empty());
 }

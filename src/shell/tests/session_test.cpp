@@ -213,7 +213,7 @@ TEST_F(SessionTest, ARefusedRunStaysInItsView) {
 TEST_F(SessionTest, AVariableThatARunAddsIsCounted) {
   Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kDescriptives);
-  session.panel.checks.Check2 = true;  // save z-scores
+  session.panel.options.descriptives.save_z_scores = true;
   session.panel.SelectedVariables = {1};
   RunPanel(session);
   EXPECT_EQ(platform.panes[3], "3 Variables");
