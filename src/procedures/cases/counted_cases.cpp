@@ -48,11 +48,12 @@ std::vector<std::string> CategoryLabels(const std::vector<Category>& categories)
   return labels;
 }
 
-std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases) {
+std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases,
+                                   const std::string& column_title) {
   if (std::max(cases.rows.size(), cases.columns.size()) > kMostChartedCategories) return {};
   return {BarsChart("Row Variable", data.VariableName(variables.rows), kFrequency, CategoryLabels(cases.rows),
                     {{kFrequency, cases.table.row_totals}}),
-          BarsChart("Column Variable", data.VariableName(variables.columns), kFrequency, CategoryLabels(cases.columns),
+          BarsChart(column_title, data.VariableName(variables.columns), kFrequency, CategoryLabels(cases.columns),
                     {{kFrequency, cases.table.column_totals}})};
 }
 

@@ -38,8 +38,9 @@ struct CountedCases {
 CountedCases CountCases(const CaseSource& source, const TableVariables& variables,
                         std::size_t most_cells = kMostTableCells);
 
-// The charts "Row Variable" and "Column Variable": the frequencies of each variable.
-std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases);
+// The charts of the frequencies of each variable: "Row Variable", and the columns' under a title of its own.
+std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases,
+                                   const std::string& column_title);
 
 std::vector<std::string> CategoryLabels(const std::vector<Category>& categories);
 

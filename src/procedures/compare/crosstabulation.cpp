@@ -202,7 +202,7 @@ Chart CellsChart(const DataSet& data, const TableVariables& variables, const Cou
 
 void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const CountedCases& cases) {
   if (!run.wants_charts) return;
-  std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases);
+  std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases, "Column Variable");
   const bool few =
       cases.columns.size() <= kMostChartedColumns && cases.rows.size() * cases.columns.size() <= kMostChartedCells;
   if (few) charts.push_back(CellsChart(run.data, variables, cases));

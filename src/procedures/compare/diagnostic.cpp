@@ -186,7 +186,7 @@ void RunDiagnostic(ProcedureRun& run, const Roles& roles) {
   }
   run.AppendReport(source.control.ControlCaption() +
                    DiagnosticReport(data, variables, cases, ComputeDiagnosticAccuracy(cases.table)));
-  if (run.wants_charts) run.LeaveCharts(ChartKind::kDiagnostic, FrequencyCharts(data, variables, cases));
+  if (run.wants_charts) run.LeaveCharts(ChartKind::kDiagnostic, FrequencyCharts(data, variables, cases, "Frequency"));
 }
 
 }  // namespace tessara

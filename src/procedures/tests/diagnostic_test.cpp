@@ -344,7 +344,7 @@ TEST(Diagnostic, ChartsOfBothVariables) {
             "chart\tRow Variable\tT\tFrequency\t\r\n"
             "1\t3\r\n"
             "2\t4\r\n"
-            "chart\tColumn Variable\tD\tFrequency\t\r\n"
+            "chart\tFrequency\tD\tFrequency\t\r\n"
             "0\t3\r\n"
             "1\t4\r\n");
 }

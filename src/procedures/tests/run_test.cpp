@@ -305,6 +305,20 @@ TEST_F(RunTest, ChartsComeOfASingleAnalysisVariable) {
   EXPECT_EQ(charts.kind, ChartKind::kNone);
 }
 
+TEST_F(RunTest, ARunThatIsRefusedTakesTheFormerChartsAway) {
+  for (const Procedure procedure : {Procedure::kTTest, Procedure::kRegression, Procedure::kNone}) {
+    Select(Procedure::kDescriptives, {1});
+    RunNow();
+    ASSERT_FALSE(charts.charts.empty());
+    ASSERT_NE(charts.summary, "");
+    Select(procedure, {1});
+    EXPECT_TRUE(RunNow().refused);
+    EXPECT_EQ(charts.kind, ChartKind::kNone);
+    EXPECT_TRUE(charts.charts.empty());
+    EXPECT_EQ(charts.summary, "");
+  }
+}
+
 // The design has one box for both.
 TEST_F(RunTest, TheTablesOfFrequenciesHaveTheirTestsWithTheIndexOfDispersion) {
   Select(Procedure::kFrequencies, {1}, {2});
