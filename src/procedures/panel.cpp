@@ -111,11 +111,31 @@ void ResetControl(ProcedurePanel& panel) {
   panel.control = {};
 }
 
-bool AcceptControlNumber(Platform& platform, std::string& text) {
-  if (text.empty() || IsNumeric(std::string_view(text))) return true;
+bool IsControlNumber(std::string_view text) { return text.empty() || IsNumeric(text); }
+
+bool AcceptControlNumber(Platform& platform, std::string_view text) {
+  if (IsControlNumber(text)) return true;
   platform.ShowMessage({"Warning", "Only numerical entries are allowed."});
-  text.clear();
   return false;
+}
+
+bool ControlValueIsRefused(const ProcedurePanel& panel, const DataSet& data) {
+  const ControlRelation relation = panel.control.relation;
+  const bool takes_number = relation == ControlRelation::kGreaterThan || relation == ControlRelation::kLessThan;
+  return ControlIsSet(panel, data) && takes_number && !IsControlNumber(panel.control.value);
+}
+
+bool RunUsesIndependents(const ProcedurePanel& panel) {
+  switch (panel.selected) {
+    case Procedure::kFrequencies:
+    case Procedure::kDescriptives:
+      return true;
+    case Procedure::kCorrelation:
+      return !panel.options.correlation.create_matrix;
+    default:
+      const ProcedureRow* row = ShownRow(panel);
+      return row && !row->second_heading.empty();
+  }
 }
 
 void ClearPanelLists(ProcedurePanel& panel) {

@@ -121,9 +121,16 @@ bool ControlIsSet(const ProcedurePanel& panel, const DataSet& data);
 // The button "Reset" of the control variable: variable, relation and value fields.
 void ResetControl(ProcedurePanel& panel);
 
-// A value typed behind "greater than" or "less than" takes numbers only: another entry is answered by a box and the
-// field is emptied. True when the text may stand, as an empty one may.
-bool AcceptControlNumber(Platform& platform, std::string& text);
+// A value behind "greater than" or "less than" takes numbers only. True when the text may stand, as an empty one may.
+bool IsControlNumber(std::string_view text);
+// The same with a box that answers another entry.
+bool AcceptControlNumber(Platform& platform, std::string_view text);
+// Whether the control holds a value that its relation does not take. No run goes ahead with it.
+bool ControlValueIsRefused(const ProcedurePanel& panel, const DataSet& data);
+
+// Whether a run goes through the independent variables. Frequencies crosstabulate by those that another procedure has
+// left, without a list for them; a matrix of correlations has no use for its second list.
+bool RunUsesIndependents(const ProcedurePanel& panel);
 
 // Empties the lists of chosen variables, as a load does.
 void ClearPanelLists(ProcedurePanel& panel);

@@ -144,6 +144,12 @@ bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
 RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, ChartStore& charts, Platform& platform) {
   const WaitCursor wait(platform);
   RunOutcome outcome;
+  // A value that was typed wrong must not let all cases through.
+  if (ControlValueIsRefused(panel, data)) {
+    AcceptControlNumber(platform, panel.control.value);
+    outcome.refused = true;
+    return outcome;
+  }
   if (IsSubsetRequest(data, panel)) {
     ComesNext(platform);
     outcome.refused = true;

@@ -6,6 +6,7 @@
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
+#include "procedures/follow_data.h"
 
 namespace tessara {
 namespace {
@@ -69,9 +70,13 @@ void TestDocumentationFiles(Session& session) {
 }
 
 LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
-  const LoadOutcome outcome = LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
-  if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.panel);
+  const LoadOutcome outcome =
+      LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
+  if (outcome == LoadOutcome::kLoaded) {
+    const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
+    if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
+  }
   RefreshStatus(session);
   return outcome;
 }

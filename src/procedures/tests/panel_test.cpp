@@ -332,18 +332,41 @@ TEST_F(PanelTest, ResettingTheControlClearsVariableRelationAndValue) {
 
 TEST_F(PanelTest, AControlValueOfAComparisonTakesNumbersOnly) {
   for (const char* entry : {"", "5", "-1.5", "1e3", " 7 ", "1,234"}) {
-    std::string text = entry;
-    EXPECT_TRUE(AcceptControlNumber(platform, text)) << entry;
-    EXPECT_EQ(text, entry);
+    EXPECT_TRUE(AcceptControlNumber(platform, entry)) << entry;
   }
   EXPECT_TRUE(platform.messages.empty());
   for (const char* entry : {"abc", "1 2", "-", "5%"}) {
     platform.messages.clear();
-    std::string text = entry;
-    EXPECT_FALSE(AcceptControlNumber(platform, text)) << entry;
-    EXPECT_EQ(text, "");
+    EXPECT_FALSE(AcceptControlNumber(platform, entry)) << entry;
     ExpectOneBox("Warning", "Only numerical entries are allowed.");
   }
+}
+
+TEST_F(PanelTest, WhatARunDoesWithASecondList) {
+  const std::tuple<Procedure, bool> expected[] = {
+      {Procedure::kNone, false},          {Procedure::kFrequencies, true},
+      {Procedure::kDescriptives, true},   {Procedure::kExplore, true},
+      {Procedure::kTTest, true},          {Procedure::kAnova, true},
+      {Procedure::kCorrelation, true},    {Procedure::kCrosstabulation, true},
+      {Procedure::kRegression, true},     {Procedure::kDiagnostic, true},
+      {Procedure::kListVariables, false}, {Procedure::kSummaryTables, true},
+      {Procedure::kRandomSample, false},  {Procedure::kRepeatedSampling, false}};
+  for (const auto& [procedure, uses] : expected) {
+    SelectProcedure(panel, procedure);
+    EXPECT_EQ(RunUsesIndependents(panel), uses) << static_cast<int>(procedure);
+  }
+  SelectProcedure(panel, Procedure::kCorrelation);
+  panel.options.correlation.create_matrix = true;
+  EXPECT_FALSE(RunUsesIndependents(panel));
+}
+
+TEST_F(PanelTest, ASecondListCanBeEmptiedUnderAProcedureThatDoesNotUseIt) {
+  AddIndependentVariable(panel, platform, {3, 5, 7});
+  SelectProcedure(panel, Procedure::kListVariables);
+  PressIndependentArrow(panel, platform, {}, {});
+  EXPECT_EQ(panel.IndependentVariables, (Columns{3, 5}));
+  RemoveIndependentVariables(panel, {0, 1});
+  EXPECT_TRUE(panel.IndependentVariables.empty());
 }
 
 TEST_F(PanelTest, ALoadEmptiesTheListsAndKeepsTheControl) {

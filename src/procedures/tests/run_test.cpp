@@ -97,6 +97,40 @@ TEST_F(RunTest, AControlVariableBeyondTheDataIsNoSubsetRequest) {
   ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
 }
 
+// "4o" is no number: it must not let all cases through.
+TEST_F(RunTest, AControlValueThatIsNoNumberRefusesTheRunAndStays) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  const std::string before = output.MostRecentText;
+  panel.control_variable.column = 2;
+  for (const ControlRelation relation : {ControlRelation::kGreaterThan, ControlRelation::kLessThan}) {
+    platform.messages.clear();
+    panel.control = {relation, "4o"};
+    ExpectRefusal(RunNow(), "Warning", "Only numerical entries are allowed.");
+    EXPECT_EQ(panel.control.value, "4o");
+    EXPECT_EQ(output.MostRecentText, before);
+    EXPECT_FALSE(charts.charts.empty());
+  }
+  panel.SelectedVariables.clear();  // a request for a subset is stopped too
+  platform.messages.clear();
+  ExpectRefusal(RunNow(), "Warning", "Only numerical entries are allowed.");
+}
+
+TEST_F(RunTest, RelationsOfTextsAndAControlThatIsNotSetTakeAnyValue) {
+  Select(Procedure::kFrequencies, {1});
+  panel.control = {ControlRelation::kGreaterThan, "4o"};
+  EXPECT_FALSE(RunNow().refused);
+  panel.control_variable.column = 2;
+  for (const ControlRelation relation :
+       {ControlRelation::kEqualTo, ControlRelation::kNotEqualTo, ControlRelation::kNoMissing}) {
+    panel.control.relation = relation;
+    EXPECT_FALSE(RunNow().refused);
+  }
+  panel.control = {ControlRelation::kGreaterThan, ""};
+  EXPECT_FALSE(RunNow().refused);
+  EXPECT_TRUE(platform.messages.empty());
+}
+
 TEST_F(RunTest, ProceduresForPairsNeedAnIndependentVariable) {
   for (const Procedure procedure : {Procedure::kCrosstabulation, Procedure::kTTest, Procedure::kAnova,
                                     Procedure::kCorrelation, Procedure::kRegression, Procedure::kDiagnostic}) {

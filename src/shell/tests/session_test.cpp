@@ -113,16 +113,26 @@ TEST_F(StartTest, DocumentationFlagsFollowTheFiles) {
   EXPECT_EQ(session.documentation_found, (std::array{false, false, false, false, true}));
 }
 
-TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControl) {
+TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControlOfTheSameName) {
   session.panel.SelectedVariables = {1, 2};
   session.panel.IndependentVariables = {3};
-  session.panel.control_variable.column = 2;
+  session.panel.control_variable = {2, "SEX"};
   EXPECT_EQ(Open(WriteDataFile("people.dcs")), LoadOutcome::kLoaded);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
   EXPECT_TRUE(session.panel.IndependentVariables.empty());
   EXPECT_EQ(session.panel.control_variable.column, 2u);
+  EXPECT_TRUE(platform.notes.empty());
   EXPECT_EQ(session.data.DataFilePath, folder / "people.dcs");
   EXPECT_EQ(platform.panes[2], "2 Records");
+}
+
+TEST_F(SessionTest, OpeningDataWithoutTheControlVariableResetsItAndSaysSo) {
+  session.panel.control_variable = {2, "WEIGHT"};
+  session.panel.control = {ControlRelation::kLessThan, "70"};
+  EXPECT_EQ(Open(WriteDataFile("people.dcs")), LoadOutcome::kLoaded);
+  EXPECT_EQ(session.panel.control_variable.column, 0u);
+  EXPECT_EQ(session.panel.control.relation, ControlRelation::kNone);
+  EXPECT_EQ(platform.notes, std::vector<std::string>{"the control variable WEIGHT was reset"});
 }
 
 TEST_F(SessionTest, AnEmptyFileIsToldInThePaneAndLeavesTheData) {
