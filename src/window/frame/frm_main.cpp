@@ -280,7 +280,8 @@ void FrmMain::Execute(int id) {
   if (busy_ != 0) return;
   StoreViews();
   const Busy busy(*this);
-  const WidgetAction action = ExecuteCommand(session_, id, State());
+  WidgetAction action = WidgetAction::kNone;
+  platform_.WithinMemory([&] { action = ExecuteCommand(session_, id, State()); });
   ShowWantedView();
   NoteRecentFile();
   ShowSession();
@@ -297,7 +298,9 @@ void FrmMain::OpenFile(const Path& path) {
   const Busy busy(*this);
   {
     const WaitCursor wait(platform_);
-    if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    platform_.WithinMemory([&] {
+      if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    });
   }
   NoteRecentFile();
   ShowSession();

@@ -65,7 +65,7 @@ void RecentFiles::Fill() {
   for (std::size_t i = 0; i < files_.size(); ++i) {
     const QString file = PathToQt(files_[i]);
     QAction* action = menu_->addAction(QString("&%1  ").arg(i + 1) + EntryName(file));
-    action->setToolTip("<span>" + file.toHtmlEscaped() + "</span>");
+    action->setToolTip(file);
     connect(action, &QAction::triggered, this, [this, path = files_[i]] { emit Chosen(path); });
   }
   menu_->setEnabled(!files_.empty());
