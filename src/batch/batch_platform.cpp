@@ -3,7 +3,8 @@
 #include <cctype>
 #include <utility>
 
-#include "batch/script_line.h"
+#include "batch/visible_text.h"
+#include "batch/words/script_line.h"
 #include "platform/files.h"
 #include "platform/module.h"
 #include "platform/print_module.h"

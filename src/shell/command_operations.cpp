@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
+#include "shell/file_questions.h"
 
 namespace tessara {
 namespace {
@@ -29,11 +30,12 @@ void ClearOutputAfterWarning(Session& session) {
   ClearOutput(session.output);
 }
 
-void OpenText(Session& session) { OpenOutputText(session.output, session.platform); }
+void OpenText(Session& session) {
+  if (const auto path = AskOutputToOpen(session.platform)) OpenOutputText(session.output, *path);
+}
 
 void SaveText(Session& session) {
-  SaveOutputText(session.output, session.platform);
-  session.platform.SetStatusPane(kMessagePane, "Save Completed");
+  if (AskAndSaveOutput(session)) session.platform.SetStatusPane(kMessagePane, "Save Completed");
   session.wanted_view = View::ViewOutput;
 }
 

@@ -14,6 +14,7 @@ inline constexpr int kNewCommand = 101;
 inline constexpr int kOpenCommand = 102;
 inline constexpr int kPrintCommand = 106;
 inline constexpr int kExitCommand = 107;
+inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
 inline constexpr int kRunCommand = 308;
 inline constexpr int kToggleOutputCommand = 350;
@@ -24,6 +25,8 @@ inline constexpr int kAboutCommand = 608;
 struct WidgetState {
   bool output_has_selection = false;
   bool clipboard_has_text = false;
+  bool can_undo = false;  // in the text of the Output view
+  bool can_redo = false;
 };
 
 // What is left to the front end, because only it has the widget.
@@ -34,6 +37,8 @@ enum class WidgetAction {
   kCopy,
   kPaste,
   kCut,
+  kUndo,
+  kRedo,
   kPrintPage,
   kDefaultSize,
   kRefreshHelpLists,

@@ -22,6 +22,9 @@ bool HasOutputSelection(const Session& session, const WidgetState& widgets) {
   return session.output.OutputGridMode || widgets.output_has_selection;
 }
 
+bool CanUndoText(const Session&, const WidgetState& widgets) { return widgets.can_undo; }
+bool CanRedoText(const Session&, const WidgetState& widgets) { return widgets.can_redo; }
+
 bool ClipboardHasText(const Session&, const WidgetState& widgets) { return widgets.clipboard_has_text; }
 
 bool HasCalculation(const Session& session, const WidgetState&) { return CanCopyResult(session.brevarum); }

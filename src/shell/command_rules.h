@@ -13,6 +13,8 @@ bool HasOutputText(const Session& session, const WidgetState& widgets);
 bool HasOutputToConvert(const Session& session, const WidgetState& widgets);
 // In the grid of the Output view there is a current cell at all times.
 bool HasOutputSelection(const Session& session, const WidgetState& widgets);
+bool CanUndoText(const Session& session, const WidgetState& widgets);
+bool CanRedoText(const Session& session, const WidgetState& widgets);
 bool ClipboardHasText(const Session& session, const WidgetState& widgets);
 bool HasCalculation(const Session& session, const WidgetState& widgets);
 bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);

@@ -40,7 +40,7 @@ const std::vector<CommandMenu>& MenuBar() {
   constexpr bool kGroup = true;
   static const std::vector<CommandMenu> menus = {
       {"&File", {{101}, {102}, {103, kGroup}, {110}, {106, kGroup}, {107, kGroup}}},
-      {"&Edit", {{204, kGroup}, {205, kGroup}, {206}, {213}, {212}, {211, kGroup}, {350}}},
+      {"&Edit", {{214}, {215}, {204, kGroup}, {205, kGroup}, {206}, {213}, {212}, {211, kGroup}, {350}}},
       {"&Variable", {{308, kGroup}}},
       {"&Options", {{401}, {402}}},
       {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},

@@ -41,6 +41,8 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        "|106 &Print\n"
        "|107 &Exit\n"},
       {"&Edit",
+       " 214 &Undo\n"
+       " 215 &Redo\n"
        "|204 Select &All\n"
        "|205 &Copy\n"
        " 206 &Paste\n"
@@ -158,21 +160,28 @@ class CommandTest : public SessionFixture {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-oo++oo+"},
-      {107, "++++++++"}, {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"},
-      {211, "---o----"}, {350, "---+----"}, {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"},
-      {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"}, {504, "oooooooo"}, {505, "oooooooo"},
-      {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"}, {608, "++++++++"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-oo++oo+"}, {107, "++++++++"},
+      {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"}, {211, "---o----"}, {350, "---+----"},
+      {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
+      {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
+      {608, "++++++++"}, {214, "---o----"}, {215, "---o----"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
 
 TEST_F(CommandTest, StatesByViewWithOutputASelectionAndAFullClipboard) {
   Report("report");
-  widgets = {.output_has_selection = true, .clipboard_has_text = true};
-  const std::pair<int, const char*> expected[] = {
-      {204, "+--+----"}, {205, "+--+-o--"}, {206, "o--+-o--"}, {213, "o--+-o--"}, {211, "---+----"}};
+  widgets = {.output_has_selection = true, .clipboard_has_text = true, .can_undo = true, .can_redo = true};
+  const std::pair<int, const char*> expected[] = {{204, "+--+----"}, {205, "+--+-o--"}, {206, "o--+-o--"},
+                                                  {213, "o--+-o--"}, {211, "---+----"}, {214, "---+----"},
+                                                  {215, "---+----"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
+}
+
+TEST_F(CommandTest, UndoAndRedoAreLeftToTheSheet) {
+  EXPECT_EQ(Execute(214, View::ViewOutput), WidgetAction::kUndo);
+  EXPECT_EQ(Execute(215, View::ViewOutput), WidgetAction::kRedo);
+  EXPECT_EQ(Execute(214, View::ViewStatProcs), WidgetAction::kNone);
 }
 
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
@@ -305,6 +314,21 @@ TEST_F(CommandTest, OpenAsksForAFileOfTheView) {
 
   Execute(102, View::ViewStatProcs);
   EXPECT_EQ(platform.open_dialogs.size(), 2u);
+}
+
+TEST_F(CommandTest, AnOutputThatWasNotSavedIsNotSaidToBe) {
+  Report("report");
+  platform.panes[1] = "Ready";
+  Execute(103, View::ViewOutput);  // cancelled
+  EXPECT_EQ(platform.panes[1], "Ready");
+  EXPECT_TRUE(platform.messages.empty());
+
+  platform.save_answers = {Chosen(folder / "no such folder" / "output.txt")};
+  Execute(103, View::ViewOutput);
+  EXPECT_EQ(platform.panes[1], "Ready");
+  EXPECT_TRUE(session.output.OutputChanged);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Save Aborted!");
 }
 
 TEST_F(CommandTest, SaveSaysSaveCompletedInBothViews) {

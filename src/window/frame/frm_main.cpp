@@ -110,6 +110,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
 
 FrmMain::~FrmMain() {
   platform_.AttachFrame(nullptr, {}, {});
+  platform_.ShowDocumentsIn({});
   QApplication::clipboard()->disconnect(this);
   // The views look at the session to the last: they go ahead of it.
   disconnect(workspace_, nullptr, this, nullptr);
@@ -184,6 +185,13 @@ void FrmMain::BuildHelpPane() {
   help_pane_ = new HelpPane(platform_, session_, this);
   addDockWidget(Qt::RightDockWidgetArea, help_pane_);
   help_pane_->setVisible(session_.help_pane_visible);
+  platform_.ShowDocumentsIn([this](const QString& file) {
+    if (!help_pane_->ShowDocument(file)) return false;
+    session_.help_pane_visible = true;
+    help_pane_->show();
+    help_pane_->raise();
+    return true;
+  });
   connect(help_pane_, &HelpPane::Closed, this, [this] {
     session_.help_pane_visible = false;
     RefreshCommands();
@@ -246,14 +254,15 @@ void FrmMain::ShowWantedView() { ShowView(std::exchange(session_.wanted_view, Vi
 void FrmMain::TabChanged() {
   ViewForm* form = current_view();
   if (!form) return;
-  if (busy_ == 0) StoreViews();
+  const bool by_user = busy_ == 0;
+  if (by_user) StoreViews();
   ActivateView(session_, form->view());
   const Busy busy(*this);
   form->ShowSession();
   if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
   // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.
   if (form->view() == View::ViewDataGrid || !workspace_->tabBar()->hasFocus()) form->FocusFirst();
-  RefreshCommands();
+  if (by_user) RefreshCommands();  // an operation that brings a view to the front does so at its end
 }
 
 void FrmMain::StoreViews() {
@@ -284,8 +293,9 @@ void FrmMain::Execute(int id) {
 
 void FrmMain::OpenFile(const Path& path) {
   if (busy_ != 0) return;
-  ShowView(View::ViewDataGrid);
+  StoreViews();
   const Busy busy(*this);
+  ShowView(View::ViewDataGrid);
   {
     const WaitCursor wait(platform_);
     if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
@@ -315,12 +325,17 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCopy:
     case WidgetAction::kPaste:
     case WidgetAction::kCut:
+    case WidgetAction::kUndo:
+    case WidgetAction::kRedo:
+    case WidgetAction::kPrintPage:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
       showNormal();
       resize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
       return;
+    case WidgetAction::kRefreshHelpLists:
+      return help_pane_->RefreshLists();
     case WidgetAction::kToggleHelpPane:
     case WidgetAction::kOpenHelp:
       return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : HelpPage(session_.ActiveView));
