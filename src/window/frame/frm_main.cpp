@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -53,6 +54,17 @@ PageText HandbookPage() {
   return {"documentation", QObject::tr("Handbook"),
           QObject::tr("The research methods handbook has its place here: short chapters on design, sampling and the "
                       "choice of a procedure.")};
+}
+
+// Whether enough of a window is in sight to take hold of it.
+bool OnSomeScreen(const QRect& window) {
+  constexpr int kHold = 48;
+  const QRect hold(window.topLeft(), QSize(window.width(), kHold));
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRect seen = screen->availableGeometry().intersected(hold);
+    if (seen.width() >= kHold && seen.height() >= kHold / 2) return true;
+  }
+  return false;
 }
 
 // The data file of a drag, if it brings one.
@@ -103,6 +115,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   ConnectClipboard();
   FocusOutline::Watch(this);
   ApplyAppearance();
+  RestorePlace();
   NoteRecentFile();
   TabChanged();
   StartTimers(start);
@@ -392,11 +405,25 @@ void FrmMain::ApplyAppearance() {
   if (!isMaximized() && !isFullScreen()) resize(Pixels(size.width), Pixels(size.height));
 }
 
-void FrmMain::StoreSize() {
+// A place that no screen shows any more is left to the window system; a maximised window knows the size to go back to.
+void FrmMain::RestorePlace() {
+  const auto place = WindowPlaceOf(store_.Read(std::string(kWindowPlaceSetting)).value_or(""));
+  if (!place) return;
+  const QRect frame(place->x, place->y, place->width, place->height);
+  if (OnSomeScreen(frame)) move(frame.topLeft());
+  if (!place->maximised) return;
+  resize(frame.size().expandedTo(minimumSize()));
+  setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void FrmMain::StorePlace() {
   session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
   session_.settings.Op8 = width() * kTwipsPerPixel;
   WriteSetting(store_, platform_, "Op7", std::to_string(session_.settings.Op7));
   WriteSetting(store_, platform_, "Op8", std::to_string(session_.settings.Op8));
+  const QRect usual = isMaximized() || isFullScreen() ? normalGeometry() : QRect(pos(), size());
+  const WindowPlace place = {usual.x(), usual.y(), usual.width(), usual.height(), isMaximized()};
+  WriteSetting(store_, platform_, std::string(kWindowPlaceSetting), WindowPlaceText(place));
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -411,7 +438,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     RefreshCommands();
     return;
   }
-  StoreSize();
+  StorePlace();
   timer1_->stop();
   timer2_->stop();
   splash_.reset();
