@@ -51,19 +51,16 @@ enum class WidgetAction {
 class ViewSet {
  public:
   constexpr ViewSet() = default;
-  constexpr ViewSet(View view) : bits_(1u << static_cast<unsigned>(view)) {}
+  template <typename... Views>
+  constexpr ViewSet(View first, Views... others) : bits_((Bit(first) | ... | Bit(others))) {}
 
-  constexpr bool contains(View view) const { return (bits_ >> static_cast<unsigned>(view) & 1u) != 0; }
-
-  friend constexpr ViewSet operator|(ViewSet a, ViewSet b) {
-    a.bits_ |= b.bits_;
-    return a;
-  }
+  constexpr bool contains(View view) const { return (bits_ & Bit(view)) != 0; }
 
  private:
+  static constexpr unsigned Bit(View view) { return 1u << static_cast<unsigned>(view); }
+
   unsigned bits_ = 0;
 };
-constexpr ViewSet operator|(View a, View b) { return ViewSet(a) | ViewSet(b); }
 
 // No rule at all means always.
 using Rule = bool (*)(const Session& session, const WidgetState& widgets);

@@ -13,8 +13,8 @@ namespace {
 
 using enum View;
 
-constexpr ViewSet kEveryView =
-    ViewDataGrid | ViewStatProcs | ViewBrevarum | ViewOutput | ViewCharts | ViewGlossary | ViewHandbook | ViewTips;
+constexpr ViewSet kEveryView = {ViewDataGrid, ViewStatProcs, ViewBrevarum, ViewOutput,
+                                ViewCharts,   ViewGlossary,  ViewHandbook, ViewTips};
 
 constexpr std::string_view kNoGlossary = "The glossary is not part of this version";
 constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
