@@ -5,17 +5,12 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QWheelEvent>
 
 #include "window/system/page_painter.h"
 
 namespace tessara {
 namespace {
 
-constexpr int kLeastZoom = 40;
-constexpr int kMostZoom = 400;
-constexpr int kZoomStep = 10;
-constexpr int kWheelNotch = 120;
 constexpr int kSheetColumns = 100;  // a report's width with some room beside it
 constexpr QLatin1String kPageBreakLine("<Page Break>");
 
@@ -36,14 +31,11 @@ TextPage::TextPage(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void TextPage::SetZoom(int percent) {
-  percent = qBound(kLeastZoom, percent, kMostZoom);
   if (percent == zoom_) return;
   zoom_ = percent;
   ApplyType();
   emit ZoomChanged(zoom_);
 }
-
-void TextPage::ZoomStep(int steps) { SetZoom((zoom_ / kZoomStep + steps) * kZoomStep); }
 
 void TextPage::ApplyType() {
   QFont type = FixedPitchFont();
@@ -147,17 +139,6 @@ void TextPage::PaintPageBreaks() {
 void TextPage::resizeEvent(QResizeEvent* event) {
   QPlainTextEdit::resizeEvent(event);
   PlaceSheet();
-}
-
-void TextPage::wheelEvent(QWheelEvent* event) {
-  if (!(event->modifiers() & Qt::ControlModifier)) {
-    QPlainTextEdit::wheelEvent(event);
-    return;
-  }
-  wheel_rest_ += event->angleDelta().y();
-  ZoomStep(wheel_rest_ / kWheelNotch);
-  wheel_rest_ %= kWheelNotch;
-  event->accept();
 }
 
 }  // namespace tessara

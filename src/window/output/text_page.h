@@ -4,8 +4,7 @@
 
 class QLabel;
 
-// A fixed-pitch text on a sheet: a page with a margin, in the middle of what room there is. Zooms with Ctrl and the
-// wheel, Ctrl+Plus, Ctrl+Minus and Ctrl+0.
+// A fixed-pitch text on a sheet: a page with a margin, in the middle of what room there is.
 
 namespace tessara {
 
@@ -17,7 +16,6 @@ class TextPage : public QPlainTextEdit {
 
   int zoom() const { return zoom_; }  // percent
   void SetZoom(int percent);
-  void ZoomStep(int steps);
 
   // What an empty sheet says.
   void SetEmptyText(const QString& text);
@@ -36,7 +34,6 @@ class TextPage : public QPlainTextEdit {
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void ApplyType();
@@ -47,7 +44,6 @@ class TextPage : public QPlainTextEdit {
 
   QLabel* empty_text_ = nullptr;
   int zoom_ = 100;
-  int wheel_rest_ = 0;
 };
 
 }  // namespace tessara

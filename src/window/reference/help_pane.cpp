@@ -155,6 +155,8 @@ void HelpPane::StoreShowAtStart(bool checked) {
 
 void HelpPane::ShowPage(std::string_view page) { browser_->ShowPage(ToQt(page)); }
 
+bool HelpPane::Shows(std::string_view page) const { return browser_->source().toString().endsWith(ToQt(page)); }
+
 void HelpPane::RefreshLists() { FillLabels(); }
 
 void HelpPane::closeEvent(QCloseEvent* event) {

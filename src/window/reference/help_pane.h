@@ -25,6 +25,7 @@ class HelpPane : public QDockWidget {
   HelpPane(QtPlatform& platform, Session& session, QWidget* parent);
 
   void ShowPage(std::string_view page);
+  bool Shows(std::string_view page) const;
   // The lists anew, when the documents of the program folder have been looked for again.
   void RefreshLists();
 
