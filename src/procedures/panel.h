@@ -73,6 +73,7 @@ struct ProcedureRow {
   struct Field {
     std::string_view control;  // "Text5", "Text6", "Text7" or "Combo1"
     std::string_view caption;
+    std::string_view tooltip = {};
   };
   std::vector<Field> fields;         // the fields shown; all others are hidden
   std::string_view example_heading;  // Label10

@@ -119,7 +119,7 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .first_heading = "List Variables",
        .second_heading = {},
        .boxes = {},
-       .fields = {{"Text7", "Max Observations"}},
+       .fields = {{"Text7", "Max Observations", "Enter maximum number of observations"}},
        .example_heading = "  List Variables    [Example]"},
       {.procedure = Procedure::kSummaryTables,
        .control = "Reports",
