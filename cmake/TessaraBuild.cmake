@@ -36,7 +36,10 @@ endif()
 
 # The sources of one folder and its rooms; tests folders are not among them.
 function(tessara_sources variable folder)
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/${folder}/*.cpp" "${CMAKE_SOURCE_DIR}/${folder}/*.h")
-  list(FILTER sources EXCLUDE REGEX "/tests/")
+  set(top "${CMAKE_SOURCE_DIR}/${folder}")
+  # Relative names, so that a tree that lies in a folder named "tests" has sources too.
+  file(GLOB_RECURSE sources RELATIVE "${top}" CONFIGURE_DEPENDS "${top}/*.cpp" "${top}/*.h")
+  list(FILTER sources EXCLUDE REGEX "(^|/)tests/")
+  list(TRANSFORM sources PREPEND "${top}/")
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()

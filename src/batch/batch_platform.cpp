@@ -6,31 +6,19 @@
 #include "batch/script_line.h"
 #include "platform/files.h"
 #include "platform/module.h"
+#include "platform/print_module.h"
 
 namespace tessara {
 namespace {
 
-// Pages are bytes of the code page, each ended by a zero byte. Yields 0 when the file was written.
-using WritePdfRoutine = int(const char* utf8_path, const char* const* pages, int page_count);
+PdfRoutine* FindPdfRoutine() { return reinterpret_cast<PdfRoutine*>(FindModuleRoutine(kPrintModule, kPdfRoutine)); }
 
-WritePdfRoutine* FindPdfRoutine() {
-  return reinterpret_cast<WritePdfRoutine*>(FindModuleRoutine("tessara-print", "TessaraWritePdf"));
-}
-
-bool WritePdf(const Path& path, const std::vector<std::string>& pages) {
-  WritePdfRoutine* write = FindPdfRoutine();
-  if (!write) return false;
-  std::vector<const char*> starts;
-  starts.reserve(pages.size());
-  for (const std::string& page : pages) starts.push_back(page.c_str());
-  return write(PathToUtf8(path).c_str(), starts.data(), static_cast<int>(starts.size())) == 0;
-}
-
-bool WritePlainText(const Path& path, const std::vector<std::string>& pages) {
+bool WritePlainText(const Path& path, const PrintJob& job) {
   SafeFileWriter file(path);
-  for (std::size_t i = 0; i < pages.size(); ++i) {
-    if (i > 0) file.Write("\f");
-    file.Write(pages[i]);
+  bool first = true;
+  for (const Sheet& sheet : job.sheets) {
+    if (!std::exchange(first, false)) file.Write("\f");
+    file.Write(sheet.text);
   }
   return file.Commit() == WriteResult::kWritten;
 }
@@ -69,10 +57,20 @@ Answer BatchPlatform::ShowMessage(const MessageBox& box) {
   return answers.question;
 }
 
-bool BatchPlatform::PrintPages(const std::vector<std::string>& pages) {
+bool BatchPlatform::Print(const PrintJob& job) {
   if (!answers.print_path) return false;
   const Path path = *std::exchange(answers.print_path, std::nullopt);
-  return IsPdfPath(path) ? WritePdf(path, pages) : WritePlainText(path, pages);
+  return IsPdfPath(path) ? WritePdf(job, path) : WritePlainText(path, job);
+}
+
+bool BatchPlatform::WritePdf(const PrintJob& job, const Path& path) {
+  PdfRoutine* make_pdf = FindPdfRoutine();
+  std::string pdf;
+  return make_pdf && make_pdf(job, pdf) && WriteWholeFile(path, pdf) == WriteResult::kWritten;
+}
+
+void BatchPlatform::ShowNote(const std::string& text) {
+  stream_.PrintMessage("tessara-cli: note: " + TerminalText(text));
 }
 
 DateTime BatchPlatform::Now() { return LocalNow(); }

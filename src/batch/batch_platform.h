@@ -32,17 +32,20 @@ class BatchPlatform : public Platform {
   std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
   std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
   Answer ShowMessage(const MessageBox& box) override;
-  // Writes the pages to the path of the command: PDF when it ends in .pdf, else text with form feeds between pages.
-  bool PrintPages(const std::vector<std::string>& pages) override;
+  // Writes the sheets to the path of the command: PDF when it ends in .pdf, else text with form feeds between them.
+  bool Print(const PrintJob& job) override;
+  bool Preview(const PrintJob&) override { return false; }
+  bool WritePdf(const PrintJob& job, const Path& path) override;
 
   void ShowWaitCursor() override {}
   void HideWaitCursor() override {}
   void SetStatusPane(int, const std::string&) override {}
+  void ShowNote(const std::string& text) override;
   void ShowProgress(double, double, const std::string&) override {}
   bool UpdateProgress(double) override { return true; }
   void HideProgress() override {}
   std::string ClipboardText() override { return clipboard_; }
-  void SetClipboardText(const std::string& text) override { clipboard_ = text; }
+  void SetClipboard(const ClipboardContent& content) override { clipboard_ = content.text; }
   bool PlaySoundFile(const Path&) override { return false; }
   bool OpenDocument(const std::string&) override { return false; }
   DateTime Now() override;

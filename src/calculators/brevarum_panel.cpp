@@ -189,9 +189,8 @@ bool PrintResult(const BrevarumPanel& panel, Platform& platform, const PrintOpti
   const auto choice = platform.AskPrint({.title = "Print", .offer_selection = false});
   if (!choice) return false;
   const std::string page = ResultPage(panel, options, platform.Now().date);
-  if (platform.PrintPages(std::vector<std::string>(static_cast<std::size_t>(std::max(choice->copies, 0)), page))) {
-    return true;
-  }
+  const std::vector<std::string> pages(static_cast<std::size_t>(std::max(choice->copies, 0)), page);
+  if (platform.Print(JobOfPages(pages))) return true;
   ShowPrinterError(platform);
   return false;
 }

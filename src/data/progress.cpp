@@ -26,23 +26,23 @@ void Progress::ProgressOpen(double minimum, double maximum, const std::string& c
 
 void Progress::ProgressStep(double steps) {
   if (off_) {
-    if (shown_) platform_.HideProgress();
+    if (shown_) status_.HideProgress();
     shown_ = false;
     return;
   }
   count_ += steps;
   if (count_ - told_ < stride_ && count_ < maximum_) return;
   told_ = count_;
-  if (!platform_.UpdateProgress(count_)) off_ = true;
+  if (!status_.UpdateProgress(count_)) off_ = true;
 }
 
 void Progress::ProgressHide(bool flag) {
   if (flag) {
-    if (shown_) platform_.HideProgress();
+    if (shown_) status_.HideProgress();
     shown_ = false;
     count_ = 0;
   } else {
-    platform_.ShowProgress(minimum_, maximum_, caption_);
+    status_.ShowProgress(minimum_, maximum_, caption_);
     shown_ = true;
   }
 }

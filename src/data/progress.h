@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/platform.h"
+#include "platform/status.h"
 
 // The progress display of long work. Small jobs show nothing. The form's Cancel button takes the bar away and nothing
 // more: the job runs on to its end.
@@ -11,7 +11,7 @@ namespace tessara {
 
 class Progress {
  public:
-  explicit Progress(Platform& platform) : platform_(platform) {}
+  explicit Progress(Status& status) : status_(status) {}
   ~Progress() { ProgressHide(true); }
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
@@ -25,7 +25,7 @@ class Progress {
   double ProgressCount() const { return count_; }
 
  private:
-  Platform& platform_;
+  Status& status_;
   bool off_ = true;
   bool shown_ = false;
   double count_ = 0;

@@ -38,8 +38,22 @@ Answer ScriptedPlatform::ShowMessage(const MessageBox& box) {
   return answer;
 }
 
-bool ScriptedPlatform::PrintPages(const std::vector<std::string>& pages) {
-  if (printer_works) printed.push_back(pages);
+bool ScriptedPlatform::Print(const PrintJob& job) {
+  if (!printer_works) return false;
+  std::vector<std::string> texts;
+  for (const Sheet& sheet : job.sheets) texts.push_back(sheet.text);
+  printed.push_back(std::move(texts));
+  print_jobs.push_back(job);
+  return true;
+}
+
+bool ScriptedPlatform::Preview(const PrintJob& job) {
+  if (printer_works) previews.push_back(job);
+  return printer_works;
+}
+
+bool ScriptedPlatform::WritePdf(const PrintJob& job, const Path& path) {
+  if (printer_works) pdf_files.emplace_back(path, job);
   return printer_works;
 }
 
@@ -47,6 +61,7 @@ void ScriptedPlatform::ShowWaitCursor() { most_wait_cursors = std::max(most_wait
 void ScriptedPlatform::HideWaitCursor() { --wait_cursors; }
 
 void ScriptedPlatform::SetStatusPane(int pane, const std::string& text) { panes[pane] = text; }
+void ScriptedPlatform::ShowNote(const std::string& text) { notes.push_back(text); }
 
 void ScriptedPlatform::ShowProgress(double minimum, double maximum, const std::string& caption) {
   progress.push_back({minimum, maximum, caption, 0, false});
@@ -62,7 +77,11 @@ void ScriptedPlatform::HideProgress() {
 }
 
 std::string ScriptedPlatform::ClipboardText() { return clipboard; }
-void ScriptedPlatform::SetClipboardText(const std::string& text) { clipboard = text; }
+
+void ScriptedPlatform::SetClipboard(const ClipboardContent& content) {
+  clipboard = content.text;
+  clipboard_html = content.html;
+}
 
 bool ScriptedPlatform::PlaySoundFile(const Path& path) {
   sounds.push_back(path);

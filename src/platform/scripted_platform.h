@@ -1,7 +1,9 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"
@@ -24,6 +26,7 @@ class ScriptedPlatform : public Platform {
   // The progress form's Cancel button is pressed at this value.
   std::optional<double> cancel_progress_at;
   std::string clipboard;
+  std::string clipboard_html;
   DateTime now{{2026, 11, 5}, 15, 7, 9};
   std::uint64_t entropy = 1;
   Path program_folder = "/program";
@@ -41,11 +44,15 @@ class ScriptedPlatform : public Platform {
   std::vector<FileDialog> save_dialogs;
   std::vector<PrintDialog> print_dialogs;
   std::vector<MessageBox> messages;
-  std::vector<std::vector<std::string>> printed;
+  std::vector<std::vector<std::string>> printed;  // the texts of the sheets
+  std::vector<PrintJob> print_jobs;               // the same jobs whole
+  std::vector<PrintJob> previews;
+  std::vector<std::pair<Path, PrintJob>> pdf_files;
   std::vector<ProgressRun> progress;
   std::vector<Path> sounds;
   std::vector<std::string> documents;
   std::string panes[4];  // 1 to 3
+  std::vector<std::string> notes;
   int wait_cursors = 0;  // shown now
   int most_wait_cursors = 0;
 
@@ -53,15 +60,18 @@ class ScriptedPlatform : public Platform {
   std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
   std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
   Answer ShowMessage(const MessageBox& box) override;
-  bool PrintPages(const std::vector<std::string>& pages) override;
+  bool Print(const PrintJob& job) override;
+  bool Preview(const PrintJob& job) override;
+  bool WritePdf(const PrintJob& job, const Path& path) override;
   void ShowWaitCursor() override;
   void HideWaitCursor() override;
   void SetStatusPane(int pane, const std::string& text) override;
+  void ShowNote(const std::string& text) override;
   void ShowProgress(double minimum, double maximum, const std::string& caption) override;
   bool UpdateProgress(double value) override;
   void HideProgress() override;
   std::string ClipboardText() override;
-  void SetClipboardText(const std::string& text) override;
+  void SetClipboard(const ClipboardContent& content) override;
   bool PlaySoundFile(const Path& path) override;
   bool OpenDocument(const std::string& address) override;
   DateTime Now() override;

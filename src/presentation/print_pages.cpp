@@ -108,8 +108,8 @@ std::vector<std::string> OutputPages(std::string_view text, const PrintOptions& 
   return maker.TakePages();
 }
 
-void ShowPrinterError(Platform& platform) {
-  platform.ShowMessage({.title = "Printer Error",
+void ShowPrinterError(Messages& messages) {
+  messages.ShowMessage({.title = "Printer Error",
                         .text =
                             "The printer is not accepting the print request.  Your printer software may be "
                             "corrupted.  If the problem continues, you may want to reinstall the printer software."});
@@ -125,7 +125,7 @@ bool PrintOutput(const OutputLog& output, Platform& platform, const PrintOptions
   const std::vector<std::string> copy = OutputPages(text, options, today);
   std::vector<std::string> pages;
   for (int i = 0; i < copies; ++i) pages.insert(pages.end(), copy.begin(), copy.end());
-  if (platform.PrintPages(pages)) return true;
+  if (platform.Print(JobOfPages(pages))) return true;
   ShowPrinterError(platform);
   return false;
 }

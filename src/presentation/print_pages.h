@@ -23,7 +23,7 @@ struct PrintOptions {
 std::vector<std::string> OutputPages(std::string_view text, const PrintOptions& options, const CalendarDay& today);
 
 // The box for a printer that refuses, whatever was to be printed.
-void ShowPrinterError(Platform& platform);
+void ShowPrinterError(Messages& messages);
 
 // Asks for the printer and prints the text of the box, each copy anew; a text without a mark is printed once, whatever
 // the number of copies. False when it was cancelled or the printer refused.

@@ -55,7 +55,11 @@ class AnsweringPlatform : public QtPlatform {
     BeforeDialog();
     return script.ShowMessage(box);
   }
-  bool PrintPages(const std::vector<std::string>& pages) override { return script.PrintPages(pages); }
+  bool Print(const PrintJob& job) override { return script.Print(job); }
+  bool Preview(const PrintJob& job) override {
+    BeforeDialog();
+    return script.Preview(job);
+  }
   // Paints on a sheet that the test can look at.
   bool PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) override {
     if (!script.printer_works) return false;

@@ -32,10 +32,14 @@ TEST(ScriptedPlatform, BoxWithoutAnAnswerIsCancelledUnlessItHasOkAlone) {
 
 TEST(ScriptedPlatform, RefusingPrinterPrintsNothing) {
   ScriptedPlatform platform;
-  EXPECT_TRUE(platform.PrintPages({"one", "two"}));
+  EXPECT_TRUE(platform.Print(JobOfPages({"one", "two"})));
   platform.printer_works = false;
-  EXPECT_FALSE(platform.PrintPages({"three"}));
+  EXPECT_FALSE(platform.Print(JobOfPages({"three"})));
+  EXPECT_FALSE(platform.Preview(JobOfPages({"three"})));
+  EXPECT_FALSE(platform.WritePdf(JobOfPages({"three"}), "/three.pdf"));
   EXPECT_EQ(platform.printed, (std::vector<std::vector<std::string>>{{"one", "two"}}));
+  EXPECT_TRUE(platform.previews.empty());
+  EXPECT_TRUE(platform.pdf_files.empty());
 }
 
 TEST(ScriptedPlatform, ProgressIsCancelledAtItsValue) {

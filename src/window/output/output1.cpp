@@ -5,8 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTextCursor>
@@ -15,7 +13,6 @@
 
 #include "presentation/print_pages.h"
 #include "window/output/text_page.h"
-#include "window/system/page_painter.h"
 #include "window/system/qt_platform.h"
 #include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
@@ -256,24 +253,15 @@ void Output1::Find(bool backward) {
   find_result_->setText(tr("Not found"));
 }
 
-QStringList Output1::Pages() {
+PrintJob Output1::Job() {
   StoreWidgets();
   const PrintOptions options = {.date = session().settings.print_date(),
                                 .notes_caption = session().settings.notes_caption()};
-  QStringList pages;
-  for (const std::string& page : OutputPages(session().output.BoxText(), options, platform_.Now().date)) {
-    pages += ToQt(page);
-  }
-  return pages;
+  return JobOfPages(OutputPages(session().output.BoxText(), options, platform_.Now().date));
 }
 
 void Output1::Preview() {
-  const QStringList pages = Pages();
-  QPrintPreviewDialog dialog(&platform_.NewPrinter(), window());
-  dialog.setWindowTitle(tr("Print Preview"));
-  connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
-          [&pages](QPrinter* printer) { PaintPages(*printer, pages); });
-  dialog.exec();
+  if (!platform_.Preview(Job())) ShowPrinterError(platform_);
 }
 
 void Output1::PrintToPdf() {
@@ -287,7 +275,7 @@ void Output1::PrintToPdf() {
   const auto chosen = platform_.AskSaveFile(dialog);
   if (!chosen) return;
   const WaitCursor wait(platform_);
-  if (WritePdf(PathToQt(chosen->path), Pages())) {
+  if (platform_.WritePdf(Job(), chosen->path)) {
     platform_.SetStatusPane(1, "Save Completed");
   } else {
     platform_.ShowMessage({"Error", "The PDF file could not be written.", Buttons::kOk, Tone::kRefusal});

@@ -48,7 +48,7 @@ class Output1 : public ViewForm {
   void Find(bool backward);
   void Preview();
   void PrintToPdf();
-  QStringList Pages();
+  PrintJob Job();
 
   QtPlatform& platform_;
   TextPage* page_ = nullptr;

@@ -1,5 +1,6 @@
 #include "window/system/page_painter.h"
 
+#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QLocale>
@@ -7,8 +8,10 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
+#include <QStringList>
 #include <algorithm>
+
+#include "window/widgets/text.h"
 
 namespace tessara {
 namespace {
@@ -22,7 +25,7 @@ constexpr int kTabStop = 8;
 constexpr qreal kMarginMillimetres = 10;
 
 // The type that has so many columns and lines on the sheet, in points, by the measures of the face at 100 points.
-struct Sheet {
+struct SheetMeasure {
   QRectF area;  // in device pixels
   qreal dots_per_point;
   qreal column_width;  // of one point of type, in points
@@ -34,12 +37,12 @@ struct Sheet {
   int LinesAt(qreal type) const { return static_cast<int>(area.height() / dots_per_point / (line_height * type)); }
 };
 
-Sheet MeasureSheet(const QPagedPaintDevice& device) {
+SheetMeasure MeasureSheet(const QPagedPaintDevice& device) {
   constexpr int kMeasured = 100;
   QFont font = FixedPitchFont();
   font.setPointSizeF(kMeasured);
   const QFontMetricsF metrics(font, const_cast<QPagedPaintDevice*>(&device));
-  Sheet sheet;
+  SheetMeasure sheet;
   sheet.area = QRectF(0, 0, device.width(), device.height());
   sheet.dots_per_point = device.logicalDpiY() / 72.0;
   sheet.column_width = metrics.horizontalAdvance('0') / sheet.dots_per_point / kMeasured;
@@ -69,23 +72,36 @@ QStringList Fold(const QStringList& lines, int columns) {
   return folded;
 }
 
+void TakePaper(QPagedPaintDevice& device, const Sheet& sheet) {
+  QPageLayout layout = device.pageLayout();
+  if (sheet.paper != PaperSize::kAsSet) {
+    layout.setPageSize(QPageSize(sheet.paper == PaperSize::kA4 ? QPageSize::A4 : QPageSize::Letter));
+  }
+  if (sheet.orientation != Orientation::kAsSet) {
+    layout.setOrientation(sheet.orientation == Orientation::kPortrait ? QPageLayout::Portrait : QPageLayout::Landscape);
+  }
+  layout.setUnits(QPageLayout::Millimeter);
+  layout.setMargins(QMarginsF(kMarginMillimetres, kMarginMillimetres, kMarginMillimetres, kMarginMillimetres));
+  device.setPageLayout(layout);
+}
+
 class PagePainter {
  public:
-  PagePainter(QPainter& painter, QPagedPaintDevice& device)
-      : painter_(painter), device_(device), sheet_(MeasureSheet(device)) {
-    usual_type_ = std::min({kLargestType, sheet_.TypeForColumns(kPageColumns), sheet_.TypeForLines(kPageLines)});
-  }
+  PagePainter(QPainter& painter, QPagedPaintDevice& device) : painter_(painter), device_(device) {}
 
-  bool Paint(const QString& page) {
+  bool Paint(const Sheet& sheet) {
+    // The paper of a sheet is chosen ahead of it; that of the first one before the painting began.
+    if (started_) TakePaper(device_, sheet);
+    sheet_ = MeasureSheet(device_);
     QStringList lines;
     qsizetype longest = 1;
-    for (const QString& line : page.split('\n')) {
+    for (const QString& line : ToQt(sheet.text).split('\n')) {
       lines += WithoutTabs(line);
       if (lines.back().endsWith('\r')) lines.back().chop(1);
       longest = std::max(longest, lines.back().size());
     }
     const int columns = static_cast<int>(std::min<qsizetype>(longest, sheet_.ColumnsAt(kSmallestType)));
-    const qreal type = std::min(usual_type_, sheet_.TypeForColumns(columns));
+    const qreal type = std::min(WantedType(sheet), sheet_.TypeForColumns(columns));
     lines = Fold(lines, columns);
     const int per_sheet = std::max(1, sheet_.LinesAt(type));
     for (qsizetype first = 0; first < lines.size(); first += per_sheet) {
@@ -96,6 +112,11 @@ class PagePainter {
   }
 
  private:
+  qreal WantedType(const Sheet& sheet) const {
+    if (sheet.point_size > 0) return sheet.point_size;
+    return std::min({kLargestType, sheet_.TypeForColumns(kPageColumns), sheet_.TypeForLines(kPageLines)});
+  }
+
   bool NextSheet() {
     if (!started_) {
       started_ = true;
@@ -119,8 +140,7 @@ class PagePainter {
 
   QPainter& painter_;
   QPagedPaintDevice& device_;
-  Sheet sheet_;
-  qreal usual_type_ = kLargestType;
+  SheetMeasure sheet_;
   bool started_ = false;
 };
 
@@ -135,30 +155,28 @@ QFont FixedPitchFont() {
   return font;
 }
 
-bool PaintPages(QPagedPaintDevice& device, const QStringList& pages) {
-  device.setPageMargins(QMarginsF(kMarginMillimetres, kMarginMillimetres, kMarginMillimetres, kMarginMillimetres),
-                        QPageLayout::Millimeter);
+bool PaintJob(QPagedPaintDevice& device, const PrintJob& job) {
+  TakePaper(device, job.sheets.empty() ? Sheet() : job.sheets.front());
   QPainter painter;
   if (!painter.begin(&device)) return false;
   PagePainter page_painter(painter, device);
-  for (const QString& page : pages) {
-    if (!page_painter.Paint(page)) return false;
+  for (const Sheet& sheet : job.sheets) {
+    if (!page_painter.Paint(sheet)) return false;
   }
   return painter.end();
 }
 
-bool WritePdf(const QString& file, const QStringList& pages) {
-  QSaveFile target(file);
-  if (!target.open(QIODevice::WriteOnly)) return false;
-  {
-    QPdfWriter writer(&target);
-    writer.setPageSize(
-        QPageSize(QLocale().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter : QPageSize::A4));
-    writer.setTitle("Tessara output");
-    writer.setCreator("Tessara " TESSARA_VERSION);
-    if (!PaintPages(writer, pages)) return false;
-  }
-  return target.commit();
+std::optional<QByteArray> MakePdf(const PrintJob& job) {
+  QByteArray pdf;
+  QBuffer buffer(&pdf);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setPageSize(
+      QPageSize(QLocale().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter : QPageSize::A4));
+  writer.setTitle(job.title.empty() ? QString("Tessara output") : ToQt(job.title));
+  writer.setCreator("Tessara " TESSARA_VERSION);
+  if (!PaintJob(writer, job)) return std::nullopt;
+  return pdf;
 }
 
 }  // namespace tessara

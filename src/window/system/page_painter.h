@@ -1,23 +1,24 @@
 #pragma once
 
-#include <QStringList>
+#include <QByteArray>
+#include <optional>
+
+#include "platform/printing.h"
 
 class QFont;
 class QPagedPaintDevice;
-class QString;
 
-// Report pages on paper, in a fixed pitch. Nothing is cut: a page's type shrinks until its longest line fits the sheet,
-// and what is longer than a sheet goes on on the next one.
+// Sheets of text on paper, in a fixed pitch.
 
 namespace tessara {
 
 // "Courier New", and where the system lacks it a face with the same widths.
 QFont FixedPitchFont();
 
-// Paints each text on a sheet of its own. False when the device refuses.
-bool PaintPages(QPagedPaintDevice& device, const QStringList& pages);
+// Paints the job, each text on a sheet of its own. False when the device refuses.
+bool PaintJob(QPagedPaintDevice& device, const PrintJob& job);
 
-// Writes the pages as a PDF file, which takes its name when it is whole. False when it cannot be written.
-bool WritePdf(const QString& file, const QStringList& pages);
+// The bytes of a PDF file with the sheets of the job; nothing when they cannot be made.
+std::optional<QByteArray> MakePdf(const PrintJob& job);
 
 }  // namespace tessara

@@ -1,9 +1,10 @@
+#include "platform/print_module.h"
+
 #include <QByteArray>
 #include <QGuiApplication>
 #include <memory>
 
 #include "window/system/page_painter.h"
-#include "window/widgets/text.h"
 
 // The module "tessara-print": what a program without a window loads when it is asked for a PDF file.
 
@@ -13,9 +14,7 @@
 #define TESSARA_EXPORT __attribute__((visibility("default")))
 #endif
 
-// Writes page texts (bytes of the code page) as a PDF file, each on a sheet of its own. 0 when the file stands; 1 when
-// it could not be written, and then nothing has changed.
-extern "C" TESSARA_EXPORT int TessaraWritePdf(const char* utf8_path, const char* const* pages, int page_count) {
+extern "C" TESSARA_EXPORT bool TessaraMakePdf(const tessara::PrintJob& job, std::string& pdf) {
   std::unique_ptr<QGuiApplication> application;
   int argument_count = 1;
   char name[] = "tessara";
@@ -26,7 +25,7 @@ extern "C" TESSARA_EXPORT int TessaraWritePdf(const char* utf8_path, const char*
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application = std::make_unique<QGuiApplication>(argument_count, arguments);
   }
-  QStringList texts;
-  for (int i = 0; i < page_count; ++i) texts += tessara::ToQt(pages[i]);
-  return tessara::WritePdf(QString::fromUtf8(utf8_path), texts) ? 0 : 1;
+  const auto made = tessara::MakePdf(job);
+  if (made) pdf.assign(made->constData(), static_cast<std::size_t>(made->size()));
+  return made.has_value();
 }

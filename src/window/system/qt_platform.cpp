@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -26,6 +27,8 @@
 
 namespace tessara {
 namespace {
+
+constexpr int kNotePane = 1;
 
 // The pointer of a dialog is an arrow, also when the operation that asks runs under the wait cursor.
 class PlainCursor {
@@ -204,11 +207,28 @@ Answer QtPlatform::ShowMessage(const MessageBox& box) {
   return AnswerOf(form.exec(), box.buttons);
 }
 
-bool QtPlatform::PrintPages(const std::vector<std::string>& pages) {
-  QStringList texts;
-  for (const std::string& page : pages) texts += ToQt(page);
+bool QtPlatform::Print(const PrintJob& job) {
   if (!printer_) NewPrinter();
-  return PaintPages(*printer_, texts);
+  if (!job.title.empty()) printer_->setDocName(ToQt(job.title));
+  return PaintJob(*printer_, job) && printer_->printerState() != QPrinter::Error;
+}
+
+bool QtPlatform::Preview(const PrintJob& job) {
+  BeforeDialog();
+  const PlainCursor cursor;
+  QPrintPreviewDialog form(&NewPrinter(), DialogParent());
+  form.setWindowTitle("Print Preview");
+  bool painted = true;
+  QObject::connect(&form, &QPrintPreviewDialog::paintRequested, &form,
+                   [&](QPrinter* printer) { painted = PaintJob(*printer, job); });
+  form.exec();
+  return painted;
+}
+
+bool QtPlatform::WritePdf(const PrintJob& job, const Path& path) {
+  const auto pdf = MakePdf(job);
+  return pdf &&
+         WriteWholeFile(path, {pdf->constData(), static_cast<std::size_t>(pdf->size())}) == WriteResult::kWritten;
 }
 
 void QtPlatform::ShowWaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -226,11 +246,19 @@ void QtPlatform::ShowProgress(double minimum, double maximum, const std::string&
   progress_->Open(minimum, maximum, ToQt(caption));
 }
 
+void QtPlatform::ShowNote(const std::string& text) { SetStatusPane(kNotePane, text); }
+
 bool QtPlatform::UpdateProgress(double value) { return !progress_ || progress_->Step(value); }
 void QtPlatform::HideProgress() { progress_.reset(); }
 
 std::string QtPlatform::ClipboardText() { return FromQt(QApplication::clipboard()->text()); }
-void QtPlatform::SetClipboardText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
+
+void QtPlatform::SetClipboard(const ClipboardContent& content) {
+  auto* data = new QMimeData;
+  data->setText(ToQt(content.text));
+  if (!content.html.empty()) data->setHtml(ToQt(content.html));
+  SetClipboardContent(data);
+}
 
 void QtPlatform::SetClipboardContent(QMimeData* content) { QApplication::clipboard()->setMimeData(content); }
 

@@ -40,29 +40,30 @@ class QtPlatform : public Platform {
   // The frame that dialogs belong to, its three panes, and what it does ahead of each dialog.
   void AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog);
 
-  // A printer for a new job: the system's own until a dialog has chosen another one for it.
-  QPrinter& NewPrinter();
   // Prints a page of the help. False when the printer refuses.
   virtual bool PrintDocument(const QTextDocument& document);
   // Prints one sheet across on the system's own printer: calls paint with the place to fill. False when the printer
   // refuses.
   virtual bool PrintPicture(const std::function<void(QPainter& painter, const QRectF& sheet)>& paint);
-  // Takes the content over.
+  // A picture, or what else is more than text. Takes the content over.
   void SetClipboardContent(QMimeData* content);
 
   std::optional<ChosenFile> AskOpenFile(const FileDialog& dialog) override;
   std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
   std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
   Answer ShowMessage(const MessageBox& box) override;
-  bool PrintPages(const std::vector<std::string>& pages) override;
+  bool Print(const PrintJob& job) override;
+  bool Preview(const PrintJob& job) override;
+  bool WritePdf(const PrintJob& job, const Path& path) override;
   void ShowWaitCursor() override;
   void HideWaitCursor() override;
   void SetStatusPane(int pane, const std::string& text) override;
+  void ShowNote(const std::string& text) override;
   void ShowProgress(double minimum, double maximum, const std::string& caption) override;
   bool UpdateProgress(double value) override;
   void HideProgress() override;
   std::string ClipboardText() override;
-  void SetClipboardText(const std::string& text) override;
+  void SetClipboard(const ClipboardContent& content) override;
   bool PlaySoundFile(const Path& path) override;
   bool OpenDocument(const std::string& address) override;
   DateTime Now() override;
@@ -76,6 +77,8 @@ class QtPlatform : public Platform {
 
  private:
   QWidget* DialogParent() const;
+  // A printer for a new job: the system's own until a dialog has chosen another one for it.
+  QPrinter& NewPrinter();
   std::optional<ChosenFile> AskFile(const FileDialog& dialog, bool to_save);
 
   PlatformFolders folders_;

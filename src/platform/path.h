@@ -1,0 +1,10 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tessara {
+
+// A path as the operating system has it.
+using Path = std::filesystem::path;
+
+}  // namespace tessara
