@@ -34,6 +34,7 @@
 #include "window/widgets/focus_outline.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
+#include "window/widgets/zoom.h"
 
 namespace tessara {
 namespace {
@@ -95,8 +96,9 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   setAcceptDrops(true);
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
+  UseHintsOfPalette();
   setWindowIcon(LogoIcon(palette()));
-  setMinimumSize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+  BoundLeastSize();
   setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
   if (start.splash) {
     splash_ = std::make_unique<FrmSplash2>();
@@ -114,6 +116,10 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   BuildHelpPane();
   ConnectClipboard();
   FocusOutline::Watch(this);
+  AddViewKeys();
+  zoom_ = new Zoom(store, this);
+  connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
+  ApplyZoom();
   ApplyAppearance();
   RestorePlace();
   NoteRecentFile();
@@ -186,6 +192,8 @@ void FrmMain::AddView(ViewForm* view, const char* name, const QString& caption, 
   views_[view->view()] = view;
   workspace_->addTab(view, ThemeIcon(icon), caption);
   connect(view, &ViewForm::CommandRequested, this, &FrmMain::Execute);
+  connect(view, &ViewForm::HelpAsked, this, &FrmMain::ShowHelpOfView);
+  connect(view, &ViewForm::ZoomAsked, this, [this](int steps) { zoom_->Step(steps); });
   connect(view, &ViewForm::SessionChanged, this, [this] {
     if (busy_ != 0) return;
     const Busy busy(*this);
@@ -354,7 +362,7 @@ void FrmMain::Perform(WidgetAction action) {
       return help_pane_->RefreshLists();
     case WidgetAction::kToggleHelpPane:
     case WidgetAction::kOpenHelp:
-      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : HelpPage(session_.ActiveView));
+      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : PageOfView());
     case WidgetAction::kShowAbout:
       return ShowAbout();
     case WidgetAction::kNone:
@@ -368,6 +376,39 @@ void FrmMain::ShowHelpPane(std::string_view page) {
   help_pane_->RefreshLists();
   help_pane_->ShowPage(page);
   help_pane_->raise();
+}
+
+std::string_view FrmMain::PageOfView() const {
+  if (session_.ActiveView == View::ViewBrevarum) return CurrentRow(session_.brevarum).help_page;
+  return HelpPage(session_.ActiveView);
+}
+
+// The key for help: a pane that is open goes to the page, one that shows it already is closed.
+void FrmMain::ShowHelpOfView() {
+  if (!session_.help_pane_visible || help_pane_->Shows(PageOfView())) return Execute(kToggleHelpCommand);
+  ShowHelpPane(PageOfView());
+}
+
+// Ctrl and a digit bring the tab of that place to the front.
+void FrmMain::AddViewKeys() {
+  for (int place = 0; place < workspace_->count(); ++place) {
+    const QKeySequence key(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + place));
+    auto* action = new QAction(workspace_->tabText(place), this);
+    action->setObjectName(QString("View%1").arg(place + 1));
+    action->setShortcut(key);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [form = QPointer(workspace_->widget(place)), this] {
+      if (form) workspace_->setCurrentWidget(form);
+    });
+    workspace_->setTabToolTip(place, action->text() + " (" + key.toString(QKeySequence::NativeText) + ")");
+  }
+}
+
+void FrmMain::ApplyZoom() {
+  for (const auto& [id, form] : views_) {
+    if (form) form->SetZoom(zoom_->percent());
+  }
+  ZoomType(help_pane_->widget(), zoom_->percent());
 }
 
 void FrmMain::ShowAbout() {
@@ -419,6 +460,12 @@ void FrmMain::RestorePlace() {
   setWindowState(windowState() | Qt::WindowMaximized);
 }
 
+// On a small screen the frame may be made as small as that.
+void FrmMain::BoundLeastSize() {
+  const QSize least(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+  setMinimumSize(least.boundedTo(screen()->availableSize()));
+}
+
 void FrmMain::StorePlace() {
   session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
   session_.settings.Op8 = width() * kTwipsPerPixel;
@@ -462,7 +509,11 @@ void FrmMain::FitTabs() {
 
 void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) UseIconsOfPalette(palette());
+  if (event->type() == QEvent::PaletteChange) {
+    UseIconsOfPalette(palette());
+    UseHintsOfPalette();
+  }
+  if (event->type() == QEvent::ApplicationFontChange && zoom_) ApplyZoom();
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {

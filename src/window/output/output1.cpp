@@ -41,7 +41,6 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   layout->addWidget(MakeHead());
   layout->addWidget(page_, 1);
   layout->addWidget(MakeFindBar());
-  AddZoomShortcuts();
 
   connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
   connect(page_, &QPlainTextEdit::copyAvailable, this, &ViewForm::SessionChanged);
@@ -109,15 +108,15 @@ QWidget* Output1::MakeHead() {
   QAction* convert = MakeAction("ConvertOutput", "document-export-table", tr("Convert Output to Tab Delimited"));
   connect(convert, &QAction::triggered, this, [this] { emit CommandRequested(kConvertCommand); });
   page_->addAction(convert);
-  connect(smaller, &QAction::triggered, this, [this] { page_->ZoomStep(-1); });
-  connect(larger, &QAction::triggered, this, [this] { page_->ZoomStep(1); });
+  connect(smaller, &QAction::triggered, this, [this] { emit ZoomAsked(-1); });
+  connect(larger, &QAction::triggered, this, [this] { emit ZoomAsked(1); });
   zoom_ = new QToolButton(this);
   zoom_->setObjectName("Zoom");
   zoom_->setAutoRaise(true);
   zoom_->setFocusPolicy(Qt::TabFocus);
   zoom_->setToolTip(tr("Usual Size (Ctrl+0)"));
   zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height() / 2);
-  connect(zoom_, &QToolButton::clicked, this, [this] { page_->SetZoom(100); });
+  connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
   layout->addWidget(MakeTool(find));
   layout->addWidget(MakeTool(smaller));
   layout->addWidget(zoom_);
@@ -167,18 +166,8 @@ QWidget* Output1::MakeFindBar() {
   return find_bar_;
 }
 
-void Output1::AddZoomShortcuts() {
-  const auto zoom = [this](std::initializer_list<QKeySequence> keys, auto act) {
-    for (const QKeySequence& key : keys) {
-      auto* made = new QShortcut(key, this);
-      made->setContext(Qt::WidgetWithChildrenShortcut);
-      connect(made, &QShortcut::activated, this, act);
-    }
-  };
-  zoom({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { page_->ZoomStep(1); });
-  zoom({Qt::CTRL | Qt::Key_Minus}, [this] { page_->ZoomStep(-1); });
-  zoom({Qt::CTRL | Qt::Key_0}, [this] { page_->SetZoom(100); });
-}
+// The sheet alone: the buttons above it keep their size.
+void Output1::SetZoom(int percent) { page_->SetZoom(percent); }
 
 void Output1::ShowZoom(int percent) { zoom_->setText(tr("%1 %").arg(percent)); }
 

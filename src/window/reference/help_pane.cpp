@@ -213,6 +213,8 @@ void HelpPane::RefreshButtons() {
 
 void HelpPane::Print() { browser_->PrintPage(); }
 
+bool HelpPane::Shows(std::string_view page) const { return browser_->source().toString().endsWith(ToQt(page)); }
+
 void HelpPane::RefreshLists() { FillLabels(); }
 
 void HelpPane::closeEvent(QCloseEvent* event) {
