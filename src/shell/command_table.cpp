@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
+#include "shell/file_questions.h"
 
 namespace tessara {
 namespace {
@@ -120,14 +121,14 @@ void New(Session& session) {
 }
 
 void Open(Session& session) {
-  if (InView(session, View::ViewDataGrid)) OpenDataFile(session);
+  if (InView(session, View::ViewDataGrid)) AskAndOpenData(session);
   if (InOutputText(session)) {
     if (const auto path = AskOutputToOpen(session.platform)) OpenOutputText(session.output, *path);
   }
 }
 
 void Save(Session& session) {
-  if (InView(session, View::ViewDataGrid)) SaveData(session);
+  if (InView(session, View::ViewDataGrid)) SaveDataOrAsk(session);
   if (InOutputText(session)) {
     if (SaveOutput(session)) session.platform.SetStatusPane(kMessagePane, "Save Completed");
     session.wanted_view = View::ViewOutput;
@@ -135,7 +136,7 @@ void Save(Session& session) {
 }
 
 void SaveAs(Session& session) {
-  if (InView(session, View::ViewDataGrid)) SaveDataAs(session);
+  if (InView(session, View::ViewDataGrid)) AskAndSaveData(session);
 }
 
 void Print(Session& session, const WidgetState& widgets) {

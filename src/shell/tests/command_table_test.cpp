@@ -212,7 +212,7 @@ TEST_F(CommandTest, AnUnknownNumberDoesNothing) {
 }
 
 TEST_F(CommandTest, NewInTheDataGridMakesAnEmptyDataSet) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.data.DataDirty = true;
   Execute(101, View::ViewDataGrid);
   EXPECT_EQ(session.data.RecordCount, 1000u);
@@ -223,7 +223,7 @@ TEST_F(CommandTest, NewInTheDataGridMakesAnEmptyDataSet) {
 }
 
 TEST_F(CommandTest, NewOnThePanelResetsIt) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
   session.panel.IndependentVariables = {2};
   session.data.RoleVariable[kControlRole] = 1;
@@ -287,7 +287,7 @@ TEST_F(CommandTest, AnOutputThatWasNotSavedIsNotSaidToBe) {
 }
 
 TEST_F(CommandTest, SaveSaysSaveCompletedInBothViews) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.data.DataFilePath = folder / "people.dcs";
   session.data.DataDirty = true;
   Execute(103, View::ViewDataGrid);
@@ -348,7 +348,7 @@ TEST_F(CommandTest, PrintInTheChartsSaysWhereAChartIsPrinted) {
 }
 
 TEST_F(CommandTest, RunRunsOnThePanelAlone) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kFrequencies);
   session.panel.SelectedVariables = {1};
   Execute(308, View::ViewDataGrid);

@@ -16,6 +16,7 @@
 #include <array>
 
 #include "platform/files.h"
+#include "shell/close_request.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
 #include "window/frame/about_box.h"
@@ -93,7 +94,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   StartSession(session_, start.command_line_file);
 
   recent_files_ = std::make_unique<RecentFiles>(store, this);
-  connect(recent_files_.get(), &RecentFiles::Chosen, this, [this](const QString& file) { OpenFile(PathFromQt(file)); });
+  connect(recent_files_.get(), &RecentFiles::Chosen, this, &FrmMain::OpenFile);
   bars_ = std::make_unique<CommandBars>(*this, [this](int id) { Execute(id); });
   BuildWorkspace();
   bars_->InsertBehind(kOpenCommand, {recent_files_->menu()->menuAction()});
@@ -296,7 +297,7 @@ void FrmMain::OpenFile(const Path& path) {
   const Busy busy(*this);
   {
     const WaitCursor wait(platform_);
-    if (OpenDataFile(session_, path) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
   }
   NoteRecentFile();
   ShowSession();
@@ -304,7 +305,9 @@ void FrmMain::OpenFile(const Path& path) {
 }
 
 void FrmMain::NoteRecentFile() {
-  const Path& file = session_.data.DataFilePath;
+  // A file of the command line is at hand too, though its path is not yet that of the data.
+  const DataSet& at_hand = session_.data;
+  const Path& file = FactsOfFile(at_hand.DataFilePath) ? at_hand.DataFilePath : at_hand.LoadedFile;
   if (file == noted_file_) return;
   noted_file_ = file;
   if (FactsOfFile(file)) recent_files_->Add(file);

@@ -300,5 +300,9 @@ DateTime QtPlatform::Now() { return LocalNow(); }
 std::uint64_t QtPlatform::Entropy() { return SystemEntropy(); }
 Path QtPlatform::ProgramFolder() { return folders_.program; }
 Path QtPlatform::DocumentsFolder() { return folders_.documents; }
+void QtPlatform::EnterFolder(const Path& folder) {
+  std::error_code ignored;
+  std::filesystem::current_path(folder, ignored);
+}
 
 }  // namespace tessara

@@ -78,6 +78,7 @@ class QtPlatform : public Platform {
   std::uint64_t Entropy() override;
   Path ProgramFolder() override;
   Path DocumentsFolder() override;
+  void EnterFolder(const Path& folder) override;
 
  protected:
   // Ahead of every dialog, also of one that a test answers.
