@@ -67,6 +67,7 @@ struct SettingRow {
 
 inline constexpr std::string_view kRecentFilesSetting = "RecentFiles";
 inline constexpr std::string_view kWindowPlaceSetting = "WindowPlace";
+inline constexpr std::string_view kZoomSetting = "Zoom";
 
 // Every setting, in the order in which they are read.
 std::span<const SettingRow> SettingRows();

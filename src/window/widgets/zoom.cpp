@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "shell/settings.h"
+
 namespace tessara {
 namespace {
 
@@ -14,7 +16,7 @@ constexpr int kStep = 10;
 constexpr int kWheelNotch = 120;
 
 int KeptPercent(const SettingsStore& store) {
-  const int kept = QString::fromStdString(store.Read(kZoomSetting).value_or("")).toInt();
+  const int kept = QString::fromStdString(store.Read(std::string(kZoomSetting)).value_or("")).toInt();
   return kept == 0 ? Zoom::kUsual : std::clamp(kept, Zoom::kLeast, Zoom::kMost);
 }
 
@@ -41,7 +43,8 @@ void Zoom::Set(int percent) {
   percent = std::clamp(percent, kLeast, kMost);
   if (percent == percent_) return;
   percent_ = percent;
-  store_.Write(kZoomSetting, std::to_string(percent));  // a store that refuses keeps the size for this run alone
+  store_.Write(std::string(kZoomSetting),
+               std::to_string(percent));  // a store that refuses keeps the size for this run alone
   emit Changed(percent);
 }
 

@@ -10,8 +10,6 @@ class QWidget;
 
 namespace tessara {
 
-inline constexpr const char* kZoomSetting = "Zoom";  // percent; 0 or none for the usual size
-
 // The size of type in the views of a window: Ctrl+Plus, Ctrl+Minus, Ctrl+0, and Ctrl with the wheel. It is kept from
 // one start to the next.
 class Zoom : public QObject {
