@@ -156,8 +156,9 @@ inline constexpr int kKeyMinus = 45;
 inline constexpr int kKeyPoint = 46;
 
 // A key has been released in a box of the panel in force. Enter cleans the box of line ends; any other key has a box of
-// numbers tested at once, but for those that may stand where no number is yet. Yields the name of the box to go to:
-// behind the last one the first; nothing to stay.
+// numbers tested at once, but for those that may stand where no number is yet. Yields the name of the box to go to,
+// kCalculateNext behind the last one; nothing to stay.
+inline constexpr std::string_view kCalculateNext = "Calculate";
 std::string_view BoxKeyReleased(BrevarumPanel& panel, Platform& platform, std::string_view box, int key);
 
 }  // namespace tessara

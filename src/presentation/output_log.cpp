@@ -1,5 +1,6 @@
 #include "presentation/output_log.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "numerics/code_page.h"
@@ -59,6 +60,14 @@ BoxVersion OutputLog::Version() const {
 
 void EditBox(OutputLog& output, std::string text) {
   TakeIntoBox(output, std::move(text), NewLineage(output));
+  output.OutputChanged = true;
+}
+
+void EditBox(OutputLog& output, std::size_t at, std::size_t removed, std::string_view text) {
+  if (!output.edited_box) output.edited_box = output.BoxText();
+  output.edited_box->replace(std::min(at, output.edited_box->size()), removed, text);
+  output.box_lineage = NewLineage(output);
+  output.box_made_from = 0;
   output.OutputChanged = true;
 }
 

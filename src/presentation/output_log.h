@@ -53,6 +53,8 @@ struct OutputLog {
 
 // The user has changed the text of the box. It is not compared with what was there.
 void EditBox(OutputLog& output, std::string text);
+// The same for a part of it: so many bytes from a place on have another text in their place.
+void EditBox(OutputLog& output, std::size_t at, std::size_t removed, std::string_view text);
 
 // The text of the box has been made anew by the program; neither of the two texts learns of it until it is stored back.
 void ReplaceBox(OutputLog& output, std::string text);

@@ -59,6 +59,7 @@ struct ProcedureRow {
     std::string_view control;  // "Text5", "Text6", "Text7" or "Combo1"
     std::string_view caption;
     std::string& (*option)(ProcedureOptions&);  // what is typed or chosen in it
+    std::string_view tooltip = {};
   };
   std::vector<Field> fields;         // the fields shown; all others are hidden
   std::string_view example_heading;  // Label10

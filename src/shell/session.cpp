@@ -11,12 +11,14 @@
 namespace tessara {
 namespace {
 
+constexpr const char* kReady = "Ready";
+
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
 
 void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& path) {
   switch (outcome) {
     case LoadOutcome::kLoaded:
-      return session.platform.SetStatusPane(kMessagePane, "Ready");
+      return session.platform.SetStatusPane(kMessagePane, kReady);
     case LoadOutcome::kEmptyFile:
       return session.platform.SetStatusPane(kMessagePane, NameOf(path) + " is empty");
     case LoadOutcome::kUnreadable:
@@ -55,8 +57,7 @@ void StartSession(Session& session, const Path& command_line_file) {
   PrepareSession(session);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
-  session.platform.SetStatusPane(kMessagePane, "Ready");
-  RefreshStatus(session);
+  session.platform.SetStatusPane(kMessagePane, kReady);
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
@@ -77,7 +78,6 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
     const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
     if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
   }
-  RefreshStatus(session);
   return outcome;
 }
 
@@ -92,13 +92,9 @@ SaveOutcome SaveDataTo(Session& session, const Path& path) {
 void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.panel);
-  RefreshStatus(session);
 }
 
-bool SaveOutput(Session& session) {
-  const auto path = AskOutputToSave(session.platform);
-  return path && SaveOutputText(session.output, *path, session.platform);
-}
+void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
 
 void SetProjectNotes(Session& session, std::string notes) {
   if (notes == session.data.ProjectNotes) return;
@@ -110,14 +106,10 @@ RunOutcome RunPanel(Session& session) {
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
-  RefreshStatus(session);  // a procedure may have added variables
   return outcome;
 }
 
-void ActivateView(Session& session, View view) {
-  session.ActiveView = view;
-  RefreshStatus(session);
-}
+void ActivateView(Session& session, View view) { session.ActiveView = view; }
 
 std::string_view HelpPage(View view) {
   switch (view) {

@@ -182,6 +182,18 @@ TEST(OutputLog, EditMarksTheOutputAsChanged) {
   EXPECT_TRUE(output.OutputChanged);
 }
 
+TEST(OutputLog, EditOfAPartLeavesTheRest) {
+  OutputLog output;
+  Append(output, "one two three");
+  EditBox(output, 4, 3, "2");
+  EXPECT_EQ(output.BoxText(), WithSeparator("one 2 three"));
+  EditBox(output, 0, 0, "so: ");
+  EXPECT_EQ(output.BoxText(), WithSeparator("so: one 2 three"));
+  EXPECT_EQ(output.MostRecentText, WithSeparator("one two three"));
+  EditBox(output, output.BoxText().size(), 5, "end");
+  EXPECT_EQ(output.BoxText(), WithSeparator("so: one 2 three") + "end");
+}
+
 TEST(OutputLog, EditThatIsStoredBackStandsAheadOfTheNextReportOfTheLog) {
   OutputLog output = TwoRuns();
   ToggleOutputMode(output);

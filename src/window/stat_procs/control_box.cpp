@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include "window/stat_procs/variable_lists.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -99,7 +100,7 @@ void ControlBox::AddRelation(std::size_t place, QGridLayout* layout) {
   value->setObjectName(relation.value);
   value->setToolTip(relation.tooltip);
   value->setAccessibleName(QString(relation.caption) + " value");
-  value->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfAValue);
+  FollowFont(value, [value] { value->setMinimumWidth(value->fontMetrics().averageCharWidth() * kCharactersOfAValue); });
   values_[place] = value;
   layout->addWidget(value, row, column + 1);
   if (relation.number) connect(value, &QLineEdit::editingFinished, this, [this, place] { CheckNumber(place); });

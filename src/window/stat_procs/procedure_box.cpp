@@ -3,12 +3,13 @@
 #include <QButtonGroup>
 #include <QFrame>
 #include <QGridLayout>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <array>
 
 #include "window/stat_procs/sampling_frames.h"
+#include "window/widgets/follow_font.h"
+#include "window/widgets/scrolled.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -49,8 +50,7 @@ void CheckOnly(QButtonGroup* group, QRadioButton* option) {
 ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
     : QGroupBox("Statistical Procedure", parent),
       panel_(panel),
-      scroll_(new QScrollArea(this)),
-      content_(new QWidget(scroll_)),
+      content_(new QWidget(this)),
       procedures_(new QButtonGroup(this)),
       regressions_(new QButtonGroup(this)),
       table_kinds_(new QButtonGroup(this)) {
@@ -66,13 +66,7 @@ ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
   inside->addLayout(offered_);
   inside->addStretch(1);
 
-  scroll_->setWidget(content_);
-  scroll_->setWidgetResizable(true);
-  scroll_->setFrameShape(QFrame::NoFrame);
-  scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll_->setFocusPolicy(Qt::NoFocus);
-  scroll_->viewport()->setAutoFillBackground(false);
-  content_->setAutoFillBackground(false);
+  scroll_ = new Scrolled(content_, this);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(scroll_);
   ShowPanel();
@@ -87,7 +81,7 @@ void ProcedureBox::BuildProcedures(QGridLayout* layout) {
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
-    if (row > 0) title->setContentsMargins(0, fontMetrics().height() / 2, 0, 0);
+    if (row > 0) FollowFont(title, [title] { title->setContentsMargins(0, title->fontMetrics().height() / 2, 0, 0); });
     layout->addWidget(title, row++, group.column);
     for (const Procedure procedure : group.procedures) {
       const ProcedureRow& shown = *FindProcedureRow(procedure);
@@ -274,6 +268,7 @@ void ProcedureBox::LayOutFields(const ProcedureRow& row) {
     QWidget* control = fields_[field.control];
     captions_[field.control]->setText(ToQt(field.caption));
     control->setAccessibleName(ToQt(field.caption));
+    control->setToolTip(ToQt(field.tooltip));
     Place(captions_[field.control], 0, 1);
     Place(control, 1, 1);
   }

@@ -13,11 +13,11 @@
 
 class QButtonGroup;
 class QGridLayout;
-class QScrollArea;
 
 namespace tessara {
 
 class SamplingFrames;
+class Scrolled;
 
 // The frame "Statistical Procedure": the procedures in four titled groups and, under them, the boxes and fields of the
 // selected one. What it shows is read from the rows of the panel.
@@ -59,8 +59,8 @@ class ProcedureBox : public QGroupBox {
   void TellField(std::string_view control, const QString& text);
 
   ProcedurePanel& panel_;
-  QScrollArea* scroll_;
   QWidget* content_;
+  Scrolled* scroll_ = nullptr;
   QButtonGroup* procedures_;
   QButtonGroup* regressions_;
   QButtonGroup* table_kinds_;
