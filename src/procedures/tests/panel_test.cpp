@@ -345,7 +345,7 @@ TEST_F(PanelTest, AControlValueOfAComparisonTakesNumbersOnly) {
 TEST_F(PanelTest, WhatARunDoesWithASecondList) {
   const std::tuple<Procedure, bool> expected[] = {
       {Procedure::kNone, false},          {Procedure::kFrequencies, true},
-      {Procedure::kDescriptives, true},   {Procedure::kExplore, true},
+      {Procedure::kDescriptives, false},  {Procedure::kExplore, true},
       {Procedure::kTTest, true},          {Procedure::kAnova, true},
       {Procedure::kCorrelation, true},    {Procedure::kCrosstabulation, true},
       {Procedure::kRegression, true},     {Procedure::kDiagnostic, true},
