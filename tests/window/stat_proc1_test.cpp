@@ -274,12 +274,14 @@ class StatProc1Test : public QObject {
   void GreaterThanTakesNumbersOnly() {
     Click("Option8");
     auto* value = Find<QLineEdit>("Text1");
+    value->setFocus();
     QTest::keyClicks(value, "old");
-    view_->StoreWidgets();
+    List("List1")->setFocus();
     QCOMPARE(platform_.messages.size(), std::size_t{1});
     QCOMPARE(platform_.messages[0].title, std::string("Warning"));
     QCOMPARE(platform_.messages[0].text, std::string("Only numerical entries are allowed."));
-    QVERIFY(value->text().isEmpty());
+    QCOMPARE(value->text(), QString("old"));
+    QVERIFY(value->hasFocus());
     Click("Option10");
     QTest::keyClicks(Find<QLineEdit>("Text3"), "old");
     view_->StoreWidgets();
