@@ -21,7 +21,6 @@ std::string WrongWords(const CommandRow& command, const CommandWords& words) {
 CommandResult RunFreshly(Batch& batch, const CommandRow& command, const CommandWords& words) {
   batch.platform.answers = {};
   batch.platform.refused = false;
-  batch.platform.asked_for_name = false;
   CommandResult result = command.run(batch, words);
   if (result.status == BatchStatus::kAllWell && batch.platform.refused) result.status = BatchStatus::kRefused;
   batch.stream.PrintNews();

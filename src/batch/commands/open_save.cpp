@@ -35,13 +35,18 @@ CommandResult RunSave(Batch& batch, const CommandWords& words) {
   const Path path = words.words.empty() ? session.data.DataFilePath : PathFromUtf8(words.words[0]);
   const std::string refusal = WhyNotSavedTo(batch, path, words.Has("--overwrite"));
   if (!refusal.empty()) return NotUnderstood(refusal);
-  if (words.words.empty()) {
-    SaveData(session);
-    return batch.platform.asked_for_name ? NotUnderstood("PATH is missing, the data have no file of their own")
-                                         : Done();
+  const SaveOutcome outcome = words.words.empty() ? SaveData(session) : SaveDataTo(session, path);
+  switch (outcome) {
+    case SaveOutcome::kNoName:
+      return NotUnderstood("PATH is missing, the data have no file of their own");
+    case SaveOutcome::kFolderGone:
+      return NotUnderstood("the folder of " + Quoted(PathToUtf8(path)) + " is not there");
+    case SaveOutcome::kSaved:
+      batch.files.AddInput(path);
+      break;
+    case SaveOutcome::kFailed:
+      break;
   }
-  batch.platform.answers.save_path = path;
-  if (SaveDataAs(session) == SaveOutcome::kSaved) batch.files.AddInput(path);
   return Done();
 }
 
@@ -55,8 +60,7 @@ CommandResult OpenPath(Batch& batch, std::string_view utf8_path) {
   if (batch.files.GuardsOutput(path)) {
     return NotUnderstood(Quoted(utf8_path) + " is the file of --output; --overwrite writes over it");
   }
-  batch.platform.answers.open_path = path;
-  if (OpenDataFile(batch.session) == LoadOutcome::kUnreadable) return NotUnderstood(refusal);
+  if (OpenDataFile(batch.session, path, FilePick::kPicked) == LoadOutcome::kUnreadable) return NotUnderstood(refusal);
   return Done();
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "batch/batch.h"
+#include "batch/command.h"
 
 // Commands run in this process. Reports are looked at in tests/reports; here it is what a line does and what it
 // refuses.
@@ -212,6 +213,22 @@ TEST_F(BatchRunTest, SaveOfNewDataNeedsAPath) {
   EXPECT_EQ(fresh.status, 2);
   EXPECT_EQ(fresh.err, "tessara-cli: save: PATH is missing, the data have no file of their own\n");
   EXPECT_EQ(RunScript("open " + WriteData() + "\nnew\nsave\n").status, 2);
+}
+
+TEST_F(BatchRunTest, SaveIntoAFolderThatHasVanishedSaysSo) {
+  const std::string gone = (fs::path(WriteData()).parent_path() / "gone").string();
+  fs::create_directories(gone);
+  const std::string data = gone + "/data.dcs";
+  fs::rename(In("data.dcs"), data);
+  std::FILE* out = std::tmpfile();
+  LogStream stream(out, out);
+  Batch batch(stream, {});
+  ASSERT_EQ(RunCommand(batch, Words{"open", data}).status, BatchStatus::kAllWell);
+  fs::remove_all(gone);
+  const CommandResult result = RunCommand(batch, Words{"save"});
+  EXPECT_EQ(result.status, BatchStatus::kNotUnderstood);
+  EXPECT_EQ(result.error, "save: the folder of \"" + data + "\" is not there");
+  std::fclose(out);
 }
 
 TEST_F(BatchRunTest, SaveThatFailsShowsItsBoxAndTheScriptRunsOn) {
