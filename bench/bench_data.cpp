@@ -12,8 +12,7 @@ Path BenchFile() {
 
 BenchData::BenchData() {
   MakeEmptyDataSet(data);
-  data.WaitingPath = BenchFile();
-  LoadDataFile(data, platform);
+  LoadDataFile(data, platform, BenchFile(), FilePick::kPicked);
 }
 
 void BenchData::Run(Procedure procedure, std::size_t column) { Run(procedure, {column}, {}); }

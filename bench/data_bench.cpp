@@ -45,8 +45,7 @@ void Save(benchmark::State& state) {
   BenchData bench;
   const Path target = BenchFile().string() + ".saved";
   for (auto _ : state) {
-    bench.platform.save_answers.push_back(ChosenFile{target, "saved"});
-    SaveDataFileAs(bench.data, bench.platform);
+    SaveDataFileTo(bench.data, bench.platform, target);
   }
   std::filesystem::remove(target);
 }

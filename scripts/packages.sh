@@ -6,8 +6,8 @@
 
 packages_of() {
   case "$1" in
-    build) echo "g++ cmake ninja-build ccache libcli11-dev" ;;
-    window) echo "qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-multimedia-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
+    build) echo "g++ cmake ninja-build ccache" ;;
+    window) echo "qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-multimedia-dev qt6-pdf-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
     test) echo "libgtest-dev clang clang-format libclang-rt-14-dev" ;;
   esac
 }

@@ -3,16 +3,21 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include "batch/batch_options.h"
-#include "batch/command.h"
+#include "batch/commands/commands.h"
+#include "batch/commands/open_save.h"
+#include "batch/completion.h"
 #include "batch/help_text.h"
 #include "batch/log_stream.h"
-#include "batch/script_line.h"
+#include "batch/manual_page.h"
+#include "batch/run_command.h"
+#include "batch/words/script_line.h"
 #include "platform/files.h"
 
 namespace tessara {
@@ -65,13 +70,17 @@ class BatchRun {
       : options_(options), streams_(streams), stream_(streams.out, streams.err), batch_(stream_, options.seed) {
     stream_.SetForm(options.bytes ? LogForm::kBytes : LogForm::kText);
     if (!options.output) stream_.Follow(&batch_.session.output);
+    batch_.files.overwrite = options.overwrite;
   }
 
   BatchStatus Run() {
-    if (options_.output && !CheckOutput()) return status_;
-    if (options_.data_file) Note(data_commands::OpenPath(batch_, *options_.data_file), kProgramName);
-    if (Going() && options_.script) RunScript(*options_.script);
-    if (Going() && options_.command) Note(RunCommand(batch_, *options_.command, options_.words), kProgramName);
+    NoteInputs();
+    if (options_.output && !PrepareOutput()) return status_;
+    try {
+      RunAll();
+    } catch (const std::bad_alloc&) {
+      Fail("out of memory");
+    }
     stream_.PrintNews();
     if (options_.output) WriteOutput();
     if (stream_.write_failed()) Fail("standard output cannot be written");
@@ -88,6 +97,12 @@ class BatchRun {
 
   void Fail(std::string what) { Note(NotUnderstood(std::move(what)), kProgramName); }
 
+  void RunAll() {
+    if (options_.data_file) Note(OpenPath(batch_, *options_.data_file), kProgramName);
+    if (Going() && options_.script) RunScript(*options_.script);
+    if (Going() && options_.command) Note(RunCommand(batch_, *options_.command, options_.words), kProgramName);
+  }
+
   void RunScript(const std::string& name) {
     const auto text = ReadScript(name, streams_.in);
     if (!text) return Fail(Quoted(name) + " cannot be opened");
@@ -102,15 +117,41 @@ class BatchRun {
     }
   }
 
-  bool CheckOutput() {
-    if (IsPossiblePath(*options_.output) && CanBeWritten(PathFromUtf8(*options_.output))) return true;
-    Fail(Quoted(*options_.output) + " cannot be written");
+  void NoteInputs() {
+    for (const auto& name : {options_.script, options_.data_file}) {
+      if (name && *name != kStandardInput && IsPossiblePath(*name)) batch_.files.AddInput(PathFromUtf8(*name));
+    }
+  }
+
+  // Whether the log may take its file at the end, as far as that can be seen before there is a log.
+  bool PrepareOutput() {
+    const std::string& name = *options_.output;
+    if (!IsPossiblePath(name) || !CanBeWritten(PathFromUtf8(name))) {
+      Fail(Quoted(name) + " cannot be written");
+      return false;
+    }
+    batch_.files.output = PathFromUtf8(name);
+    return OutputIsFree();
+  }
+
+  // Looked at once more before the log is written: a link may have got a file in the meantime.
+  bool OutputIsFree() {
+    if (!batch_.files.GuardsInput(*batch_.files.output)) return true;
+    Fail(Quoted(*options_.output) + " is a file that this run works on; --overwrite writes over it");
     return false;
   }
 
   void WriteOutput() {
-    const WriteResult result = WriteWholeFile(PathFromUtf8(*options_.output), batch_.session.output.OutputLogText);
-    if (result != WriteResult::kWritten) Fail(Quoted(*options_.output) + " cannot be written");
+    if (!OutputIsFree()) return PrintLog();
+    const WriteResult result = WriteWholeFile(*batch_.files.output, batch_.session.output.OutputLogText);
+    if (result == WriteResult::kWritten) return;
+    Fail(Quoted(*options_.output) + " cannot be written");
+  }
+
+  // The log that cannot go to its file, so that it is not lost.
+  void PrintLog() {
+    stream_.Follow(&batch_.session.output);
+    stream_.PrintNews();
   }
 
   const BatchOptions& options_;
@@ -120,24 +161,41 @@ class BatchRun {
   BatchStatus status_ = BatchStatus::kAllWell;
 };
 
+// What the program tells of itself.
+std::string PageText(const BatchOptions& options) {
+  if (options.version) return VersionText();
+  if (options.man) return ManualPage();
+  if (options.completion) return CompletionScript();
+  return options.help_command ? CommandHelp(*options.help_command) : ProgramHelp();
+}
+
+BatchStatus PrintPage(const BatchOptions& options, const BatchStreams& streams) {
+  LogStream stream(streams.out, streams.err);
+  stream.PrintPage(PageText(options));
+  if (!stream.write_failed()) return BatchStatus::kAllWell;
+  stream.PrintMessage(std::string(kProgramName) + ": standard output cannot be written");
+  return BatchStatus::kNotUnderstood;
+}
+
+BatchStatus RunOptions(const BatchOptions& options, const BatchStreams& streams) {
+  if (!options.error.empty()) {
+    LogStream(streams.out, streams.err).PrintMessage(std::string(kProgramName) + ": " + options.error);
+    return BatchStatus::kNotUnderstood;
+  }
+  if (options.help || options.version || options.man || options.completion) return PrintPage(options, streams);
+  return BatchRun(options, streams).Run();
+}
+
 }  // namespace
 
 int RunBatch(std::span<const std::string> arguments, const BatchStreams& streams) {
-  const BatchOptions options = ReadCommandLine(arguments);
-  BatchStatus status = BatchStatus::kAllWell;
-  if (!options.error.empty()) {
-    LogStream(streams.out, streams.err).PrintMessage(std::string(kProgramName) + ": " + options.error);
-    status = BatchStatus::kNotUnderstood;
-  } else if (options.help || options.version) {
-    const std::string text = options.version        ? VersionText()
-                             : options.help_command ? CommandHelp(*options.help_command)
-                                                    : ProgramHelp();
-    std::fwrite(text.data(), 1, text.size(), streams.out);
-    std::fflush(streams.out);
-  } else {
-    status = BatchRun(options, streams).Run();
+  try {
+    return static_cast<int>(RunOptions(ReadCommandLine(arguments), streams));
+  } catch (const std::bad_alloc&) {
+    std::fputs("tessara-cli: out of memory\n", streams.err);  // nothing is left to make a text of
+    std::fflush(streams.err);
+    return static_cast<int>(BatchStatus::kNotUnderstood);
   }
-  return static_cast<int>(status);
 }
 
 }  // namespace tessara

@@ -1,10 +1,12 @@
 #include "batch/batch_options.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <utility>
 
-#include "batch/script_line.h"
+#include "batch/commands/commands.h"
+#include "batch/words/script_line.h"
 #include "platform/files.h"
 
 namespace tessara {
@@ -15,18 +17,29 @@ constexpr OptionRow kProgramOptions[] = {
     {"-o,--output", "FILE", "write the Output Log to FILE, as with --bytes, instead of printing it",
      OptionValue::kNeeded},
     {"--bytes", "", "print exactly what the log holds: code page 1252, CR LF", OptionValue::kNone},
-    {"--seed", "N", "seed for random sampling", OptionValue::kNeeded},
+    {"--seed", "N", "seed for random sampling, a whole number from 0", OptionValue::kNeeded},
+    {"--overwrite", "", "let -o, print and save replace files that they would not touch", OptionValue::kNone},
     {"--help", "COMMAND", "this page, or the page of COMMAND", OptionValue::kPossible},
     {"--version", "", "the version", OptionValue::kNone},
+    {"--man", "", "the manual page, as a source of man", OptionValue::kNone},
+    {"--completion", "", "a script that completes commands and options in bash", OptionValue::kNone},
 };
-
-bool LooksLikeOption(std::string_view word) { return word.size() > 1 && word.front() == '-'; }
 
 // Whether a word that names no command is meant as a data file rather than as a mistyped command.
 bool LooksLikeFile(const std::string& word) {
   constexpr std::string_view kEnding = ".dcs";
   return word.ends_with(kEnding) || word.find_first_of("/\\.") != std::string::npos ||
          (IsPossiblePath(word) && FactsOfFile(PathFromUtf8(word)));
+}
+
+// The options that may stand among the words of a command on the command line: its own and the program's. What both
+// have, "--overwrite", is the program's there.
+std::vector<OptionRow> RowsOf(const CommandRow& command) {
+  std::vector<OptionRow> rows(std::begin(kProgramOptions), std::end(kProgramOptions));
+  for (const OptionRow& row : command.options) {
+    if (std::ranges::find(rows, row.names, &OptionRow::names) == rows.end()) rows.push_back(row);
+  }
+  return rows;
 }
 
 bool IsCommandName(std::string_view word) { return FindCommand(word) || IsLaterCommand(word); }
@@ -52,15 +65,13 @@ class CommandLineReader {
 
   void TakeOptions() {
     if (rest_.empty()) return;
-    CommandWords parsed = WordParser(kProgramOptions, WordOrder::kLeading).Parse(rest_);
+    CommandWords parsed = ParseWords(kProgramOptions, WordOrder::kLeading, rest_);
     if (!Collect(parsed)) return;
     rest_ = std::move(parsed.words);
     if (rest_.empty()) return;
     if (rest_.front() == "--") {
       options_ended_ = true;
       rest_.erase(rest_.begin());
-    } else if (LooksLikeOption(rest_.front())) {
-      options_.error = "unknown option " + Quoted(rest_.front());
     }
   }
 
@@ -79,10 +90,8 @@ class CommandLineReader {
       options_.error = UnknownCommand(rest_.front());
       return;
     }
-    std::vector<OptionRow> rows(options_.command->options.begin(), options_.command->options.end());
-    rows.insert(rows.end(), std::begin(kProgramOptions), std::end(kProgramOptions));
     const std::span<const std::string> words(rest_);
-    CommandWords parsed = WordParser(rows, WordOrder::kAnywhere).Parse(words.subspan(1));
+    CommandWords parsed = ParseWords(RowsOf(*options_.command), WordOrder::kAnywhere, words.subspan(1));
     if (!parsed.error.empty()) parsed.error = rest_.front() + ": " + parsed.error;
     if (!Collect(parsed)) return;
     options_.words = std::move(parsed);
@@ -92,12 +101,12 @@ class CommandLineReader {
   bool Collect(CommandWords& parsed) {
     options_.error = parsed.error;
     for (const OptionRow& row : kProgramOptions) {
-      const std::string_view name = LongName(row.names);
-      const auto value = parsed.Value(name);
-      if (!value) continue;
+      const std::string_view name = LongName(row);
+      const auto found = std::ranges::find(parsed.options, name, &GivenOption::name);
+      if (found == parsed.options.end()) continue;
       if (given_.Has(name)) options_.error = std::string(name) + " is given twice";
-      given_.options.emplace_back(name, *value);
-      std::erase_if(parsed.options, [&](const auto& option) { return option.first == name; });
+      given_.options.push_back(std::move(*found));
+      parsed.options.erase(found);
     }
     return options_.error.empty();
   }
@@ -106,12 +115,15 @@ class CommandLineReader {
     options_.script = given_.Value("--script");
     options_.output = given_.Value("--output");
     options_.bytes = given_.Has("--bytes");
+    options_.overwrite = given_.Has("--overwrite");
     options_.version = given_.Has("--version");
+    options_.man = given_.Has("--man");
+    options_.completion = given_.Has("--completion");
     options_.help = given_.Has("--help");
     if (const auto seed = given_.Value("--seed")) ReadSeed(*seed);
     if (options_.help) FindHelpCommand(*given_.Value("--help"));
-    const bool something =
-        options_.script || options_.data_file || options_.command || options_.version || options_.help;
+    const bool page = options_.version || options_.man || options_.completion || options_.help;
+    const bool something = page || options_.script || options_.data_file || options_.command;
     if (!something && options_.error.empty()) {
       options_.error = "nothing to do: give a data file, a command or a script (see tessara-cli --help)";
     }

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "batch/command.h"
-#include "batch/command_words.h"
+#include "batch/commands/command.h"
+#include "batch/words/command_words.h"
 
 // The command line of the batch program: options, a data file, a command with its words.
 
@@ -21,7 +21,10 @@ struct BatchOptions {
   std::optional<std::string> output;
   std::optional<std::uint64_t> seed;
   bool bytes = false;
+  bool overwrite = false;  // outputs may replace files of the run, and files that are no data files
   bool version = false;
+  bool man = false;
+  bool completion = false;
   bool help = false;
   const CommandRow* help_command = nullptr;  // nothing: the page of the program
 

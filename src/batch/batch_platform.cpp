@@ -3,7 +3,8 @@
 #include <cctype>
 #include <utility>
 
-#include "batch/script_line.h"
+#include "batch/visible_text.h"
+#include "batch/words/script_line.h"
 #include "platform/files.h"
 #include "platform/module.h"
 #include "platform/print_module.h"
@@ -23,20 +24,7 @@ bool WritePlainText(const Path& path, const PrintJob& job) {
   return file.Commit() == WriteResult::kWritten;
 }
 
-std::optional<ChosenFile> Take(std::optional<Path>& path) {
-  if (!path) return std::nullopt;
-  const Path taken = *std::exchange(path, std::nullopt);
-  return ChosenFile{taken, HeldText(PathToUtf8(taken.filename()))};
-}
-
 }  // namespace
-
-std::optional<ChosenFile> BatchPlatform::AskOpenFile(const FileDialog&) { return Take(answers.open_path); }
-
-std::optional<ChosenFile> BatchPlatform::AskSaveFile(const FileDialog&) {
-  if (!answers.save_path) asked_for_name = true;
-  return Take(answers.save_path);
-}
 
 std::optional<PrintChoice> BatchPlatform::AskPrint(const PrintDialog&) {
   if (!answers.print_path) return std::nullopt;

@@ -14,8 +14,6 @@ namespace tessara {
 
 // What the command at hand implies. Answers to dialogs serve once.
 struct ImpliedAnswers {
-  std::optional<Path> open_path;
-  std::optional<Path> save_path;
   std::optional<Path> print_path;
   Answer question = Answer::kYes;
 };
@@ -25,11 +23,11 @@ class BatchPlatform : public Platform {
   BatchPlatform(LogStream& stream, std::optional<std::uint64_t> seed) : stream_(stream), seed_(seed) {}
 
   ImpliedAnswers answers;
-  bool refused = false;         // a box of refusal or warning has been shown
-  bool asked_for_name = false;  // a save dialog came without an answer
+  bool refused = false;  // a box of refusal or warning has been shown
 
-  std::optional<ChosenFile> AskOpenFile(const FileDialog& dialog) override;
-  std::optional<ChosenFile> AskSaveFile(const FileDialog& dialog) override;
+  // Paths are words of the commands: no command asks for one.
+  std::optional<ChosenFile> AskOpenFile(const FileDialog&) override { return std::nullopt; }
+  std::optional<ChosenFile> AskSaveFile(const FileDialog&) override { return std::nullopt; }
   std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
   Answer ShowMessage(const MessageBox& box) override;
   // Writes the sheets to the path of the command: PDF when it ends in .pdf, else text with form feeds between them.
@@ -52,6 +50,7 @@ class BatchPlatform : public Platform {
   std::uint64_t Entropy() override;
   Path ProgramFolder() override;
   Path DocumentsFolder() override;
+  void EnterFolder(const Path&) override {}  // the paths of a script are the shell's
 
  private:
   LogStream& stream_;

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "batch/batch_options.h"
+#include "batch/commands/commands.h"
 
 namespace tessara {
 namespace {
@@ -16,9 +17,8 @@ std::string Padded(std::string text, std::size_t width) {
 
 // "  -s, --script FILE     run the commands of FILE, one a line"
 std::string OptionLine(const OptionRow& row) {
-  const std::string_view long_name = LongName(row.names);
-  std::string name = long_name.size() == row.names.size() ? "    " : std::string(row.names.substr(0, 2)) + ", ";
-  name += long_name;
+  std::string name = ShortName(row).empty() ? "    " : std::string(ShortName(row)) + ", ";
+  name += LongName(row);
   if (!row.value.empty())
     name += row.takes == OptionValue::kPossible ? " [" + std::string(row.value) + "]" : " " + std::string(row.value);
   return "  " + Padded(name, kNameColumn) + "  " + std::string(row.help) + "\n";
@@ -39,8 +39,8 @@ std::string ProgramHelp() {
       "Options:\n";
   for (const OptionRow& row : ProgramOptions()) text += OptionLine(row);
   text += "\nCommands:\n";
-  for (const CommandRow& row : Commands()) {
-    text += "  " + Padded(std::string(row.name), kNameColumn) + "  " + std::string(row.summary) + "\n";
+  for (const CommandRow* row : Commands()) {
+    text += "  " + Padded(std::string(row->name), kNameColumn) + "  " + std::string(row->summary) + "\n";
   }
   text +=
       "\n"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "batch/command.h"
+#include "batch/commands/command.h"
 
 namespace tessara {
 

@@ -1,34 +1,72 @@
 #include "batch/log_stream.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 
-#include "numerics/code_page.h"
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include "batch/visible_text.h"
 
 namespace tessara {
+namespace {
 
-std::string TerminalText(std::string_view held_text) {
-  std::string text = ToUtf8(held_text);
-  std::size_t kept = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-    text[kept++] = text[i];
-  }
-  text.resize(kept);
-  return text;
+// A log of any length is converted in pieces.
+constexpr std::size_t kPiece = std::size_t{1} << 16;
+
+bool IsTerminal(std::FILE* file) {
+#if defined(_WIN32)
+  return _isatty(_fileno(file)) != 0;
+#else
+  return ::isatty(::fileno(file)) != 0;
+#endif
+}
+
+// The length of the next piece, which does not part a CR from its LF.
+std::size_t PieceLength(std::string_view text) {
+  const std::size_t length = std::min(text.size(), kPiece);
+  const bool parts_line_end = length < text.size() && text[length - 1] == '\r';
+  return parts_line_end ? length + 1 : length;
+}
+
+}  // namespace
+
+LogStream::LogStream(std::FILE* out, std::FILE* err) : out_(out), err_(err), to_terminal_(IsTerminal(out)) {}
+
+void LogStream::NoteFailure() {
+  closed_ = true;
+  write_failed_ = errno != EPIPE;
+}
+
+void LogStream::Write(std::string_view text) {
+  if (closed_) return;
+  errno = 0;
+  if (std::fwrite(text.data(), 1, text.size(), out_) != text.size()) NoteFailure();
+}
+
+void LogStream::Flush() {
+  if (closed_) return;
+  errno = 0;
+  if (std::fflush(out_) != 0) NoteFailure();
 }
 
 void LogStream::WriteHeld(std::string_view held_text) {
   if (closed_ || held_text.empty()) return;
-  std::string converted;
-  if (form_ == LogForm::kText) {
-    converted = TerminalText(held_text);
-    held_text = converted;
+  while (!held_text.empty()) {
+    const std::string_view piece = held_text.substr(0, PieceLength(held_text));
+    held_text.remove_prefix(piece.size());
+    if (form_ == LogForm::kBytes) {
+      Write(piece);
+    } else {
+      const std::string text = TerminalText(piece);
+      Write(to_terminal_ ? WithVisibleControls(text) : text);
+    }
   }
-  errno = 0;
-  if (std::fwrite(held_text.data(), 1, held_text.size(), out_) == held_text.size() && std::fflush(out_) == 0) return;
-  closed_ = true;
-  write_failed_ = errno != EPIPE;
+  Flush();
 }
 
 void LogStream::PrintNews() {
@@ -44,10 +82,15 @@ void LogStream::PrintText(std::string_view held_text) {
   WriteHeld(held_text);
 }
 
+void LogStream::PrintPage(std::string_view utf8) {
+  Write(utf8);
+  Flush();
+}
+
 void LogStream::PrintMessage(std::string_view utf8) {
   PrintNews();
-  std::fwrite(utf8.data(), 1, utf8.size(), err_);
-  std::fputc('\n', err_);
+  const std::string line = WithVisibleControls(utf8) + "\n";
+  std::fwrite(line.data(), 1, line.size(), err_);
   std::fflush(err_);
 }
 

@@ -18,7 +18,8 @@ enum class LogForm {
 
 class LogStream {
  public:
-  LogStream(std::FILE* out, std::FILE* err) : out_(out), err_(err) {}
+  // A text for a terminal shows control characters instead of sending them; one for a file or a pipe is exact.
+  LogStream(std::FILE* out, std::FILE* err);
 
   void SetForm(LogForm form) { form_ = form; }
   // The log whose growth is printed; none while the log goes to a file.
@@ -28,7 +29,9 @@ class LogStream {
   void PrintNews();
   // The growth of the log, then a text that does not belong to it.
   void PrintText(std::string_view held_text);
-  // A line on standard error, UTF-8. All that was printed ahead of it is flushed first.
+  // A text of the program's own, UTF-8 with LF, such as a page of help.
+  void PrintPage(std::string_view utf8);
+  // A line on standard error, UTF-8, its control characters shown. All that was printed ahead of it is flushed first.
   void PrintMessage(std::string_view utf8);
 
   // Standard output could not be written, and not because its reader has gone: whoever closes a pipe has seen enough.
@@ -36,17 +39,18 @@ class LogStream {
 
  private:
   void WriteHeld(std::string_view held_text);
+  void Write(std::string_view text);
+  void Flush();
+  void NoteFailure();
 
   std::FILE* out_;
   std::FILE* err_;
   const OutputLog* log_ = nullptr;
   std::size_t printed_ = 0;
   LogForm form_ = LogForm::kText;
+  bool to_terminal_;
   bool closed_ = false;
   bool write_failed_ = false;
 };
-
-// A held text for the outside: UTF-8, CR LF as LF.
-std::string TerminalText(std::string_view held_text);
 
 }  // namespace tessara

@@ -31,10 +31,6 @@ std::string Replaced(std::string_view text, std::string_view find, std::string_v
   }
 }
 
-Path DialogFolder(const DataSet& data, Platform& platform) {
-  return data.DataFilePath.empty() ? platform.ProgramFolder() / kDataFolder : data.DataFilePath;
-}
-
 std::string_view FirstLine(std::string_view text) {
   const std::size_t end = text.find('\n');
   std::string_view line = text.substr(0, end);
@@ -81,7 +77,7 @@ DataMatrix SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Pr
   }
 }
 
-// What both ways to a file share, from the banner on.
+// From the banner on.
 void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
   const WaitCursor wait(platform);
   data.DataBanner = std::string(FirstLine(bytes.text()));
@@ -177,6 +173,37 @@ void ShowSaveError(Platform& platform, std::string_view advice) {
                             std::string(advice)});
 }
 
+// Whether the name ends in ".dcs", in any case of letters.
+bool IsDataFileName(const Path& name) {
+  std::string ending = PathToUtf8(name.extension());
+  for (char& c : ending) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return ending == kDataFileEnding;
+}
+
+// Copies the data files of a folder over those of another one. False when one fails, or there is none.
+bool CopyDataFiles(const Path& from, const Path& to) {
+  std::error_code error;
+  int copied = 0;
+  bool failed = false;
+  for (std::filesystem::directory_iterator entry(from, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code ignored;
+    if (!IsDataFileName(entry->path()) || entry->is_directory(ignored)) continue;
+    if (CopyFileOver(entry->path(), to / entry->path().filename())) {
+      ++copied;
+    } else {
+      failed = true;
+    }
+  }
+  return !error && !failed && copied > 0;
+}
+
+bool IsFolder(const Path& path) {
+  std::error_code ignored;
+  return std::filesystem::is_directory(path, ignored);
+}
+
 }  // namespace
 
 std::string NotesToField(std::string_view notes) {
@@ -187,76 +214,55 @@ std::string NotesToField(std::string_view notes) {
 }
 std::string NotesFromField(std::string_view field) { return Replaced(field, kNotesLineEnd, kLineEnd); }
 
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform) {
-  const bool waiting = !data.WaitingPath.empty();
-  ChosenFile chosen;
-  if (waiting) {
-    chosen.path = std::exchange(data.WaitingPath, {});
-    chosen.title = FromUtf8(PathToUtf8(chosen.path));
-  } else {
-    const auto answer = platform.AskOpenFile({.title = "Open",
-                                              .filter = "Tessara data files (*.dcs)|*.dcs",
-                                              .initial_folder = DialogFolder(data, platform),
-                                              .initial_name = {},
-                                              .default_extension = "dcs"});
-    if (!answer) {
-      data.DataFileSize = 0;  // set ahead of the question, and not put back
-      return LoadOutcome::kCancelled;
-    }
-    chosen = *answer;
-  }
-  const auto facts = FactsOfFile(chosen.path);
-  auto bytes = facts ? ReadWholeFile(chosen.path) : std::nullopt;
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick) {
+  const auto facts = FactsOfFile(path);
+  auto bytes = facts ? ReadWholeFile(path) : std::nullopt;
   if (!bytes) return LoadOutcome::kUnreadable;
-  if (!waiting) data.DataFilePath = chosen.path;
+  const bool picked = pick == FilePick::kPicked;
+  if (picked) data.DataFilePath = path;
   TakeFacts(data, *facts);
-  if (!waiting && facts->size == 0) return LoadOutcome::kEmptyFile;
-  data.DataFileTitle = chosen.title;
+  if (picked && facts->size == 0) return LoadOutcome::kEmptyFile;
+  data.DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path));
+  data.LoadedFile = path;
   LoadBytes(data, platform, std::move(*bytes));
   return LoadOutcome::kLoaded;
 }
 
 SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
-  if (data.DataFilePath.empty() || data.GridTitle == kUntitledGrid) return SaveDataFileAs(data, platform);
+  // At the start the path is the folder of data files, also behind a file of the command line.
+  const bool has_name = !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !IsFolder(data.DataFilePath);
+  if (!has_name) return SaveOutcome::kNoName;
   switch (WriteAndSettle(data, platform, data.DataFilePath)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
     case WriteResult::kPathNotFound:
-      return SaveDataFileAs(data, platform);
-    default:
-      ShowSaveError(platform,
-                    "Try saving the file to 'My Documents\\Tessara Data' or some other location where write access is "
-                    "allowed.");
-      return SaveOutcome::kFailed;
+      return SaveOutcome::kFolderGone;
+    case WriteResult::kRefused:
+      break;
   }
+  ShowSaveError(platform,
+                "Try saving the file to 'My Documents\\Tessara Data' or some other location where write access is "
+                "allowed.");
+  return SaveOutcome::kFailed;
 }
 
-SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform) {
-  const auto chosen = platform.AskSaveFile({.title = "Save As",
-                                            .filter = "Tessara files (*.dcs)|*.dcs",
-                                            .initial_folder = DialogFolder(data, platform),
-                                            .initial_name = Replaced(data.GridTitle, "Data Grid ", ""),
-                                            .default_extension = "dcs",
-                                            .overwrite_prompt = true});
-  if (!chosen) {
-    data.DataDirty = false;  // a cancelled dialog ends on the path of a failure, which clears the flag
-    return SaveOutcome::kCancelled;
-  }
-  if (WriteAndSettle(data, platform, chosen->path) != WriteResult::kWritten) {
+SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path) {
+  if (WriteAndSettle(data, platform, path) != WriteResult::kWritten) {
     ShowSaveError(
         platform,
         "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "
         "access is allowed.");
     return SaveOutcome::kFailed;
   }
-  data.DataFilePath = chosen->path;
-  data.GridTitle = chosen->title;
+  data.DataFilePath = path;
+  data.GridTitle = FromUtf8(PathToUtf8(path.filename()));
   return SaveOutcome::kSaved;
 }
 
 void NewDataFile(DataSet& data) {
   MakeEmptyDataSet(data);
   data.DataFilePath.clear();
+  data.LoadedFile.clear();
   data.DataFileSize.reset();
   data.DataFileModified.clear();
   data.ProjectNotes.clear();
@@ -272,19 +278,11 @@ void RepairSampleFiles(Platform& platform) {
   if (answer != Answer::kOk) return;
   const WaitCursor wait(platform);
   const Path program = platform.ProgramFolder();
-  std::error_code error;
-  bool failed = false;
-  for (std::filesystem::directory_iterator entry(program / kHelpFolder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code ignored;
-    if (entry->path().extension() != kDataFileEnding || entry->is_directory(ignored)) continue;
-    failed |= !CopyFileOver(entry->path(), program / kDataFolder / entry->path().filename());
-  }
-  if (error || failed) {
-    platform.ShowMessage({"Repair Failed",
-                          "An error occurred when copying the files. Please manually copy the data files from the Help "
-                          "folder in the Tessara Suite program folder."});
-  }
+  platform.EnterFolder(program);
+  if (CopyDataFiles(program / kHelpFolder, program / kDataFolder)) return;
+  platform.ShowMessage({"Repair Failed",
+                        "An error occurred when copying the files. Please manually copy the data files from the Help "
+                        "folder in the Tessara Suite program folder."});
 }
 
 }  // namespace tessara

@@ -11,25 +11,32 @@ namespace tessara {
 
 enum class LoadOutcome {
   kLoaded,
-  kCancelled,   // no file was chosen
   kEmptyFile,   // of length 0: the data stay, but the path has already changed
   kUnreadable,  // no such file, a folder, no right to read: everything stays
 };
 
-// Loads WaitingPath, or asks for a file. There is no validation at all: missing fields and lines are empty, surplus
-// ones are dropped, a banner without two numbers leaves the counts at their earlier values, and no message is shown.
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform);
+// How a file came to be loaded.
+enum class FilePick {
+  kPicked,       // chosen while the program runs: in the open dialog, among the recent files, by a drop, by a script
+  kCommandLine,  // named at the start of the window: DataFilePath stays, and the title is the whole path
+};
+
+// There is no validation at all: missing fields and lines are empty, surplus ones are dropped, a banner without two
+// numbers leaves the counts at their earlier values, and no message is shown.
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick);
 
 enum class SaveOutcome {
   kSaved,
-  kCancelled,
-  kFailed,  // the message box has been shown; the old file is as it was
+  kNoName,      // there is no file to save to yet: nothing has been done
+  kFolderGone,  // the folder of the file is no longer there: nothing has been written
+  kFailed,      // the message box has been shown; the old file is as it was
 };
 
-// Saves to DataFilePath, or asks for a name when there is none or the grid still has no title of its own. The trailing
+// Saves to DataFilePath, unless there is none, it is a folder, or the grid still has no title of its own. The trailing
 // blank records and variables are not written. DataDirty is cleared also by a save that fails.
 SaveOutcome SaveDataFile(DataSet& data, Platform& platform);
-SaveOutcome SaveDataFileAs(DataSet& data, Platform& platform);
+// Saves to another path, which becomes DataFilePath and gives the grid its title: kSaved or kFailed.
+SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path);
 
 // Replaces the data by the empty data set. The panel is reset by the caller.
 void NewDataFile(DataSet& data);

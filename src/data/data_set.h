@@ -48,7 +48,7 @@ struct DataSet {
   std::string GridTitle{kUntitledGrid};
   std::optional<std::uint64_t> DataFileSize;  // bytes
   std::string DataFileModified;
-  Path WaitingPath;  // a file to be loaded without asking, the command line's
+  Path LoadedFile;  // the file that the data were read from; empty when they came from none
 
   std::size_t CurrentRow = 1;  // grid cursor; row 0 is the heading
   std::size_t CurrentColumn = 1;

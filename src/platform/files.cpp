@@ -6,15 +6,16 @@
 #include <cstring>
 #include <ctime>
 #include <fstream>
+#include <new>
 #include <random>
 #include <system_error>
-#include <utility>
+
+#include "platform/file_calls.h"
 
 #if defined(_WIN32)
-#include <io.h>
+#include <sys/stat.h>
 #include <windows.h>
 #else
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #if defined(__APPLE__)
@@ -25,7 +26,7 @@
 namespace tessara {
 namespace {
 
-constexpr std::size_t kWriteBuffer = std::size_t{1} << 20;
+constexpr std::align_val_t kBlockAlignment{kFilePadding};
 
 DateTime LocalDateTime(std::time_t moment) {
   std::tm local{};
@@ -37,79 +38,47 @@ DateTime LocalDateTime(std::time_t moment) {
   return {{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
-std::FILE* OpenToWrite(const Path& path, bool must_be_new) {
-#if defined(_WIN32)
-  return _wfopen(path.c_str(), must_be_new ? L"wbx" : L"wb");
-#else
-  return std::fopen(path.c_str(), must_be_new ? "wbx" : "wb");
-#endif
-}
-
-bool MayWrite(const Path& path) {
-#if defined(_WIN32)
-  return _waccess(path.c_str(), 2) == 0;
-#else
-  return ::access(path.c_str(), W_OK) == 0;
-#endif
-}
-
-bool FlushToDisk(std::FILE* file) {
-#if defined(_WIN32)
-  return _commit(_fileno(file)) == 0;
-#else
-  return ::fsync(::fileno(file)) == 0 || errno == EINVAL;  // a device has nothing to flush
-#endif
-}
-
-bool TakeName(const Path& from, const Path& to) {
-#if defined(_WIN32)
-  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
-#else
-  if (::rename(from.c_str(), to.c_str()) != 0) return false;
-  // The new name is safe only once its folder is on the disk too.
-  const Path folder = to.has_parent_path() ? to.parent_path() : Path(".");
-  if (const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); handle >= 0) {
-    ::fsync(handle);
-    ::close(handle);
+// A file that is read, for as long as the object lives.
+class OpenFile {
+ public:
+  explicit OpenFile(const Path& path) : file_(CallsOfFiles().open(path, FileUse::kRead)) {}
+  ~OpenFile() {
+    if (is_open()) CallsOfFiles().close(file_);
   }
-  return true;
-#endif
-}
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
 
-WriteResult ResultOfError(int error) {
-  return error == ENOENT || error == ENOTDIR ? WriteResult::kPathNotFound : WriteResult::kRefused;
-}
+  bool is_open() const { return file_ >= 0; }
 
-// Beside the target, hidden, and of a name that no other writer takes, one that was stopped by a crash among them. It
-// is short, so that a target with the longest of names can be written too.
-Path TemporaryBeside(const Path& target) {
-  return target.parent_path() / (".saving-" + std::to_string(SystemEntropy()));
-}
+  // Whether there were as many bytes to read.
+  bool Fill(char* bytes, std::size_t size) const {
+    while (size > 0) {
+      const std::int64_t count = CallsOfFiles().read(file_, bytes, size);
+      if (count < 0 && errno == EINTR) continue;
+      if (count <= 0) return false;
+      bytes += count;
+      size -= static_cast<std::size_t>(count);
+    }
+    return true;
+  }
+
+ private:
+  int file_;
+};
 
 }  // namespace
 
-void FileBytes::Release::operator()(char* block) const {
-#if defined(_WIN32)
-  _aligned_free(block);
-#else
-  std::free(block);
-#endif
-}
+void FileBytes::Release::operator()(char* block) const { ::operator delete(block, kBlockAlignment); }
 
 std::optional<FileBytes> FileBytes::Allocate(std::size_t size) {
   if (size > MachineMemory()) return std::nullopt;
-  const std::size_t total = (size + 3 * kFilePadding - 1) / kFilePadding * kFilePadding;
-#if defined(_WIN32)
-  char* block = static_cast<char*>(_aligned_malloc(total, kFilePadding));
-#else
-  char* block = static_cast<char*>(std::aligned_alloc(kFilePadding, total));
-#endif
+  void* block = ::operator new(size + 2 * kFilePadding, kBlockAlignment, std::nothrow);
   if (!block) return std::nullopt;
   FileBytes bytes;
-  bytes.block_.reset(block);
+  bytes.block_.reset(static_cast<char*>(block));
   bytes.size_ = size;
-  std::memset(block, 0, kFilePadding);
-  std::memset(block + kFilePadding + size, 0, kFilePadding);
+  std::memset(bytes.block_.get(), 0, kFilePadding);
+  std::memset(bytes.block_.get() + kFilePadding + size, 0, kFilePadding);
   return bytes;
 }
 
@@ -127,106 +96,14 @@ std::optional<FileFacts> FactsOfFile(const Path& path) {
 std::optional<FileBytes> ReadWholeFile(const Path& path) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-#if defined(_WIN32)
-  std::FILE* file = _wfopen(path.c_str(), L"rb");
-#else
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-#endif
-  if (!file) return std::nullopt;
-  std::setvbuf(file, nullptr, _IONBF, 0);
+  const OpenFile file(path);
+  if (!file.is_open()) return std::nullopt;
   const auto size = std::filesystem::file_size(path, error);
-  auto bytes = error ? std::nullopt : FileBytes::Allocate(static_cast<std::size_t>(size));
-  const bool whole = bytes && std::fread(bytes->data(), 1, bytes->size(), file) == bytes->size();
-  std::fclose(file);
-  if (!whole) return std::nullopt;
+  if (error) return std::nullopt;
+  auto bytes = FileBytes::Allocate(static_cast<std::size_t>(size));
+  if (!bytes) throw std::bad_alloc();
+  if (!file.Fill(bytes->data(), bytes->size())) return std::nullopt;
   return bytes;
-}
-
-SafeFileWriter::SafeFileWriter(const Path& path) : target_(path) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  const fs::file_status status = fs::status(target_, error);
-  const bool exists = fs::exists(status);
-  if (exists && fs::is_directory(status)) {
-    result_ = WriteResult::kRefused;
-    return;
-  }
-  if (exists && fs::is_regular_file(status)) {
-    if (!MayWrite(target_)) {  // a new name would walk around the protection of the old file
-      result_ = WriteResult::kRefused;
-      return;
-    }
-    if (const Path real = fs::canonical(target_, error); !error) target_ = real;  // a link stays a link
-  }
-  if (!exists || fs::is_regular_file(status)) temporary_ = TemporaryBeside(target_);
-  file_ = OpenToWrite(temporary_.empty() ? target_ : temporary_, !temporary_.empty());
-  if (!file_) {
-    result_ = ResultOfError(errno);
-    temporary_.clear();
-    return;
-  }
-  std::setvbuf(file_, nullptr, _IONBF, 0);
-  if (exists && !temporary_.empty()) fs::permissions(temporary_, status.permissions(), error);
-  buffer_.reserve(kWriteBuffer);
-}
-
-SafeFileWriter::~SafeFileWriter() { Discard(); }
-
-void SafeFileWriter::Write(std::string_view text) {
-  if (text.size() >= kWriteBuffer) {
-    Flush();
-    if (file_ && result_ == WriteResult::kWritten && std::fwrite(text.data(), 1, text.size(), file_) != text.size()) {
-      result_ = WriteResult::kRefused;
-    }
-    return;
-  }
-  if (buffer_.size() + text.size() > kWriteBuffer) Flush();
-  buffer_.append(text);
-}
-
-void SafeFileWriter::Flush() {
-  if (file_ && result_ == WriteResult::kWritten &&
-      std::fwrite(buffer_.data(), 1, buffer_.size(), file_) != buffer_.size()) {
-    result_ = WriteResult::kRefused;
-  }
-  buffer_.clear();
-}
-
-WriteResult SafeFileWriter::Commit() {
-  Flush();
-  if (file_ && result_ == WriteResult::kWritten) {
-    if (!FlushToDisk(file_)) result_ = WriteResult::kRefused;
-    if (std::fclose(std::exchange(file_, nullptr)) != 0) result_ = WriteResult::kRefused;
-    if (result_ == WriteResult::kWritten && !temporary_.empty()) {
-      if (TakeName(temporary_, target_)) {
-        temporary_.clear();
-      } else {
-        result_ = WriteResult::kRefused;
-      }
-    }
-  }
-  Discard();
-  return result_;
-}
-
-void SafeFileWriter::Discard() {
-  if (file_) std::fclose(std::exchange(file_, nullptr));
-  if (!temporary_.empty()) {
-    std::error_code ignored;
-    std::filesystem::remove(temporary_, ignored);
-    temporary_.clear();
-  }
-}
-
-WriteResult WriteWholeFile(const Path& path, std::string_view content) {
-  SafeFileWriter writer(path);
-  writer.Write(content);
-  return writer.Commit();
-}
-
-bool CopyFileOver(const Path& from, const Path& to) {
-  const auto bytes = ReadWholeFile(from);
-  return bytes && WriteWholeFile(to, bytes->text()) == WriteResult::kWritten;
 }
 
 std::uint64_t MachineMemory() {

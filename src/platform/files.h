@@ -2,15 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "numerics/dates.h"
-#include "platform/platform.h"
+#include "platform/path.h"
+#include "platform/safe_file_writer.h"
 
 // Files, as the operating system gives them. All that is not plain standard C++ stands behind these routines.
 
@@ -48,47 +47,9 @@ struct FileFacts {
 // Nothing when there is no such file, or when it is a folder.
 std::optional<FileFacts> FactsOfFile(const Path& path);
 
-// Nothing when the file cannot be opened or read, is a folder, or is larger than the machine's memory.
+// Nothing when the file cannot be opened or read, or is a folder. Throws std::bad_alloc when it does not fit the
+// memory, so that nobody takes it for a file without content.
 std::optional<FileBytes> ReadWholeFile(const Path& path);
-
-enum class WriteResult {
-  kWritten,
-  kPathNotFound,  // a folder of the path does not exist
-  kRefused,       // no right to write, no space left, a folder of that name, ...
-};
-
-// Writes a file so that the old one stays whole until the new one is safely on the disk: the text goes to a temporary
-// file in the same folder, is flushed to the disk and takes the name at last. What has not been committed leaves no
-// trace. A path that names a device and not a file is written directly.
-class SafeFileWriter {
- public:
-  explicit SafeFileWriter(const Path& path);
-  ~SafeFileWriter();
-  SafeFileWriter(const SafeFileWriter&) = delete;
-  SafeFileWriter& operator=(const SafeFileWriter&) = delete;
-
-  // What has happened so far; kWritten while all is well.
-  WriteResult result() const { return result_; }
-
-  void Write(std::string_view text);
-  // Flushes and takes the name. Nothing is written any more behind it.
-  WriteResult Commit();
-
- private:
-  void Flush();
-  void Discard();
-
-  Path target_;
-  Path temporary_;  // empty when the target is written directly
-  std::FILE* file_ = nullptr;
-  std::string buffer_;
-  WriteResult result_ = WriteResult::kWritten;
-};
-
-WriteResult WriteWholeFile(const Path& path, std::string_view content);
-
-// Copies a file over another, by way of SafeFileWriter.
-bool CopyFileOver(const Path& from, const Path& to);
 
 // Bytes of memory in the machine.
 std::uint64_t MachineMemory();

@@ -50,6 +50,8 @@ class Folders {
   // The folder that holds the executables, Data, Help and Media; and the user's documents.
   virtual Path ProgramFolder() = 0;
   virtual Path DocumentsFolder() = 0;
+  // Makes a folder the one that relative paths mean. One that cannot be entered leaves it as it was.
+  virtual void EnterFolder(const Path& folder) = 0;
 };
 
 class Platform : public FileDialogs,

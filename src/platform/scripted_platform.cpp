@@ -98,4 +98,6 @@ std::uint64_t ScriptedPlatform::Entropy() { return entropy; }
 Path ScriptedPlatform::ProgramFolder() { return program_folder; }
 Path ScriptedPlatform::DocumentsFolder() { return documents_folder; }
 
+void ScriptedPlatform::EnterFolder(const Path& folder) { entered_folders.push_back(folder); }
+
 }  // namespace tessara

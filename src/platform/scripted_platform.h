@@ -51,6 +51,7 @@ class ScriptedPlatform : public Platform {
   std::vector<ProgressRun> progress;
   std::vector<Path> sounds;
   std::vector<std::string> documents;
+  std::vector<Path> entered_folders;
   std::string panes[4];  // 1 to 3
   std::vector<std::string> notes;
   int wait_cursors = 0;  // shown now
@@ -78,6 +79,7 @@ class ScriptedPlatform : public Platform {
   std::uint64_t Entropy() override;
   Path ProgramFolder() override;
   Path DocumentsFolder() override;
+  void EnterFolder(const Path& folder) override;
 };
 
 }  // namespace tessara

@@ -66,6 +66,7 @@ BarTable MakeBarTable(const std::vector<double>& values, double minimum, double 
     interval += MaskedNumber(Edge(minimum, width, k + 1), "0.00");
     table.bars.push_back({IntervalLabel(interval), Bar(counts[k], largest), counts[k]});
   }
+  for (std::size_t k = 0; k <= bars; ++k) table.edges.push_back(Edge(minimum, width, k));
   return table;
 }
 

@@ -16,7 +16,8 @@ struct BarTable {
     std::string bar;    // "X" characters, 20 for the tallest
     std::size_t count = 0;
   };
-  std::vector<Bar> bars;  // lowest interval first
+  std::vector<Bar> bars;      // lowest interval first
+  std::vector<double> edges;  // where each bar begins, and where the last one ends
 };
 
 // 5 bars for up to 40 values, 7 for up to 100, 9 above.

@@ -44,6 +44,24 @@ void AppendRows(std::string& text, const Chart& chart) {
   }
 }
 
+// The intervals of values, of which there is one at least.
+BarTable IntervalsOf(const std::vector<double>& values) {
+  const auto [least, greatest] = std::ranges::minmax_element(values);
+  Number range;
+  range = Checked(*greatest) - *least;
+  return MakeBarTable(values, *least, range.value());
+}
+
+Chart::Axes CommonAxes(const BarTable& first, const BarTable& second) {
+  Chart::Axes axes;
+  axes.low = std::min(first.edges.front(), second.edges.front());
+  axes.high = std::max(first.edges.back(), second.edges.back());
+  for (const BarTable* table : {&first, &second}) {
+    for (const BarTable::Bar& bar : table->bars) axes.most = std::max(axes.most, static_cast<double>(bar.count));
+  }
+  return axes;
+}
+
 }  // namespace
 
 void ClearCharts(ChartStore& store) {
@@ -94,19 +112,24 @@ Chart ScatterChart(std::string title, std::string horizontal_title, std::string 
   return chart;
 }
 
+void ShareAxes(Chart& first, Chart& second) {
+  first.beside = second.values;
+  second.beside = first.values;
+}
+
 Chart WithRows(const Chart& chart) {
   Chart filled = chart;
   if (!chart.values || chart.values->empty()) return filled;
-  const auto [least, greatest] = std::ranges::minmax_element(*chart.values);
-  Number range;
-  range = Checked(*greatest) - *least;
+  BarTable table = IntervalsOf(*chart.values);
   Chart::Series counts{kFrequency, {}};
   filled.labels.clear();
-  for (const BarTable::Bar& bar : MakeBarTable(*chart.values, *least, range.value()).bars) {
+  for (const BarTable::Bar& bar : table.bars) {
     filled.labels.emplace_back(Trimmed(bar.label));
     counts.values.push_back(static_cast<double>(bar.count));
   }
   filled.series = {std::move(counts)};
+  if (chart.beside && !chart.beside->empty()) filled.axes = CommonAxes(table, IntervalsOf(*chart.beside));
+  filled.edges = std::move(table.edges);
   return filled;
 }
 

@@ -39,6 +39,12 @@ struct Chart {
     std::string name;
     std::vector<double> values;  // one for each row
   };
+  // What the axes of charts that stand side by side have in common.
+  struct Axes {
+    double low = 0;  // along the rows
+    double high = 0;
+    double most = 0;  // upward, from 0
+  };
 
   ChartType type = ChartType::kBars;
   std::string title;
@@ -49,8 +55,11 @@ struct Chart {
   std::vector<std::string> labels;  // one for each row; none in a scatter chart, whose rows are its points
   std::vector<Series> series;       // bars: one or more; intervals: one; none in a scatter chart
 
-  ChartValues values;  // of the interval kinds, whose rows are counted when the chart is looked at
-  ChartValues x;       // of a scatter chart
+  ChartValues values;         // of the interval kinds, whose rows are counted when the chart is looked at
+  ChartValues beside;         // the values of the chart whose axes this one shares, if any
+  std::vector<double> edges;  // of the intervals, one more than rows; empty until they are counted
+  std::optional<Axes> axes;   // shared ones, known when the rows are counted
+  ChartValues x;              // of a scatter chart
   ChartValues y;
 };
 
@@ -77,6 +86,8 @@ Chart BarsChart(std::string title, std::string horizontal_title, std::string ver
                 std::vector<std::string> labels, std::vector<Chart::Series> series);
 // The frequencies of the values in the intervals that the text bar chart has.
 Chart IntervalChart(ChartType type, std::string title, std::string horizontal_title, ChartValues values);
+// Gives two interval charts the same axes, so that their pictures can be compared.
+void ShareAxes(Chart& first, Chart& second);
 Chart ScatterChart(std::string title, std::string horizontal_title, std::string vertical_title, ChartValues x,
                    ChartValues y);
 

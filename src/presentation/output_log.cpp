@@ -15,9 +15,16 @@ const std::string& TextOfMode(const OutputLog& output) {
 
 std::string& TextOfMode(OutputLog& output) { return output.ShowLogMode ? output.OutputLogText : output.MostRecentText; }
 
-void MarkBoxChanged(OutputLog& output) {
-  output.OutputChanged = true;
-  ++output.Revision;
+std::uint64_t& LineageOfMode(OutputLog& output) {
+  return output.ShowLogMode ? output.log_lineage : output.recent_lineage;
+}
+
+std::uint64_t NewLineage(OutputLog& output) { return ++output.last_lineage; }
+
+void TakeIntoBox(OutputLog& output, std::string text, std::uint64_t lineage) {
+  output.edited_box = std::move(text);
+  output.box_lineage = lineage;
+  output.box_made_from = 0;
 }
 
 FileDialog OutputDialog(std::string_view title, Platform& platform) {
@@ -45,36 +52,53 @@ std::string WithFullLineEnds(std::string_view text) {
 
 const std::string& OutputLog::BoxText() const { return edited_box ? *edited_box : TextOfMode(*this); }
 
+BoxVersion OutputLog::Version() const {
+  if (edited_box) return {box_lineage, edited_box->size(), box_made_from};
+  return {ShowLogMode ? log_lineage : recent_lineage, TextOfMode(*this).size(), 0};
+}
+
 void EditBox(OutputLog& output, std::string text) {
-  if (text == output.BoxText()) return;
-  output.edited_box = std::move(text);
+  TakeIntoBox(output, std::move(text), NewLineage(output));
   output.OutputChanged = true;
 }
 
 void ReplaceBox(OutputLog& output, std::string text) {
   if (text == output.BoxText()) return;
-  output.edited_box = std::move(text);
-  MarkBoxChanged(output);
+  EditBox(output, std::move(text));
+}
+
+void ConvertBox(OutputLog& output, std::string text) {
+  const std::uint64_t before = output.Version().lineage;
+  if (text == output.BoxText()) return;
+  EditBox(output, std::move(text));
+  output.box_made_from = before;
 }
 
 void StoreBoxText(OutputLog& output) {
   if (!output.edited_box) return;
   TextOfMode(output) = *std::move(output.edited_box);
+  LineageOfMode(output) = output.box_lineage;
   output.edited_box.reset();
 }
 
 void RefreshOutputView(OutputLog& output) {
   if (!output.edited_box) return;
-  const bool changes = *output.edited_box != TextOfMode(output);
+  if (*output.edited_box == TextOfMode(output)) {
+    LineageOfMode(output) = output.box_lineage;
+  } else {
+    output.OutputChanged = true;
+  }
   output.edited_box.reset();
-  if (changes) MarkBoxChanged(output);
 }
 
 void BeginRun(OutputLog& output) {
   // The box is refreshed with the run's first report. A run that ends without one leaves the old text in the box, and
   // storing the box back makes that text the most recent one again.
-  if (!output.ShowLogMode && !output.edited_box) output.edited_box = std::move(output.MostRecentText);
+  if (!output.ShowLogMode && !output.edited_box) {
+    TakeIntoBox(output, std::move(output.MostRecentText), output.recent_lineage);
+  }
   output.MostRecentText.clear();
+  output.recent_lineage = NewLineage(output);
 }
 
 void AppendReport(OutputLog& output) {
@@ -82,7 +106,7 @@ void AppendReport(OutputLog& output) {
   output.OutputLogText.append(output.ReportText).append(kReportSeparator);
   output.MostRecentText.append(output.ReportText).append(kReportSeparator);
   if (box_follows) {
-    MarkBoxChanged(output);
+    output.OutputChanged = true;
   } else {
     RefreshOutputView(output);
   }
@@ -103,7 +127,7 @@ void ReplaceMostRecent(OutputLog& output, std::string report) {
 void ToggleOutputMode(OutputLog& output) {
   StoreBoxText(output);
   output.ShowLogMode = !output.ShowLogMode;
-  if (output.OutputLogText != output.MostRecentText) MarkBoxChanged(output);
+  if (output.OutputLogText != output.MostRecentText) output.OutputChanged = true;
 }
 
 std::string_view ToggleCaption(const OutputLog& output) {
@@ -113,29 +137,45 @@ std::string_view ToggleCaption(const OutputLog& output) {
 void ClearOutput(OutputLog& output) {
   ClearBox(output);
   output.OutputLogText.clear();
+  output.log_lineage = NewLineage(output);
 }
 
 void ClearBox(OutputLog& output) { ReplaceBox(output, ""); }
 
-bool OpenOutputText(OutputLog& output, Platform& platform) {
+std::optional<Path> AskOutputToOpen(Platform& platform) {
   const auto chosen = platform.AskOpenFile(OutputDialog("Open", platform));
-  if (!chosen) return false;
-  const auto content = ReadWholeFile(chosen->path);
+  return chosen ? std::optional(chosen->path) : std::nullopt;
+}
+
+std::optional<Path> AskOutputToSave(Platform& platform) {
+  FileDialog dialog = OutputDialog("Save As", platform);
+  dialog.default_extension = "txt";
+  dialog.overwrite_prompt = true;
+  const auto chosen = platform.AskSaveFile(dialog);
+  return chosen ? std::optional(chosen->path) : std::nullopt;
+}
+
+bool OpenOutputText(OutputLog& output, const Path& path) {
+  const auto content = ReadWholeFile(path);
   if (!content) return false;
 
   std::string text = WithFullLineEnds(FromTextFile(content->text()));
   text.append("\r\n\r\n").append(kPageBreak);
   ReplaceBox(output, text);
   output.OutputLogText = std::move(text);
+  output.log_lineage = NewLineage(output);
   return true;
 }
 
-bool SaveOutputText(OutputLog& output, Platform& platform) {
-  FileDialog dialog = OutputDialog("Save As", platform);
-  dialog.default_extension = "txt";
-  dialog.overwrite_prompt = true;
-  const auto chosen = platform.AskSaveFile(dialog);
-  if (!chosen || WriteWholeFile(chosen->path, output.BoxText()) != WriteResult::kWritten) return false;
+bool SaveOutputText(OutputLog& output, const Path& path, Platform& platform) {
+  if (WriteWholeFile(path, output.BoxText()) != WriteResult::kWritten) {
+    platform.ShowMessage({.title = "Save Aborted!",
+                          .text =
+                              "The save operation failed. Please make sure the file is not open in another program.  "
+                              "This error could also be caused by trying to save to a location on your computer that "
+                              "has restricted access."});
+    return false;
+  }
   output.OutputChanged = false;
   return true;
 }

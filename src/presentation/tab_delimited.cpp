@@ -70,6 +70,6 @@ std::string TabDelimited(std::string text) {
   return text;
 }
 
-void ConvertOutputToTabDelimited(OutputLog& output) { ReplaceBox(output, TabDelimited(output.BoxText())); }
+void ConvertOutputToTabDelimited(OutputLog& output) { ConvertBox(output, TabDelimited(output.BoxText())); }
 
 }  // namespace tessara

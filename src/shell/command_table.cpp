@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
+#include "shell/file_questions.h"
 
 namespace tessara {
 namespace {
@@ -120,21 +121,22 @@ void New(Session& session) {
 }
 
 void Open(Session& session) {
-  if (InView(session, View::ViewDataGrid)) OpenDataFile(session);
-  if (InOutputText(session)) OpenOutputText(session.output, session.platform);
+  if (InView(session, View::ViewDataGrid)) AskAndOpenData(session);
+  if (InOutputText(session)) {
+    if (const auto path = AskOutputToOpen(session.platform)) OpenOutputText(session.output, *path);
+  }
 }
 
 void Save(Session& session) {
-  if (InView(session, View::ViewDataGrid)) SaveData(session);
+  if (InView(session, View::ViewDataGrid)) SaveDataOrAsk(session);
   if (InOutputText(session)) {
-    SaveOutputText(session.output, session.platform);
-    session.platform.SetStatusPane(kMessagePane, "Save Completed");
+    if (SaveOutput(session)) session.platform.SetStatusPane(kMessagePane, "Save Completed");
     session.wanted_view = View::ViewOutput;
   }
 }
 
 void SaveAs(Session& session) {
-  if (InView(session, View::ViewDataGrid)) SaveDataAs(session);
+  if (InView(session, View::ViewDataGrid)) AskAndSaveData(session);
 }
 
 void Print(Session& session, const WidgetState& widgets) {
@@ -196,7 +198,9 @@ const std::vector<CommandMenu>& MenuBar() {
         {.id = 106, .caption = "&Print", .begin_group = true, .icon = "document-print", .shortcut = "Ctrl+P"},
         {.id = 107, .caption = "&Exit", .begin_group = true, .icon = "application-exit", .shortcut = "Ctrl+Q"}}},
       {"&Edit",
-       {{.id = 204, .caption = "Select &All", .begin_group = true, .icon = "edit-select-all", .shortcut = "Ctrl+A"},
+       {{.id = 214, .caption = "&Undo", .icon = "edit-undo", .shortcut = "Ctrl+Z"},
+        {.id = 215, .caption = "&Redo", .icon = "edit-redo", .shortcut = "Ctrl+Shift+Z"},
+        {.id = 204, .caption = "Select &All", .begin_group = true, .icon = "edit-select-all", .shortcut = "Ctrl+A"},
         {.id = 205, .caption = "&Copy", .begin_group = true, .icon = "edit-copy", .shortcut = "Ctrl+C"},
         {.id = 206, .caption = "&Paste", .icon = "edit-paste", .shortcut = "Ctrl+V"},
         {.id = 213, .caption = "&Cut", .icon = "edit-cut", .shortcut = "Ctrl+X"},
@@ -292,6 +296,10 @@ CommandState UpdateCommand(const Session& session, int id, const WidgetState& wi
       return CopyOutputState(session);
     case 213:
       return CutState(session, widgets);
+    case 214:
+      return {InOutputText(session), InOutputText(session) && widgets.can_undo, {}};
+    case 215:
+      return {InOutputText(session), InOutputText(session) && widgets.can_redo, {}};
     case 308:
       return RunState(session);
     case 350:
@@ -342,6 +350,10 @@ WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets
       break;
     case 213:
       return ForEditing(session, WidgetAction::kCut);
+    case 214:
+      return ForEditing(session, WidgetAction::kUndo);
+    case 215:
+      return ForEditing(session, WidgetAction::kRedo);
     case 308:
       RunProcedure(session);
       break;

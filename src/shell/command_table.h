@@ -15,9 +15,11 @@ namespace tessara {
 inline constexpr int kNewCommand = 101;
 inline constexpr int kOpenCommand = 102;
 inline constexpr int kPrintCommand = 106;
+inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
 inline constexpr int kRunCommand = 308;
 inline constexpr int kToggleOutputCommand = 350;
+inline constexpr int kRefreshDocumentationCommand = 502;
 inline constexpr int kToggleHelpCommand = 602;
 
 // Icon alone, or icon and caption.
@@ -45,6 +47,8 @@ const std::vector<CommandControl>& Toolbar();
 struct WidgetState {
   bool output_has_selection = false;
   bool clipboard_has_text = false;
+  bool can_undo = false;
+  bool can_redo = false;
 };
 
 struct CommandState {
@@ -63,6 +67,8 @@ enum class WidgetAction {
   kCopy,
   kPaste,
   kCut,
+  kUndo,
+  kRedo,
   kDefaultSize,
   kToggleHelpPane,
   kShowAbout,

@@ -10,21 +10,16 @@
 namespace tessara {
 namespace {
 
-constexpr const char* kWarning = "Warning!";
-
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
 
-void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& waiting_path) {
+void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& path) {
   switch (outcome) {
     case LoadOutcome::kLoaded:
       return session.platform.SetStatusPane(kMessagePane, "Ready");
     case LoadOutcome::kEmptyFile:
-      return session.platform.SetStatusPane(kMessagePane, NameOf(session.data.DataFilePath) + " is empty");
+      return session.platform.SetStatusPane(kMessagePane, NameOf(path) + " is empty");
     case LoadOutcome::kUnreadable:
-      return session.platform.SetStatusPane(
-          kMessagePane, "Cannot open " + (waiting_path.empty() ? std::string("this file") : NameOf(waiting_path)));
-    case LoadOutcome::kCancelled:
-      return;
+      return session.platform.SetStatusPane(kMessagePane, "Cannot open " + NameOf(path));
   }
 }
 
@@ -37,52 +32,31 @@ void PrepareSession(Session& session) {
   session.data.DataFilePath = session.settings.Op14;
 }
 
-void MakeDocumentsFolder(Platform& platform) {
+// "Tessara Data" among the user's documents: the working folder of a session.
+void EnterDocumentsFolder(Platform& platform) {
+  const Path folder = platform.DocumentsFolder() / "Tessara Data";
   std::error_code ignored;  // without the folder the start goes on
-  std::filesystem::create_directories(platform.DocumentsFolder() / "Tessara Data", ignored);
+  std::filesystem::create_directories(folder, ignored);
+  platform.EnterFolder(folder);
 }
 
-// Both questions of the close request: true when the close may go on.
-bool AskAboutData(Session& session) {
-  if (!session.data.DataDirty) return true;
-  switch (session.platform.ShowMessage(
-      {kWarning, "Do you wish to save the changes to the data file?", Buttons::kYesNoCancel, Tone::kQuestion})) {
-    case Answer::kYes:
-      session.wanted_view = View::ViewDataGrid;
-      SaveDataAs(session);
-      return false;
-    case Answer::kNo:
-      session.data.DataDirty = false;
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool AskAboutOutput(Session& session) {
-  if (!session.output.OutputChanged) return true;
-  switch (session.platform.ShowMessage(
-      {kWarning, "Do you wish to save the contents of the Output Viewer?", Buttons::kYesNoCancel, Tone::kQuestion})) {
-    case Answer::kYes:
-      session.wanted_view = View::ViewOutput;
-      SaveOutputText(session.output, session.platform);
-      return false;
-    case Answer::kNo:
-      session.output.OutputChanged = false;
-      return true;
-    default:
-      return false;
-  }
+Path Absolute(const Path& path) {
+  std::error_code error;
+  Path whole = std::filesystem::absolute(path, error);
+  return error ? path : whole;
 }
 
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
+  // A relative path means the folder that the program was called from.
+  const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
-  MakeDocumentsFolder(session.platform);
+  session.platform.EnterFolder(session.platform.ProgramFolder());
+  EnterDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, "Ready");
   RefreshStatus(session);
-  if (!command_line_file.empty()) OpenDataFile(session, command_line_file);
+  if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
 void StartBatchSession(Session& session) { PrepareSession(session); }
@@ -94,29 +68,29 @@ void TestDocumentationFiles(Session& session) {
   }
 }
 
-LoadOutcome OpenDataFile(Session& session) { return OpenDataFile(session, {}); }
-
-LoadOutcome OpenDataFile(Session& session, const Path& waiting_path) {
-  session.data.WaitingPath = waiting_path;
-  const LoadOutcome outcome = LoadDataFile(session.data, session.platform);
+LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
+  const LoadOutcome outcome = LoadDataFile(session.data, session.platform, path, pick);
   if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.data, session.panel);
-  ShowLoadOutcome(session, outcome, waiting_path);
+  ShowLoadOutcome(session, outcome, path);
   RefreshStatus(session);
   return outcome;
 }
 
-SaveOutcome SaveData(Session& session) {
-  const SaveOutcome outcome = SaveDataFile(session.data, session.platform);
-  session.platform.SetStatusPane(kMessagePane, "Save Completed");  // also when it was cancelled or has failed
-  return outcome;
-}
+SaveOutcome SaveData(Session& session) { return SaveDataFile(session.data, session.platform); }
 
-SaveOutcome SaveDataAs(Session& session) { return SaveDataFileAs(session.data, session.platform); }
+SaveOutcome SaveDataTo(Session& session, const Path& path) {
+  return SaveDataFileTo(session.data, session.platform, path);
+}
 
 void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.data, session.panel);
   RefreshStatus(session);
+}
+
+bool SaveOutput(Session& session) {
+  const auto path = AskOutputToSave(session.platform);
+  return path && SaveOutputText(session.output, *path, session.platform);
 }
 
 void SetProjectNotes(Session& session, std::string notes) {
@@ -185,14 +159,6 @@ void RefreshStatus(Session& session) {
 void PlaySoundEffect(Session& session, std::string_view name) {
   if (!session.settings.sounds()) return;
   session.platform.PlaySoundFile(session.platform.ProgramFolder() / "Media" / name);  // a failure is silent
-}
-
-bool RequestClose(Session& session) {
-  const bool data_may_go = session.data.DataDirty;
-  if (!AskAboutData(session) || !AskAboutOutput(session)) return false;
-  // The data of a refused save go last: who cancels at the second question goes on working with them.
-  if (data_may_go) session.data.matrix = DataMatrix();
-  return true;
 }
 
 }  // namespace tessara

@@ -56,20 +56,24 @@ struct Session {
   View wanted_view = View::kNone;
 };
 
-// Start-up without a window: settings, the documentation flags, the folder "Tessara Data" in the user's documents, an
-// empty data set whose DataFilePath is the folder of data files, and the file of the command line, if any.
+// Start-up without a window: settings, the documentation flags, the folder "Tessara Data" in the user's documents as
+// the working folder, an empty data set whose DataFilePath is the folder of data files, and the file of the command
+// line, if any.
 void StartSession(Session& session, const Path& command_line_file);
-// The same without touching the user's documents and without a file: for the batch program.
+// The same without touching the user's documents or the working folder, and without a file: for the batch program.
 void StartBatchSession(Session& session);
 
 void TestDocumentationFiles(Session& session);
 
-// The data file flows with all that depends on them: panel lists, statistics, status panes.
-LoadOutcome OpenDataFile(Session& session);
-LoadOutcome OpenDataFile(Session& session, const Path& waiting_path);
+// The data file flows with all that depends on them: panel lists, statistics, status panes. They ask for no path: where
+// one is needed, the front end has it (file_questions.h).
+LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick);
 SaveOutcome SaveData(Session& session);
-SaveOutcome SaveDataAs(Session& session);
+SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
+
+// Asks where to, and saves the text of the Output view. False when it was cancelled or has failed.
+bool SaveOutput(Session& session);
 
 // Changes the notes box: marks the data as changed.
 void SetProjectNotes(Session& session, std::string notes);
@@ -86,8 +90,5 @@ std::string_view HelpPage(View view);
 void RefreshStatus(Session& session);
 
 void PlaySoundEffect(Session& session, std::string_view name);
-
-// The close request: both prompts. True when the close may go on.
-bool RequestClose(Session& session);
 
 }  // namespace tessara

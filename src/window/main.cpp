@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QFileInfo>
 
 #include "window/frame/frm_main.h"
 #include "window/system/qt_platform.h"
@@ -13,8 +12,12 @@ int main(int argc, char* argv[]) {
   QApplication::setDesktopFileName("tessara");
 
   tessara::FrameStart start;
+#if defined(_WIN32)
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 1) start.command_line_file = tessara::PathFromQt(QFileInfo(arguments[1]).absoluteFilePath());
+  if (arguments.size() > 1) start.command_line_file = tessara::PathFromQt(arguments[1]);
+#else
+  if (argc > 1) start.command_line_file = argv[1];  // the bytes as they are: not every name is a text
+#endif
 
   tessara::QtPlatform platform;
   tessara::QtSettingsStore store;

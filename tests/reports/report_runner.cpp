@@ -9,12 +9,14 @@
 //                        for the byte between fields, "^" for the bar of missing values
 //   == sample NAME       a copy of the sample data set NAME of installed/Data
 //   == file NAME         any other file, line ends as they stand
-//   == run WORDS...      the command line, as a shell would take it; the program starts in a folder that holds the
-//   files
+//   == link NAME TARGET  a symbolic link
+//   == run WORDS...      the command line, as a shell would take it, redirections too; the program starts in a folder
+//                        that holds the files; "$PROGRAM" runs it once more on the same line
 //   == out               what standard output must hold, byte by byte; a line "\" joins the next line to the one ahead
 //   == err               what standard error must hold
 //   == status N          the exit status
 //   == holds NAME        what the file NAME must hold after the run, in the form of data
+//   == none NAME         there must be no such file after the run
 //
 // Missing sections stand for nothing printed and for status 0. A section that ends in an empty line keeps it, so that
 // the next section follows without one in between.
@@ -121,8 +123,8 @@ std::string DataText(const std::string& bytes) {
 std::string JoinedLines(const std::string& text) { return Replaced(text, "\n\\\n", ""); }
 
 Outcome RunProgram(const fs::path& program, const std::string& words, const fs::path& folder) {
-  const std::string command =
-      "cd '" + folder.string() + "' && '" + program.string() + "' " + words + " > standard-output 2> standard-error";
+  const std::string command = "cd '" + folder.string() + "' && PROGRAM='" + program.string() + "' && ( \"$PROGRAM\" " +
+                              words + " ) > standard-output 2> standard-error";
   const int result = std::system(command.c_str());
   // The shell's own code, in the upper byte where a system keeps the signal in the lower one.
   const int status = result >= 256 ? result / 256 : result;
@@ -183,6 +185,7 @@ bool RunTest(const fs::path& program, const fs::path& test, const fs::path& fold
   std::string out;
   std::string err;
   std::vector<Section> files_after;
+  std::vector<std::string> no_files_after;
   int status = 0;
   bool has_run = false;
   for (const Section& section : ReadSections(test)) {
@@ -192,6 +195,9 @@ bool RunTest(const fs::path& program, const fs::path& test, const fs::path& fold
       WriteFile(folder / section.argument, ReadFile(SampleFolder(test) / section.argument));
     } else if (section.kind == "file") {
       WriteFile(folder / section.argument, section.text);
+    } else if (section.kind == "link") {
+      const std::size_t blank = section.argument.find(' ');
+      fs::create_symlink(section.argument.substr(blank + 1), folder / section.argument.substr(0, blank));
     } else if (section.kind == "run") {
       words = section.argument;
       has_run = true;
@@ -203,6 +209,8 @@ bool RunTest(const fs::path& program, const fs::path& test, const fs::path& fold
       status = std::atoi(section.argument.c_str());
     } else if (section.kind == "holds") {
       files_after.push_back(section);
+    } else if (section.kind == "none") {
+      no_files_after.push_back(section.argument);
     } else {
       std::cout << "unknown section \"" << section.kind << "\"\n";
       return false;
@@ -218,6 +226,9 @@ bool RunTest(const fs::path& program, const fs::path& test, const fs::path& fold
   same = Same("exit status", std::to_string(status) + "\n", std::to_string(outcome.status) + "\n") && same;
   for (const Section& file : files_after) {
     same = Same("file " + file.argument, file.text, DataText(ReadFile(folder / file.argument))) && same;
+  }
+  for (const std::string& name : no_files_after) {
+    same = Same("file " + name, "", fs::exists(folder / name) ? "(a file)\n" : "") && same;
   }
   return same;
 }

@@ -4,6 +4,7 @@
 #include <QBarSet>
 #include <QClipboard>
 #include <QDialog>
+#include <QLabel>
 #include <QLineSeries>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -16,6 +17,7 @@
 #include "window/charts/chart_drawing.h"
 #include "window/charts/chart_output.h"
 #include "window/charts/chart_view.h"
+#include "window/charts/counted_dots.h"
 #include "window/charts/point_cloud.h"
 #include "window_fixture.h"
 
@@ -30,7 +32,8 @@ class ChartsTest : public QObject {
   ChartView* MsChart(int number) { return window().Find<ChartView>(("MSChart" + std::to_string(number)).c_str()); }
   QDialog* ChartWindow() { return window().frame().findChild<QDialog*>("Chart"); }
   void DoubleClick(int number) {
-    QTest::mouseDClick(MsChart(number)->viewport(), Qt::LeftButton, {}, QPoint(40, 40));
+    QVERIFY(MsChart(number)->isVisible());
+    QTest::mouseDClick(MsChart(number)->viewport(), Qt::LeftButton, {}, MsChart(number)->viewport()->rect().center());
     QCoreApplication::processEvents();
   }
   void Click(const char* name) { ChartWindow()->findChild<QPushButton*>(name)->click(); }
@@ -81,15 +84,18 @@ class ChartsTest : public QObject {
     window().ShowView(View::ViewCharts);
     QVERIFY(MsChart(1)->isVisible());
     QVERIFY(MsChart(1)->findChild<QLabel*>("EmptyText")->text().contains("Stat Procs"));
-    for (const int number : {2, 3, 4}) QVERIFY(!MsChart(number)->isVisible());
-    DoubleClick(1);
-    QCOMPARE(window().script().messages.back().text, std::string("Charts are not available for this procedure."));
+    for (const int number : {1, 2, 3, 4}) {
+      QVERIFY(MsChart(number)->isVisible());
+      DoubleClick(number);
+      QCOMPARE(window().script().messages.size(), static_cast<std::size_t>(number));
+      QCOMPARE(window().script().messages.back().text, std::string("Charts are not available for this procedure."));
+    }
   }
 
   void FrequenciesFillTwoViews() {
     Run(Procedure::kFrequencies, {1});
-    QVERIFY(MsChart(2)->isVisible());
-    QVERIFY(!MsChart(3)->isVisible());
+    QVERIFY(MsChart(2)->has_chart());
+    QVERIFY(!MsChart(3)->has_chart());
     QCOMPARE(MsChart(1)->chart()->title(), "SEX");
     QCOMPARE(FirstValues(MsChart(1)), (std::vector<double>{2, 3}));
     QCOMPARE(FirstValues(MsChart(2)), (std::vector<double>{40, 60}));
@@ -100,12 +106,11 @@ class ChartsTest : public QObject {
 
   void DescriptivesFillThreeViewsAndTheNextRunReplacesThem() {
     Run(Procedure::kDescriptives, {2});
-    QVERIFY(MsChart(3)->isVisible());
+    QVERIFY(MsChart(3)->has_chart());
     QCOMPARE(MsChart(1)->chart()->title(), "Histogram");
     QCOMPARE(FirstValues(MsChart(1)), (std::vector<double>{1, 1, 1, 1, 1}));
     QCOMPARE(MsChart(3)->chart()->series().size(), 2);  // bars and line
     Run(Procedure::kFrequencies, {1});
-    QVERIFY(!MsChart(3)->isVisible());
     QVERIFY(!MsChart(3)->has_chart());
     QVERIFY(MsChart(3)->chart()->title().isEmpty());
   }
@@ -159,6 +164,81 @@ class ChartsTest : public QObject {
     QCOMPARE(window().script().messages.back().text,
              std::string("Charts are not shown when there is more than one variable in a stat procedure list box."));
     QVERIFY(!ChartWindow());
+  }
+
+  // Views with a chart share the place; those without stand below, where mouse and keyboard reach them.
+  void AllFourViewsCanBeChosen() {
+    Run(Procedure::kFrequencies, {1});
+    QVERIFY(MsChart(1)->height() > 3 * MsChart(3)->height());
+    QVERIFY(MsChart(3)->y() > MsChart(1)->geometry().bottom());
+    MsChart(2)->setFocus();
+    QTest::keyClick(MsChart(2), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), MsChart(3));
+    QTest::keyClick(MsChart(3), Qt::Key_Return);
+    QCOMPARE(window().script().messages.back().text, std::string("Charts are not available for this procedure."));
+    Run(Procedure::kDescriptives, {2});
+    QVERIFY(MsChart(3)->height() > 3 * MsChart(4)->height());
+  }
+
+  void ClearedChartsLeaveNoTitle() {
+    Run(Procedure::kDescriptives, {2});
+    ClearCharts(window().session().charts);
+    dynamic_cast<ViewForm*>(window().Find("Charts1"))->ShowSession();
+    for (const int number : {1, 2, 3, 4}) {
+      QVERIFY(MsChart(number)->chart()->title().isEmpty());
+      QVERIFY(MsChart(number)->chart()->axes().isEmpty());
+    }
+  }
+
+  void TheMenuOfAViewHasTheButtonsOfTheWindow() {
+    Run(Procedure::kFrequencies, {1});
+    const auto entry = [this](int number, const char* name) { return MsChart(number)->findChild<QAction*>(name); };
+    QCOMPARE(MsChart(2)->contextMenuPolicy(), Qt::ActionsContextMenu);
+    entry(2, "CopyChart")->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), "1  (40.0%)\t40\n2  (60.0%)\t60\n");
+    entry(2, "PrintChart")->trigger();
+    QCOMPARE(window().platform().printed_pictures.size(), std::size_t{1});
+    const Path target = window().folder() / "chart.svg";
+    window().script().save_answers.push_back(WindowFixture::Chosen(target));
+    entry(2, "SaveChart")->trigger();
+    QVERIFY(QSvgRenderer(PathToQt(target)).isValid());
+    entry(2, "Enlarge")->trigger();
+    QVERIFY(ChartWindow()->isVisible());
+    for (const char* name : {"CopyChart", "PrintChart", "SaveChart"}) QVERIFY(!entry(3, name)->isEnabled());
+    entry(3, "Enlarge")->trigger();
+    QCOMPARE(window().script().messages.back().title, std::string("No Chart Available"));
+  }
+
+  void HintsAreWeakerThanTheTextButOfItsColour() {
+    window().ShowView(View::ViewCharts);
+    QPalette odd = window().frame().palette();
+    odd.setColor(QPalette::Text, QColor(0x204060));
+    odd.setColor(QPalette::PlaceholderText, QColor(Qt::red));
+    MsChart(1)->setPalette(odd);
+    const auto* words = MsChart(1)->findChild<QLabel*>("EmptyText");
+    const QColor colour = words->palette().color(words->foregroundRole());
+    QCOMPARE(colour.rgb(), QColor(0x204060).rgb());
+    QVERIFY(colour.alphaF() < 0.9F && colour.alphaF() > 0.5F);
+  }
+
+  // At its least size nothing of the window of a chart lies over another thing.
+  void TheLeastWindowKeepsTheFootnoteApart() {
+    Chart chart = BarsOf(6);
+    chart.footnote = "Controlling for SEX = 1";
+    KeepCharts(window().session().charts, ChartKind::kFrequencies, {chart});
+    window().session().charts.SelectedVariableCount = 1;
+    window().ShowView(View::ViewCharts);
+    DoubleClick(1);
+    ChartWindow()->resize(ChartWindow()->minimumSizeHint());
+    QCoreApplication::processEvents();
+    auto* words = ChartWindow()->findChild<QLabel*>("Label1");
+    auto* view = ChartWindow()->findChild<ChartView*>("MSChart");
+    QVERIFY(words->height() >= words->heightForWidth(words->width()));
+    QVERIFY(words->y() > view->geometry().bottom());
+    QVERIFY(words->geometry().bottom() < ChartWindow()->findChild<QPushButton*>("Command1")->y());
+    const auto* drawn = dynamic_cast<DrawnChart*>(view->chart());
+    QVERIFY(drawn->FootnotePlace().top() >= drawn->AxisTextsBottom());
+    QVERIFY(drawn->FootnotePlace().bottom() <= drawn->size().height());
   }
 
   void AViewWithoutAChartGivesTheOtherBox() {
@@ -426,6 +506,88 @@ class ChartsTest : public QObject {
     QCOMPARE(upward->max(), 61.0);
     QCOMPARE(across->tickInterval(), 2.0);
     QCOMPARE(across->tickAnchor(), -2.0);
+  }
+
+  void ChartsThatShareAxesCanBeCompared() {
+    Chart one = IntervalChart(ChartType::kHistogram, "Group 1 (1)", "X", Values({1, 2, 3, 4, 5}));
+    Chart two = IntervalChart(ChartType::kHistogram, "Group 2 (2)", "X", Values({3, 3, 3, 4, 13}));
+    ShareAxes(one, two);
+    const auto first = Draw(one, {500, 400});
+    const auto second = Draw(two, {500, 400});
+    for (const Qt::Orientation along : {Qt::Horizontal, Qt::Vertical}) {
+      const auto* a = qobject_cast<QValueAxis*>(first->axes(along).value(0));
+      const auto* b = qobject_cast<QValueAxis*>(second->axes(along).value(0));
+      QVERIFY(a && b);
+      QCOMPARE(a->min(), b->min());
+      QCOMPARE(a->max(), b->max());
+      QCOMPARE(a->tickCount(), b->tickCount());
+    }
+    const auto* across = qobject_cast<QValueAxis*>(first->axes(Qt::Horizontal).value(0));
+    QVERIFY(across->min() <= 1 && across->max() >= 13);
+    const auto* upward = qobject_cast<QValueAxis*>(first->axes(Qt::Vertical).value(0));
+    QCOMPARE(upward->max(), 4.0);  // 3, 3, 3 and 4 stand in the first interval of the second group
+    // The bars stand where their intervals are.
+    const auto* bars = qobject_cast<QAreaSeries*>(second->series().value(0));
+    QVERIFY(bars);
+    QCOMPARE(bars->upperSeries()->points()[1], QPointF(3, 4));
+    QCOMPARE(bars->upperSeries()->points()[2], QPointF(5, 4));
+    emit const_cast<QAreaSeries*>(bars)->hovered(QPointF(12, 0.5), true);
+    QCOMPARE(QToolTip::text(), "11.00 to 13.00<br>1");
+    emit const_cast<QAreaSeries*>(bars)->hovered(QPointF(12, 0.5), false);
+  }
+
+  void AGroupOfOneValueStillHasItsBar() {
+    Chart one = IntervalChart(ChartType::kHistogram, "1", "X", Values({7, 7, 7}));
+    Chart two = IntervalChart(ChartType::kHistogram, "2", "X", Values({7, 7}));
+    ShareAxes(one, two);
+    const auto drawn = Draw(one, {500, 400});
+    const auto points = qobject_cast<QAreaSeries*>(drawn->series().value(0))->upperSeries()->points();
+    QCOMPARE(points.size(), 4);
+    QVERIFY(points[1].x() < 7 && points[2].x() > 7);
+    QCOMPARE(points[1].y(), 3.0);
+  }
+
+  void ADotTellsHowManyCasesItHolds() {
+    // Codes: (1, 1) nine times, (1, 2) once, (2, 1) four times.
+    std::vector<double> x(9, 1), y(9, 1);
+    x.insert(x.end(), {1, 2, 2, 2, 2});
+    y.insert(y.end(), {2, 1, 1, 1, 1});
+    const auto drawn = Draw(ScatterChart("T", "X", "Y", Values(x), Values(y)), {600, 400});
+    QVERIFY(drawn->dots());
+    QCOMPARE(drawn->dots()->most(), std::size_t{9});
+    QVERIFY(drawn->key().endsWith("9"));
+    QCOMPARE(drawn->dots()->HintAt(drawn->mapToPosition({1, 1})), "1, 1\n9 cases");
+    QCOMPARE(drawn->dots()->HintAt(drawn->mapToPosition({1, 2})), "1, 2\n1 case");
+    QCOMPARE(drawn->dots()->HintAt(drawn->mapToPosition({2, 1})), "2, 1\n4 cases");
+    QCOMPARE(drawn->dots()->HintAt(drawn->mapToPosition({1.5, 1.5})), "");
+    // Areas as 9 to 4 to 1.
+    QCOMPARE(DiameterOfDot(9, 9) / DiameterOfDot(1, 9), 3.0);
+    QCOMPARE(DiameterOfDot(9, 9) / DiameterOfDot(4, 9), 1.5);
+    QVERIFY(DiameterOfDot(1000000, 1000000) <= 30);
+    QVERIFY(DiameterOfDot(1, 1000000) >= 3);
+    // Where each point stands for itself there is nothing to tell.
+    const auto plain = Draw(ScatterChart("T", "X", "Y", Values({1, 2}), Values({1, 2})), {600, 400});
+    QVERIFY(!plain->dots());
+    QCOMPARE(plain->key(), "");
+  }
+
+  void AMillionCodedCasesAreAFewDots() {
+    std::vector<double> x, y;
+    for (int i = 0; i < 1000000; ++i) {
+      x.push_back(i % 5);
+      y.push_back(i % 3);
+    }
+    const Chart chart = ScatterChart("T", "X", "Y", Values(x), Values(y));
+    const auto places = PlacesOfPoints(chart);
+    QVERIFY(places);
+    QCOMPARE(places->size(), 15);
+    std::size_t cases = 0;
+    for (const CountedDot& dot : *places) cases += dot.cases;
+    QCOMPARE(cases, std::size_t{1000000});
+    QImage picture(600, 400, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    PaintChart(painter, picture.rect(), chart, ColoursOfPaper(), picture.size());
+    QVERIFY(HasColour(picture, 0x4C9CC9));  // the first colour, as strong as 7 in 10, on white
   }
 
   void ASmallScatterShowsEachPointAndALargeOneItsCells() {

@@ -108,6 +108,46 @@ class FrameTest : public QObject {
     QCOMPARE(window().Pane(2), "4 Records");
   }
 
+  void ASaveGoesToTheFileThatWasOpenedLast_data() {
+    QTest::addColumn<bool>("dropped");
+    QTest::newRow("dropped") << true;
+    QTest::newRow("recent") << false;
+  }
+  void ASaveGoesToTheFileThatWasOpenedLast() {
+    QFETCH(bool, dropped);
+    const Path first = WriteScores("first.dcs");
+    const Path second = window().WriteDataFile("second.dcs", {"WT", "HT"}, {{"70", "1.8"}});
+    const std::string first_text = WindowFixture::ReadFile(first);
+    window().Start();
+    if (!dropped) OpenByMenu(second);
+    OpenByMenu(first);
+    if (dropped) {
+      QVERIFY(Drop(second));
+    } else {
+      window().Find<QMenu>("RecentFiles")->actions().at(1)->trigger();
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(window().Pane(2), "1 Records");
+    QCOMPARE(window().session().data.DataFilePath, second);
+    QVERIFY(window().frame().windowTitle().contains(" second.dcs"));  // the file name alone
+    QVERIFY(window().Find<QMenu>("RecentFiles")->actions().at(0)->text().contains("second.dcs"));
+    SetProjectNotes(window().session(), "seen");
+    QTest::keyClick(&window().frame(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(window().script().save_dialogs.empty());
+    QCOMPARE(WindowFixture::ReadFile(first), first_text);
+    QVERIFY(WindowFixture::ReadFile(second).starts_with("1 2 Tessara data\x01seen\r\n"));
+  }
+
+  void AFileOfTheCommandLineIsProposedByTheFirstSave() {
+    const Path scores = WriteScores();
+    window().Start(scores);
+    window().Trigger(103);
+    QCOMPARE(window().script().save_dialogs.size(), std::size_t{1});
+    QCOMPARE(window().script().save_dialogs[0].initial_folder, scores.parent_path());
+    QCOMPARE(window().script().save_dialogs[0].initial_name, std::string("scores.dcs"));
+    QVERIFY(window().script().messages.empty());
+  }
+
   void RecentFilesOpenAgainAfterARestart() {
     const Path scores = WriteScores();
     window().Start();

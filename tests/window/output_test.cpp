@@ -1,5 +1,9 @@
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 #include "window_fixture.h"
 
@@ -22,6 +26,13 @@ class OutputTest : public QObject {
       AppendReport(Output());
     }
     window().ShowView(View::ViewOutput);
+  }
+  // A run whose report is shown at once.
+  void AddReport(const std::string& report) {
+    BeginRun(Output());
+    Output().ReportText = report;
+    AppendReport(Output());
+    dynamic_cast<ViewForm*>(window().Find("Output1"))->ShowSession();
   }
 
  private slots:
@@ -94,6 +105,131 @@ class OutputTest : public QObject {
     QVERIFY(Output().OutputLogText.rfind("Mean          -2.5\r\n", 0) == 0);
   }
 
+  void AFailingSaveSaysSoAndKeepsAsking() {
+    MakeTwoReports();
+    window().script().save_answers.push_back(WindowFixture::Chosen(window().folder() / "no such folder" / "out.txt"));
+    window().Trigger(103);
+    QCOMPARE(window().script().messages.back().title, std::string("Save Aborted!"));
+    QVERIFY(window().Pane(1) != "Save Completed");
+    QVERIFY(Output().OutputChanged);
+  }
+
+  void ConvertIsOneStepThatCanBeTakenBack() {
+    MakeTwoReports();
+    QVERIFY(window().Command(214)->isVisible());
+    QVERIFY(!window().Command(214)->isEnabled());
+    const QString before = Sheet()->toPlainText();
+    QTest::keyClicks(Sheet(), "a - b");
+    window().Trigger(211);
+    QVERIFY(Sheet()->toPlainText().startsWith("a b"));
+    window().Trigger(214);
+    QVERIFY(Sheet()->toPlainText().startsWith("a - b"));
+    window().Trigger(215);
+    QVERIFY(Sheet()->toPlainText().startsWith("a b"));
+    window().Trigger(214);
+    while (window().Command(214)->isEnabled()) window().Trigger(214);
+    QCOMPARE(Sheet()->toPlainText(), before);
+    window().Trigger(350);  // stores the box back
+    QCOMPARE(Output().MostRecentText, std::string("Second report\r\n\r\n<Page Break>\r\n\r\n\r\n"));
+    window().ShowView(View::ViewStatProcs);
+    QVERIFY(!window().Command(214)->isVisible());
+  }
+
+  void TheKeysOfUndoWorkOnTheSheet() {
+    MakeTwoReports();
+    const QString before = Sheet()->toPlainText();
+    Sheet()->setFocus();
+    QTest::keyClick(&window().frame(), Qt::Key_T, Qt::ControlModifier);
+    QVERIFY(Sheet()->toPlainText() != before);
+    QTest::keyClick(Sheet(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(Sheet()->toPlainText(), before);
+  }
+
+  // A run costs what it brings: the sheet is lengthened, the log that stands is not touched.
+  void ANewReportIsAddedToTheLogOnTheSheet() {
+    MakeTwoReports();
+    window().Trigger(350);
+    const int before = Sheet()->document()->characterCount();
+    int removed = 0, at = -1;
+    connect(Sheet()->document(), &QTextDocument::contentsChange, this, [&](int position, int gone, int) {
+      at = position;
+      removed += gone;
+    });
+    AddReport("Third report\r\n");
+    QVERIFY(Sheet()->toPlainText().contains("Third report"));
+    QVERIFY(Sheet()->toPlainText().startsWith("First report"));
+    QCOMPARE(removed, 0);
+    QVERIFY(at >= before - 1);
+    // The same behind an edit, which the log has got by then.
+    Sheet()->moveCursor(QTextCursor::Start);
+    QTest::keyClicks(Sheet(), "My remark. ");
+    removed = 0;
+    window().ShowView(View::ViewStatProcs);
+    window().ShowView(View::ViewOutput);
+    AddReport("Fourth report\r\n");
+    QVERIFY(Sheet()->toPlainText().startsWith("My remark. First report"));
+    QVERIFY(Sheet()->toPlainText().contains("Fourth report"));
+    QCOMPARE(removed, 0);
+    QVERIFY(Output().OutputLogText.starts_with("My remark. First report"));
+  }
+
+  void AnEditOutlivesASelection() {
+    MakeTwoReports();
+    Sheet()->moveCursor(QTextCursor::Start);
+    QTest::keyClicks(Sheet(), "My remark. ");
+    Sheet()->selectAll();  // the commands are refreshed
+    Sheet()->moveCursor(QTextCursor::Start);
+    QVERIFY(Sheet()->toPlainText().startsWith("My remark. Second report"));
+  }
+
+  void TheMenuOfTheSheetHasItsCommands() {
+    MakeTwoReports();
+    const QPoint middle = Sheet()->viewport()->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, middle, Sheet()->viewport()->mapToGlobal(middle));
+    QApplication::sendEvent(Sheet()->viewport(), &event);
+    auto* menu = Sheet()->findChild<QMenu*>("OutputMenu");
+    QVERIFY(menu);
+    const auto entry = [menu](const QString& words) -> QAction* {
+      for (QAction* action : menu->actions()) {
+        if (action->text().remove('&').startsWith(words)) return action;
+      }
+      return nullptr;
+    };
+    for (const char* words : {"Undo", "Redo", "Cut", "Copy", "Paste", "Select All", "Find in Output"}) {
+      QVERIFY2(entry(words), words);
+    }
+    Sheet()->setPlainText("a - b");
+    entry("Convert Output to Tab Delimited")->trigger();
+    QCOMPARE(Sheet()->toPlainText(), "a b");
+    menu->close();
+  }
+
+  // What stood there before the scroll bar came is painted over.
+  void NoEdgeOfTheSheetStaysBesideTheScrollBar() {
+    window().ShowView(View::ViewOutput);
+    std::string lines;
+    for (int i = 0; i < 300; ++i) lines += "A line of the log\r\n";
+    AddReport(lines);
+    QTRY_VERIFY(Sheet()->verticalScrollBar()->isVisible());
+    QTest::qWait(50);
+    Sheet()->clearFocus();
+    QCoreApplication::processEvents();
+    const QPoint corner = Sheet()->mapTo(&window().frame(), QPoint(0, 0));
+    const QImage shown =
+        window()
+            .frame()
+            .screen()
+            ->grabWindow(window().frame().winId(), corner.x(), corner.y(), Sheet()->width(), Sheet()->height())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    const QImage painted = Sheet()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(shown.size(), painted.size());
+    const int right = Sheet()->viewport()->geometry().right();
+    for (int x = right - 5; x < shown.width(); ++x) {
+      for (int y = 20; y < shown.height() - 20; ++y) QCOMPARE(shown.pixel(x, y), painted.pixel(x, y));
+    }
+  }
+
   void PrintSendsOnePageAReport() {
     MakeTwoReports();
     window().Trigger(350);
@@ -110,6 +246,23 @@ class OutputTest : public QObject {
     window().script().print_answers.push_back(PrintChoice{1});
     window().Trigger(106);
     QCOMPARE(window().script().messages.back().title, std::string("Printer Error"));
+  }
+
+  // A word processor takes the formatted text: there, too, columns stand below each other.
+  void CopyBringsAFixedPitchAlong() {
+    AddReport("Mean     <1 & 2\r\nMedian    3\r\n");
+    window().ShowView(View::ViewOutput);
+    window().Trigger(204);
+    window().Trigger(205);
+    const QMimeData* content = QApplication::clipboard()->mimeData();
+    QVERIFY(content->text().startsWith("Mean     <1 & 2\nMedian    3\n"));
+    QVERIFY(content->html().contains("Mean     &lt;1 &amp; 2\nMedian    3\n"));
+    QTextDocument taken;
+    taken.setHtml(content->html());
+    QVERIFY(taken.toPlainText().startsWith("Mean     <1 & 2\nMedian    3\n"));
+    const QTextCharFormat letters = taken.begin().begin().fragment().charFormat();
+    QVERIFY(letters.fontFamilies().toStringList().contains("Courier New"));
+    QVERIFY(content->html().contains("white-space:pre"));
   }
 
   void CopyAndPasteGoThroughTheClipboard() {

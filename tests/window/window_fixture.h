@@ -72,7 +72,7 @@ class AnsweringPlatform : public QtPlatform {
   }
   std::vector<QImage> printed_pictures;
   bool PlaySoundFile(const Path& path) override { return script.PlaySoundFile(path); }
-  bool OpenDocument(const std::string& address) override { return script.OpenDocument(address); }
+  bool OpenOnDesktop(const QString& address) override { return script.OpenDocument(address.toStdString()); }
   DateTime Now() override { return script.Now(); }
   std::uint64_t Entropy() override { return script.Entropy(); }
 };

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "batch/batch.h"
+#include "batch/command.h"
 
 // Commands run in this process. Reports are looked at in tests/reports; here it is what a line does and what it
 // refuses.
@@ -45,7 +47,7 @@ class BatchRunTest : public testing::Test {
  protected:
   void SetUp() override {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::temp_directory_path() / (std::string("tessara-batch-") + test->name());
+    folder_ = fs::temp_directory_path() / ("tessara-batch-" + std::to_string(getpid()) + "-" + test->name());
     fs::remove_all(folder_);
     fs::create_directories(folder_);
   }
@@ -213,6 +215,22 @@ TEST_F(BatchRunTest, SaveOfNewDataNeedsAPath) {
   EXPECT_EQ(RunScript("open " + WriteData() + "\nnew\nsave\n").status, 2);
 }
 
+TEST_F(BatchRunTest, SaveIntoAFolderThatHasVanishedSaysSo) {
+  const std::string gone = (fs::path(WriteData()).parent_path() / "gone").string();
+  fs::create_directories(gone);
+  const std::string data = gone + "/data.dcs";
+  fs::rename(In("data.dcs"), data);
+  std::FILE* out = std::tmpfile();
+  LogStream stream(out, out);
+  Batch batch(stream, {});
+  ASSERT_EQ(RunCommand(batch, Words{"open", data}).status, BatchStatus::kAllWell);
+  fs::remove_all(gone);
+  const CommandResult result = RunCommand(batch, Words{"save"});
+  EXPECT_EQ(result.status, BatchStatus::kNotUnderstood);
+  EXPECT_EQ(result.error, "save: the folder of \"" + data + "\" is not there");
+  std::fclose(out);
+}
+
 TEST_F(BatchRunTest, SaveThatFailsShowsItsBoxAndTheScriptRunsOn) {
   const std::string data = WriteData();
   const Outcome run = RunScript("open " + data + "\nsave " + In("no/such/b.dcs") + "\nstatistics\n");
@@ -338,6 +356,133 @@ TEST_F(BatchRunTest, PrintThatFailsShowsItsBox) {
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(run.err.starts_with("Printer Error: The printer is not accepting the print request.")) << run.err;
   EXPECT_EQ(Run({"print"}).err, "tessara-cli: print: PATH is missing\n");
+}
+
+TEST_F(BatchRunTest, TheLogDoesNotReplaceTheDataFileOfTheRun) {
+  const std::string data = WriteData();
+  const std::string before = FileContent(data);
+  const Outcome run = Run({"-o", data, data, "statistics"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_TRUE(run.err.ends_with("is a file that this run works on; --overwrite writes over it\n")) << run.err;
+  EXPECT_EQ(FileContent(data), before);
+  EXPECT_EQ(Run({"--overwrite", "-o", data, data, "statistics"}).status, 0);
+  EXPECT_TRUE(FileContent(data).starts_with("Number of Observations: 3\r\n"));
+}
+
+TEST_F(BatchRunTest, TheLogDoesNotReplaceTheScript) {
+  const std::string script = Write("s.txt", "statistics\n");
+  EXPECT_EQ(Run({"-s", script, "-o", script}).status, 2);
+  EXPECT_EQ(FileContent(script), "statistics\n");
+}
+
+TEST_F(BatchRunTest, LinksLeadToTheSameFile) {
+  const std::string data = WriteData();
+  const std::string before = FileContent(data);
+  fs::create_hard_link(data, In("hard.dcs"));
+  fs::create_symlink(data, In("soft.dcs"));
+  for (const std::string name : {"hard.dcs", "soft.dcs"}) {
+    EXPECT_EQ(Run({"-o", In(name), data, "statistics"}).status, 2) << name;
+    const Outcome print = RunScript("open " + data + "\nstatistics\nprint " + In(name) + "\n");
+    EXPECT_EQ(print.status, 2) << name;
+    EXPECT_TRUE(print.err.starts_with("-:3: print: ")) << print.err;
+    EXPECT_EQ(FileContent(In(name)), before) << name;
+  }
+}
+
+// The line that opens it is refused, nothing of the script behind it runs, and the log so far is printed instead.
+TEST_F(BatchRunTest, TheFileOfTheLogIsNotOpened) {
+  const std::string data = WriteData();
+  const std::string before = FileContent(data);
+  const Outcome run = Run({"-o", data, "-s", "-"}, "statistics\nopen " + data + "\nstatistics\n");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(run.err.starts_with("-:2: open: ")) << run.err;
+  EXPECT_EQ(run.out, Run({"statistics"}).out);
+  EXPECT_EQ(FileContent(data), before);
+}
+
+TEST_F(BatchRunTest, TheFileOfTheLogIsNotSavedTo) {
+  const Outcome run = Run({"-o", In("log.dcs"), "-s", "-"}, "statistics\nsave " + In("log.dcs") + "\n");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(run.err.starts_with("-:2: save: ")) << run.err;
+  EXPECT_EQ(FileContent(In("log.dcs")), Run({"--bytes", "statistics"}).out);
+}
+
+// A link that led nowhere when the run began leads to the data at its end.
+TEST_F(BatchRunTest, AFileThatTheRunHasSavedIsGuardedAtTheEnd) {
+  fs::create_symlink(In("later.dcs"), In("log.txt"));
+  const std::string data = WriteData();
+  const Outcome run =
+      Run({"-o", In("log.txt"), "-s", "-"}, "open " + data + "\nsave " + In("later.dcs") + "\nstatistics\n");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(FileContent(In("later.dcs")).starts_with("3 2 Tessara data"));
+  EXPECT_TRUE(run.out.starts_with("Number of Observations: 3\n"));
+}
+
+TEST_F(BatchRunTest, PrintDoesNotReplaceADataFileOfTheRun) {
+  const std::string data = WriteData();
+  const std::string before = FileContent(data);
+  const std::string open = "open " + data + "\nstatistics\n";
+  EXPECT_EQ(RunScript(open + "new\nprint " + data + "\n").status, 2);
+  EXPECT_EQ(RunScript(open + "save " + In("b.dcs") + "\nprint " + In("b.dcs") + "\n").status, 2);
+  EXPECT_EQ(FileContent(data), before);
+  EXPECT_EQ(RunScript(open + "print --overwrite " + data + "\n").status, 0);
+  EXPECT_NE(FileContent(data).find("Page 1 "), std::string::npos);
+}
+
+TEST_F(BatchRunTest, SaveDoesNotReplaceAFileThatIsNoDataFile) {
+  const std::string data = WriteData();
+  const std::string open = "open " + data + "\n";
+  for (const std::string content : {"Dear reader", "\n", "1\r\n", "12 x\r\n", "-1 2 Tessara data\r\n", "x"}) {
+    const std::string letter = Write("letter.txt", content);
+    const Outcome run = RunScript(open + "save " + letter + "\nstatistics\n");
+    EXPECT_EQ(run.status, 2) << content;
+    EXPECT_EQ(run.out, "") << content;
+    EXPECT_TRUE(run.err.ends_with(" is no data file; --overwrite writes over it\n")) << run.err;
+    EXPECT_EQ(FileContent(letter), content);
+    EXPECT_EQ(RunScript(open + "save " + letter + " --overwrite\n").status, 0);
+    EXPECT_TRUE(FileContent(letter).starts_with("3 2 Tessara data"));
+  }
+}
+
+TEST_F(BatchRunTest, SaveReplacesADataFileAnEmptyFileAndNone) {
+  const std::string open = "open " + WriteData() + "\n";
+  for (const std::string content :
+       {"1 1 Tessara data\r\n", "1 1", "2 3\n", "1 2 x", "4 4 Tessara data\x01note\r\n", ""}) {
+    const std::string other = Write("other.dcs", content);
+    EXPECT_EQ(RunScript(open + "save " + other + "\n").status, 0) << content;
+    EXPECT_TRUE(FileContent(other).starts_with("3 2 Tessara data")) << content;
+  }
+}
+
+TEST_F(BatchRunTest, OverwriteOnTheCommandLineServesTheWholeScript) {
+  const std::string letter = Write("letter.txt", "Dear reader");
+  EXPECT_EQ(Run({"--overwrite", "-s", "-"}, "open " + WriteData() + "\nsave " + letter + "\n").status, 0);
+  EXPECT_TRUE(FileContent(letter).starts_with("3 2 Tessara data"));
+}
+
+// Two reports in one run of a command, and no more pages than those.
+TEST_F(BatchRunTest, PrintOfTwoReportsIsTwoPagesOfTheLog) {
+  const Outcome run = RunScript("open " + WriteData() + "\nfrequencies A B\nprint " + In("pages.txt") + "\n");
+  EXPECT_EQ(run.status, 0);
+  const std::string pages = FileContent(folder_ / "pages.txt");
+  const std::size_t feed = pages.find('\f');
+  ASSERT_NE(feed, std::string::npos);
+  EXPECT_NE(pages.substr(0, feed).find("Variable: A "), std::string::npos);
+  EXPECT_NE(pages.substr(feed).find("Variable: B "), std::string::npos);
+  EXPECT_EQ(pages.find('\f', feed + 1), std::string::npos);
+}
+
+// The log, not the reports of the latest run alone.
+TEST_F(BatchRunTest, PrintHoldsTheReportsOfEarlierCommands) {
+  RunScript("open " + WriteData() + "\nfrequencies A\nfrequencies B\nprint " + In("pages.txt") + "\n");
+  const std::string pages = FileContent(folder_ / "pages.txt");
+  EXPECT_LT(pages.find("Variable: A "), pages.find("Variable: B "));
+  EXPECT_NE(pages.find("Variable: B "), std::string::npos);
+}
+
+TEST_F(BatchRunTest, ControlCharactersOfAScriptDoNotReachAMessage) {
+  EXPECT_EQ(RunScript("\x1B[2J\n").err, "-:1: unknown command \"\xE2\x90\x9B[2J\"; the nearest is \"new\"\n");
 }
 
 TEST_F(BatchRunTest, MessagesNameFileAndLine) {

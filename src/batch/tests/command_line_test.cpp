@@ -1,89 +1,21 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "batch/batch_options.h"
-#include "batch/command.h"
-#include "batch/command_words.h"
+#include "batch/commands/commands.h"
 #include "batch/help_text.h"
+#include "batch/words/script_line.h"
 
 namespace tessara {
 namespace {
 
 using Words = std::vector<std::string>;
-
-CommandWords ParseFor(const char* command, const Words& words) {
-  return WordParser(FindCommand(command)->options, WordOrder::kAnywhere).Parse(words);
-}
-
-TEST(WordParser, OptionsStandAnywhere) {
-  for (const Words& line : {Words{"--chart", "A", "B"}, Words{"A", "--chart", "B"}, Words{"A", "B", "--chart"}}) {
-    const CommandWords words = ParseFor("descriptives", line);
-    EXPECT_EQ(words.error, "");
-    EXPECT_EQ(words.words, (Words{"A", "B"}));
-    EXPECT_TRUE(words.Has("--chart"));
-    EXPECT_FALSE(words.Has("--save-z"));
-  }
-}
-
-TEST(WordParser, AValueMayStartWithASign) {
-  EXPECT_EQ(ParseFor("control", {"AGE", "--lt", "-5"}).Value("--lt"), "-5");
-  EXPECT_EQ(ParseFor("control", {"AGE", "--lt", "--5"}).Value("--lt"), "--5");
-  EXPECT_EQ(ParseFor("control", {"AGE", "--lt", "+5"}).Value("--lt"), "+5");
-  EXPECT_EQ(ParseFor("control", {"AGE", "--lt=-5"}).Value("--lt"), "-5");
-  EXPECT_EQ(ParseFor("control", {"AGE", "--eq", ""}).Value("--eq"), "");
-}
-
-TEST(WordParser, TwoHyphensEndTheOptions) {
-  const CommandWords words = ParseFor("descriptives", {"A", "--", "--chart", "--", "-x"});
-  EXPECT_EQ(words.error, "");
-  EXPECT_EQ(words.words, (Words{"A", "--chart", "--", "-x"}));
-  EXPECT_FALSE(words.Has("--chart"));
-}
-
-TEST(WordParser, WordsStayAsTheyAre) {
-  const Words strange = {"[A,B]", "[]", "{}", "%%", "", "\x01x", "a=b", "/x", "++", "'q'", "#3", "-"};
-  const CommandWords words = ParseFor("frequencies", strange);
-  EXPECT_EQ(words.error, "");
-  EXPECT_EQ(words.words, strange);
-  EXPECT_EQ(ParseFor("control", {"A", "--eq", "[x,y]"}).Value("--eq"), "[x,y]");
-  EXPECT_EQ(ParseFor("control", {"A", "--eq", "{}"}).Value("--eq"), "{}");
-}
-
-TEST(WordParser, TellsWhatIsWrong) {
-  EXPECT_EQ(ParseFor("frequencies", {"A", "--chart"}).error, "unknown option \"--chart\"");
-  EXPECT_EQ(ParseFor("frequencies", {"A", "-x"}).error, "unknown option \"-x\"");
-  EXPECT_EQ(ParseFor("frequencies", {"A", "--disp"}).error, "unknown option \"--disp\"");
-  EXPECT_EQ(ParseFor("control", {"A", "--gt"}).error, "--gt needs a value");
-  EXPECT_EQ(ParseFor("control", {"A", "--gt", "1", "--gt", "2"}).error, "--gt is given twice");
-  EXPECT_EQ(ParseFor("frequencies", {"A", "--dispersion=no"}).error, "--dispersion takes no value");
-}
-
-TEST(WordParser, AnOptionOfTwoValues) {
-  const CommandWords words = ParseFor("t-test", {"AGE", "--groups", "-1", "[b]", "by", "SEX"});
-  EXPECT_EQ(words.error, "");
-  EXPECT_EQ(words.Value("--groups"), "-1");
-  EXPECT_EQ(words.SecondValue("--groups"), "[b]");
-  EXPECT_EQ(words.words, (Words{"AGE", "by", "SEX"}));
-  EXPECT_EQ(ParseFor("t-test", {"AGE", "--groups", "-1", "-.5", "by", "SEX"}).SecondValue("--groups"), "-.5");
-  EXPECT_EQ(ParseFor("t-test", {"AGE", "--groups", "a", "-b", "by", "SEX"}).SecondValue("--groups"), "-b");
-  EXPECT_EQ(ParseFor("t-test", {"AGE", "--groups", "1", "2", "-b"}).error, "unknown option \"-b\"");
-  EXPECT_FALSE(ParseFor("t-test", {"AGE"}).SecondValue("--groups"));
-  EXPECT_EQ(ParseFor("t-test", {"AGE", "by", "SEX", "--groups", "1"}).error, "--groups needs two values");
-  EXPECT_EQ(ParseFor("t-test", {"A", "--groups", "1", "2", "--groups", "1", "2"}).error, "--groups is given twice");
-  EXPECT_EQ(ParseFor("t-test", {"A", "--groups", "1", "--groups", "2"}).error, "--groups is given twice");
-}
-
-TEST(WordParser, KeepsNothingFromLineToLine) {
-  WordParser parser(FindCommand("descriptives")->options, WordOrder::kAnywhere);
-  EXPECT_EQ(parser.Parse(Words{"A", "--chart"}).words, Words{"A"});
-  const CommandWords second = parser.Parse(Words{"B"});
-  EXPECT_EQ(second.words, Words{"B"});
-  EXPECT_FALSE(second.Has("--chart"));
-  EXPECT_EQ(parser.Parse(Words{"--nothing"}).error, "unknown option \"--nothing\"");
-  EXPECT_EQ(parser.Parse(Words{}).error, "");
-}
 
 TEST(ReadCommandLine, DataFileCommandAndWords) {
   const BatchOptions options = ReadCommandLine(Words{"survey.dcs", "frequencies", "SEX", "--dispersion"});
@@ -151,8 +83,20 @@ TEST(ReadCommandLine, TellsWhatIsWrong) {
       {{"--seed", "18446744073709551616", "new"}, "--seed takes a whole number from 0, not \"18446744073709551616\""},
       {{"--help", "frequences"}, "unknown command \"frequences\"; the nearest is \"frequencies\""},
       {{"new", "--nothing"}, "new: unknown option \"--nothing\""},
+      {{"--outptu", "x", "new"}, "unknown option \"--outptu\"; the nearest is \"--output\""},
+      {{"a.dcs", "list", "A", "--byte"}, "list: unknown option \"--byte\"; the nearest is \"--bytes\""},
   };
   for (const Case& c : cases) EXPECT_EQ(ReadCommandLine(c.line).error, c.error);
+}
+
+TEST(ReadCommandLine, OverwriteBelongsToTheProgramAlsoBehindACommandThatHasIt) {
+  for (const Words& line : {Words{"--overwrite", "save", "a.dcs"}, Words{"save", "a.dcs", "--overwrite"}}) {
+    const BatchOptions options = ReadCommandLine(line);
+    EXPECT_EQ(options.error, "");
+    EXPECT_TRUE(options.overwrite);
+    EXPECT_EQ(options.words.words, Words{"a.dcs"});
+  }
+  EXPECT_FALSE(ReadCommandLine(Words{"save", "a.dcs"}).overwrite);
 }
 
 TEST(ReadCommandLine, AWordThatIsNeitherCommandNorFileIsAMistypedCommand) {
@@ -179,13 +123,35 @@ TEST(NearestCommand, IsTheOneWithTheFewestChangedLetters) {
 }
 
 TEST(Commands, EachHasAHelpPageWithAnExampleThatParses) {
-  for (const CommandRow& row : Commands()) {
-    const std::string page = CommandHelp(row);
-    EXPECT_NE(page.find("Example:\n  " + std::string(row.example) + "\n"), std::string::npos) << row.name;
-    EXPECT_NE(ProgramHelp().find("\n  " + std::string(row.name) + " "), std::string::npos) << row.name;
-    EXPECT_TRUE(row.example.starts_with(row.name)) << row.name;
-    for (const OptionRow& option : row.options) EXPECT_NE(page.find(option.names), std::string::npos) << option.names;
-    EXPECT_FALSE(IsLaterCommand(row.name)) << row.name;
+  for (const CommandRow* row : Commands()) {
+    const std::string page = CommandHelp(*row);
+    EXPECT_NE(page.find("Example:\n  " + std::string(row->example) + "\n"), std::string::npos) << row->name;
+    EXPECT_NE(ProgramHelp().find("\n  " + std::string(row->name) + " "), std::string::npos) << row->name;
+    for (const OptionRow& option : row->options) EXPECT_NE(page.find(option.names), std::string::npos) << option.names;
+    EXPECT_FALSE(IsLaterCommand(row->name)) << row->name;
+
+    const auto line = SplitWords(row->example);
+    ASSERT_TRUE(line && !line->empty()) << row->name;
+    EXPECT_EQ(line->front(), row->name);
+    const auto words = ParseWords(row->options, WordOrder::kAnywhere, std::span(*line).subspan(1));
+    EXPECT_EQ(words.error, "") << row->name;
+    EXPECT_LE(words.words.size(), row->most_words) << row->name;
+    EXPECT_TRUE(row->needed_word.empty() || !words.words.empty()) << row->name;
+  }
+}
+
+// What the synopsis of a command shows as options are its options, no more and no fewer.
+TEST(Commands, EachNamesItsOptionsInTheSynopsis) {
+  for (const CommandRow* row : Commands()) {
+    std::set<std::string_view> shown;
+    for (std::size_t at = 0; (at = row->synopsis.find("--", at)) != std::string_view::npos;) {
+      const std::size_t end = std::min(row->synopsis.find_first_of(" ]", at), row->synopsis.size());
+      shown.insert(row->synopsis.substr(at, end - at));
+      at = end;
+    }
+    std::set<std::string_view> taken;
+    for (const OptionRow& option : row->options) taken.insert(LongName(option));
+    EXPECT_EQ(shown, taken) << row->name;
   }
 }
 

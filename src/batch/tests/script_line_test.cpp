@@ -1,4 +1,4 @@
-#include "batch/script_line.h"
+#include "batch/words/script_line.h"
 
 #include <gtest/gtest.h>
 

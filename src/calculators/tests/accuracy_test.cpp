@@ -158,6 +158,16 @@ TEST(TypedAccuracy, WithoutHealthyCasesTheTestIsNotPerfect) {
   EXPECT_TRUE(Contains(*result.calculation.report, "Positive Likelihood Ratio   1.000\r\n"));
 }
 
+// Only healthy cases, all of them cleared: nobody is missed, but nobody was there to be found. The sensitivity is 0, so
+// there is no positive ratio, and the negative one is 1 / 1.
+TEST(TypedAccuracy, WithoutDiseasedCasesTheTestIsNotPerfect) {
+  const AccuracyCalculation result = CalculateAccuracy({"30", "0", "0", "0"});
+  EXPECT_EQ(MessagesOf(result), std::vector<std::string>{kPositiveMessage});
+  EXPECT_TRUE(Contains(*result.calculation.report,
+                       "Positive Likelihood Ratio   unk\r\nNegative Likelihood Ratio     1.000\r\n"));
+  EXPECT_TRUE(Contains(*result.calculation.narrative, "A ratio of 1.000 indicates a negative test does not increase"));
+}
+
 TEST(TypedAccuracy, EveryCellMustBeNumeric) {
   const AccuracyBoxes refused[] = {
       {}, {"", "1", "2", "3"}, {"1", "x", "2", "3"}, {"1", "2", "-", "3"}, {"1", "2", "3", ","}};

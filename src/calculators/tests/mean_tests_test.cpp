@@ -111,6 +111,19 @@ TEST(MeanTests, IdenticalVariancesUseTheFirstForm) {
 }
 
 // Both variances 0: F and t cannot be divided and stay 0, F keeps its degrees; scipy: f.sf(0, 14, 9) = 1, t.sf(0) = .5.
+// A sample without deviation leaves the degrees of the other: b^2 / (b^2 / 7) - 2 = 5 for six cases, and five are
+// enough. t is 2 / sqrt(4 / 6) = 2.449490; its p with 5 degrees by the closed form of an odd number of them,
+// 1 - 2/pi (a + sin a (cos a + 2/3 cos^3 a)) with tan a = t / sqrt(5), is .057973.
+TEST(MeanTests, FiveDegreesOfFreedomAreEnoughForUnequalVariances) {
+  const auto test = ComputeTwoMeans(Boxes("10", "0", "10", "8", "2", "6"));
+  ASSERT_TRUE(test);
+  EXPECT_EQ(test->unequal_df.value(), 5);
+  EXPECT_TRUE(Contains(TwoMeansReport(*test), "\r\nUnequal Variance          2.4495         5.00         0.0580\r\n"));
+  const auto fewer = ComputeTwoMeans(Boxes("10", "0", "10", "8", "2", "5"));
+  ASSERT_TRUE(fewer);
+  EXPECT_TRUE(Contains(TwoMeansReport(*fewer), "          Err            Err\r\n"));
+}
+
 TEST(MeanTests, DeviationsOfZero) {
   const Calculation result = MeanTests(Boxes("5", "0", "10", "6", "", "15"), kNoSample, Samples::kTwo);
   const std::string report = result.report.value_or("");

@@ -107,6 +107,16 @@ TEST(SampleSize, ADifferenceOfZeroHasNoSize) {
                        "    Estimated Total Sample Size        = 0\r\n"));
 }
 
+TEST(SampleSize, ADeviationOfZeroHasNoSize) {
+  const Calculation calculation = CalculateSampleSize({.difference = "5", .deviation = "0"});
+  EXPECT_EQ(calculation.narrative, "");
+  EXPECT_TRUE(Contains(*calculation.report,
+                       "    Estimated Difference Between Means = 5\r\n"
+                       "    Estimated Standard Deviation       = 0\r\n"
+                       "    Estimated Total Sample Size        = 0\r\n"));
+  EXPECT_FALSE(ComputeSampleSizes({.difference = 5, .deviation = 0, .alpha_z = 1.96, .power_z = .842}).for_means);
+}
+
 TEST(SampleSize, EmptyBoxesAndLettersPrintZeros) {
   const Calculation empty = CalculateSampleSize({});
   EXPECT_EQ(empty.narrative, "");

@@ -8,7 +8,7 @@
 #include "data/tests/data_fixture.h"
 #include "numerics/number_text.h"
 
-// Open: dialogs, fields of the data set, and what becomes of files that are not as they should be.
+// Open: fields of the data set, and what becomes of files that are not as they should be.
 
 namespace tessara {
 namespace {
@@ -20,34 +20,6 @@ std::string ExampleText() {
   std::string text = "2 3 Tessara data~First line@#$%Second line~\r\n~9||||||~\r\nAge in years~~\r\n";
   for (int row = 3; row <= 14; ++row) text += "~~\r\n";
   return WithSeparators(text + "AGE~SEX~WT\r\n34~1~70.5\r\n41~9~\r\n");
-}
-
-TEST_F(LoadDataFileTest, TheDialogBeginsInTheFolderOfTheDataFilePath) {
-  LoadDataFile(data, platform);
-  ASSERT_EQ(platform.open_dialogs.size(), 1u);
-  EXPECT_EQ(platform.open_dialogs[0].title, "Open");
-  EXPECT_EQ(platform.open_dialogs[0].filter, "Tessara data files (*.dcs)|*.dcs");
-  EXPECT_EQ(platform.open_dialogs[0].initial_folder, platform.program_folder / "Data");
-  data.DataFilePath = "/some/where/x.dcs";
-  LoadDataFile(data, platform);
-  EXPECT_EQ(platform.open_dialogs[1].initial_folder, Path("/some/where/x.dcs"));
-}
-
-TEST_F(LoadDataFileTest, TheDialogBeginsInTheProgramsDataFolderWithoutAPath) {
-  data.DataFilePath.clear();
-  LoadDataFile(data, platform);
-  EXPECT_EQ(platform.open_dialogs.at(0).initial_folder, platform.program_folder / "Data");
-}
-
-TEST_F(LoadDataFileTest, ACancelledDialogLeavesTheDataButNotTheSize) {
-  ASSERT_EQ(OpenText(ExampleText()), LoadOutcome::kLoaded);
-  data.DataDirty = true;
-  platform.open_answers.push_back(std::nullopt);
-  EXPECT_EQ(LoadDataFile(data, platform), LoadOutcome::kCancelled);
-  EXPECT_EQ(Record(1, 1), "34");
-  EXPECT_EQ(data.DataFilePath, folder / "data.dcs");
-  EXPECT_EQ(data.DataFileSize, 0u);
-  EXPECT_TRUE(data.DataDirty);
 }
 
 TEST_F(LoadDataFileTest, EveryCellOfTheExampleStandsInItsPlace) {
@@ -95,17 +67,20 @@ TEST_F(LoadDataFileTest, TheVariableListsAreRebuiltWithNoneFirst) {
   EXPECT_EQ(data.VarList[2].column, 2u);
 }
 
-TEST_F(LoadDataFileTest, AWaitingPathIsLoadedWithoutAskingAndCleared) {
-  const Path path = folder.Make("waiting.dcs", ExampleText());
-  data.WaitingPath = path;
-  EXPECT_EQ(LoadDataFile(data, platform), LoadOutcome::kLoaded);
-  EXPECT_TRUE(platform.open_dialogs.empty());
-  EXPECT_TRUE(data.WaitingPath.empty());
+TEST_F(LoadDataFileTest, AFileOfTheCommandLineLeavesThePathAndIsItsOwnTitle) {
+  const Path path = folder.Make("named.dcs", ExampleText());
+  EXPECT_EQ(Open(path, FilePick::kCommandLine), LoadOutcome::kLoaded);
   EXPECT_EQ(data.DataFileTitle, path.string());  // the whole path
   EXPECT_EQ(data.GridTitle, path.string());
   EXPECT_EQ(data.DataFilePath, platform.program_folder / "Data");  // as it was
+  EXPECT_EQ(data.LoadedFile, path);
   EXPECT_EQ(data.DataFileSize, ExampleText().size());
   EXPECT_EQ(Record(2, 1), "41");
+}
+
+TEST_F(LoadDataFileTest, ATitleIsHeldInTheCodePage) {
+  ASSERT_EQ(Open(folder.Make("\xC3\xA9t\xC3\xA9.dcs", ExampleText())), LoadOutcome::kLoaded);
+  EXPECT_EQ(data.GridTitle, "\xE9t\xE9.dcs");
 }
 
 TEST_F(LoadDataFileTest, AnEmptyFileChangesThePathAndLeavesTheData) {
@@ -120,10 +95,9 @@ TEST_F(LoadDataFileTest, AnEmptyFileChangesThePathAndLeavesTheData) {
   EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST_F(LoadDataFileTest, AnEmptyWaitingFileLoadsAsABadBannerDoes) {
+TEST_F(LoadDataFileTest, AnEmptyFileOfTheCommandLineLoadsAsABadBannerDoes) {
   ASSERT_EQ(OpenText(ExampleText()), LoadOutcome::kLoaded);
-  data.WaitingPath = folder.Make("empty.dcs", "");
-  EXPECT_EQ(LoadDataFile(data, platform), LoadOutcome::kLoaded);
+  EXPECT_EQ(Open(folder.Make("empty.dcs", ""), FilePick::kCommandLine), LoadOutcome::kLoaded);
   EXPECT_EQ(data.RecordCount, 2u);
   EXPECT_EQ(data.VariableCount, 3u);
   EXPECT_EQ(Record(1, 1), "(empty)");

@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 using SaveDataFileTest = DataFixture;
-using SaveDataFileAsTest = DataFixture;
+using SaveDataFileToTest = DataFixture;
 using NewDataFileTest = DataFixture;
 
 std::string Repeated(std::string_view text, int count) {
@@ -112,7 +112,6 @@ TEST_F(SaveDataFileTest, AFileThatNothingChangedIsWrittenAsItWas) {
   ASSERT_EQ(Open(path), LoadOutcome::kLoaded);
   EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);  // to the path it came from
   EXPECT_EQ(ContentOf(path), text);
-  EXPECT_TRUE(platform.save_dialogs.empty());
 }
 
 TEST_F(SaveDataFileTest, ChangedAndAddedCellsStandAmongTheLoadedOnes) {
@@ -177,52 +176,58 @@ TEST_F(SaveDataFileTest, ASmallSaveShowsNoProgress) {
   EXPECT_TRUE(platform.progress.empty());
 }
 
-// Where a save falls to Save As.
+// Where a save needs a name first.
 
-TEST_F(SaveDataFileTest, AsksForANameWithoutAPath) {
+TEST_F(SaveDataFileTest, NeedsANameWithoutAPath) {
   data.DataFilePath.clear();
   data.GridTitle = "survey.dcs";
-  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kCancelled);
-  EXPECT_EQ(platform.save_dialogs.size(), 1u);
+  data.DataDirty = true;
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kNoName);
+  EXPECT_TRUE(data.DataDirty);
 }
 
-TEST_F(SaveDataFileTest, AsksForANameWhileTheGridHasNoTitleOfItsOwn) {
+TEST_F(SaveDataFileTest, NeedsANameWhileTheGridHasNoTitleOfItsOwn) {
   const Path path = folder.Make("old.dcs", "old");
   data.DataFilePath = path;
-  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kCancelled);
-  EXPECT_EQ(platform.save_dialogs.size(), 1u);
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kNoName);
   EXPECT_EQ(ContentOf(path), "old");
 }
 
-TEST_F(SaveDataFileTest, AVanishedFolderFallsToSaveAs) {
-  fs::create_directories(folder / "gone");
-  const Path path = folder.Make("gone/data.dcs", FileText("1 2 x", "A~B", {"1~2"}));
-  ASSERT_EQ(Open(path), LoadOutcome::kLoaded);
-  fs::remove_all(folder / "gone");
-  platform.save_answers.push_back(ChosenFile{folder / "here.dcs", "here.dcs"});
-  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);
-  EXPECT_EQ(platform.save_dialogs.size(), 1u);
+TEST_F(SaveDataFileTest, NeedsANameWhileThePathIsAFolder) {
+  const std::string text = FileText("3 2 x", "A~B", {"1~2", "~", "~"});
+  const Path path = folder.Make("named.dcs", text);
+  ASSERT_EQ(Open(path, FilePick::kCommandLine), LoadOutcome::kLoaded);
+  data.DataDirty = true;
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kNoName);
   EXPECT_TRUE(platform.messages.empty());
-  EXPECT_TRUE(fs::exists(folder / "here.dcs"));
-  EXPECT_EQ(data.DataFilePath, folder / "here.dcs");
+  EXPECT_TRUE(data.DataDirty);
+  EXPECT_EQ(ContentOf(path), text);
 }
 
-TEST_F(SaveDataFileTest, APathThroughAFileFallsToSaveAs) {
+TEST_F(SaveDataFileTest, AFolderThatHasVanishedIsToldApart) {
+  fs::create_directories(folder / "gone");
+  ASSERT_EQ(Open(folder.Make("gone/data.dcs", FileText("1 2 x", "A~B", {"1~2"}))), LoadOutcome::kLoaded);
+  fs::remove_all(folder / "gone");
+  data.DataDirty = true;
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kFolderGone);
+  EXPECT_TRUE(platform.messages.empty());
+  EXPECT_FALSE(data.DataDirty);
+}
+
+TEST_F(SaveDataFileTest, APathThroughAFileHasNoFolder) {
   folder.Make("file", "x");
   ASSERT_EQ(OpenText(FileText("1 2 x", "A~B", {"1~2"})), LoadOutcome::kLoaded);
   data.DataFilePath = folder / "file" / "data.dcs";
-  data.DataDirty = true;
-  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kCancelled);
-  EXPECT_EQ(platform.save_dialogs.size(), 1u);
-  EXPECT_FALSE(data.DataDirty);
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kFolderGone);
 }
 
 // Failures.
 
 TEST_F(SaveDataFileTest, AFailedSaveShowsItsBoxAndStillClearsTheFlag) {
   ASSERT_EQ(OpenText(FileText("3 2 x", "A~B", {"1~2", "~", "~"})), LoadOutcome::kLoaded);
-  fs::create_directories(folder / "folder.dcs");
-  data.DataFilePath = folder / "folder.dcs";  // a folder: not to be written by anybody
+  // A link to itself: not to be written by anybody.
+  fs::create_symlink(folder / "loop.dcs", folder / "loop.dcs");
+  data.DataFilePath = folder / "loop.dcs";
   data.DataDirty = true;
   EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kFailed);
   ASSERT_EQ(platform.messages.size(), 1u);
@@ -232,7 +237,6 @@ TEST_F(SaveDataFileTest, AFailedSaveShowsItsBoxAndStillClearsTheFlag) {
   EXPECT_FALSE(data.DataDirty);
   EXPECT_EQ(data.RecordCount, 3u);
   EXPECT_EQ(platform.wait_cursors, 0);
-  EXPECT_TRUE(platform.save_dialogs.empty());
 }
 
 #if defined(__linux__)
@@ -262,24 +266,7 @@ TEST_F(SaveDataFileTest, AFileWithTheLongestOfNamesCanBeSaved) {
 
 // Save As.
 
-TEST_F(SaveDataFileAsTest, TheDialogHasItsTitleFilterFolderAndName) {
-  SaveDataFileAs(data, platform);
-  data.DataFilePath.clear();
-  data.GridTitle = "survey.dcs";
-  SaveDataFileAs(data, platform);
-  data.GridTitle = "Data Grid survey.dcs";
-  SaveDataFileAs(data, platform);
-  ASSERT_EQ(platform.save_dialogs.size(), 3u);
-  EXPECT_EQ(platform.save_dialogs[0].title, "Save As");
-  EXPECT_EQ(platform.save_dialogs[0].filter, "Tessara files (*.dcs)|*.dcs");
-  EXPECT_EQ(platform.save_dialogs[0].initial_folder, platform.program_folder / "Data");
-  EXPECT_EQ(platform.save_dialogs[0].initial_name, "Data Grid");
-  EXPECT_EQ(platform.save_dialogs[1].initial_folder, platform.program_folder / "Data");
-  EXPECT_EQ(platform.save_dialogs[1].initial_name, "survey.dcs");
-  EXPECT_EQ(platform.save_dialogs[2].initial_name, "survey.dcs");
-}
-
-TEST_F(SaveDataFileAsTest, MovesThePathAndTheGridTitleButNotTheDataFileTitle) {
+TEST_F(SaveDataFileToTest, MovesThePathAndTheGridTitleButNotTheDataFileTitle) {
   ASSERT_EQ(OpenText(FileText("1 2 x", "A~B", {"1~2"})), LoadOutcome::kLoaded);
   data.DataDirty = true;
   EXPECT_EQ(SaveAs(folder / "copy.dcs"), SaveOutcome::kSaved);
@@ -289,15 +276,7 @@ TEST_F(SaveDataFileAsTest, MovesThePathAndTheGridTitleButNotTheDataFileTitle) {
   EXPECT_FALSE(data.DataDirty);
 }
 
-TEST_F(SaveDataFileAsTest, CancelEndsQuietlyAndClearsTheFlag) {
-  data.DataDirty = true;
-  EXPECT_EQ(SaveDataFileAs(data, platform), SaveOutcome::kCancelled);
-  EXPECT_TRUE(platform.messages.empty());
-  EXPECT_FALSE(data.DataDirty);
-  EXPECT_EQ(data.GridTitle, "Data Grid");
-}
-
-TEST_F(SaveDataFileAsTest, AFailureShowsItsOwnTextAndLeavesThePath) {
+TEST_F(SaveDataFileToTest, AFailureShowsItsOwnTextAndLeavesThePath) {
   ASSERT_EQ(OpenText(FileText("1 2 x", "A~B", {"1~2"})), LoadOutcome::kLoaded);
   fs::create_directories(folder / "folder.dcs");
   data.DataDirty = true;
@@ -310,13 +289,12 @@ TEST_F(SaveDataFileAsTest, AFailureShowsItsOwnTextAndLeavesThePath) {
   EXPECT_EQ(data.GridTitle, "data.dcs");
 }
 
-TEST_F(SaveDataFileAsTest, AVanishedFolderDoesNotAskAgain) {
+TEST_F(SaveDataFileToTest, AFolderThatIsNotThereIsAFailureToo) {
   EXPECT_EQ(SaveAs(folder / "nowhere" / "x.dcs"), SaveOutcome::kFailed);
-  EXPECT_EQ(platform.save_dialogs.size(), 1u);
   EXPECT_EQ(platform.messages.at(0).text, kSaveAsRefusedText);
 }
 
-TEST_F(SaveDataFileAsTest, OverTheFileThatTheDataWereLoadedFrom) {
+TEST_F(SaveDataFileToTest, OverTheFileThatTheDataWereLoadedFrom) {
   const std::string text = WithSeparators("1 2 Tessara data~\r\n" + Repeated("~\r\n", 14) + "A~B\r\n1~2\r\n");
   ASSERT_EQ(OpenText(text), LoadOutcome::kLoaded);
   EXPECT_EQ(SaveAs(folder / "data.dcs"), SaveOutcome::kSaved);
@@ -344,6 +322,7 @@ TEST_F(NewDataFileTest, ReplacesTheDataByTheEmptyDataSet) {
   EXPECT_EQ(data.CurrentRow, 1u);
   EXPECT_EQ(data.CurrentColumn, 1u);
   EXPECT_TRUE(data.DataFilePath.empty());
+  EXPECT_TRUE(data.LoadedFile.empty());
   EXPECT_EQ(data.DataFileSize, std::nullopt);
   EXPECT_EQ(data.DataFileModified, "");
   EXPECT_EQ(data.ProjectNotes, "");
@@ -403,6 +382,37 @@ TEST_F(RepairSampleFilesTest, AFileThatCannotBeCopiedShowsTheBox) {
   ASSERT_EQ(platform.messages.size(), 2u);
   EXPECT_EQ(platform.messages[1].title, "Repair Failed");
   EXPECT_EQ(platform.messages[1].text, kRepairFailedText);
+}
+
+TEST_F(RepairSampleFilesTest, FindsTheEndingInAnyCaseOfLetters) {
+  folder.Make("program/Help/IRIS.DCS", "original");
+  folder.Make("program/Help/sleep.Dcs", "another");
+  folder.Make("program/Help/odd.dcs2", "no data file");
+  platform.message_answers.push_back(Answer::kOk);
+  RepairSampleFiles(platform);
+  EXPECT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(ContentOf(Data() / "IRIS.DCS"), "original");
+  EXPECT_EQ(ContentOf(Data() / "sleep.Dcs"), "another");
+  EXPECT_FALSE(fs::exists(Data() / "odd.dcs2"));
+}
+
+TEST_F(RepairSampleFilesTest, NothingToCopyShowsTheBox) {
+  folder.Make("program/Help/Index.log", "no data file");
+  platform.message_answers.push_back(Answer::kOk);
+  RepairSampleFiles(platform);
+  ASSERT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(platform.messages[1].title, "Repair Failed");
+  EXPECT_EQ(platform.messages[1].text, kRepairFailedText);
+}
+
+TEST_F(RepairSampleFilesTest, OneThatFailsDoesNotKeepTheRestBack) {
+  folder.Make("program/Help/iris.dcs", "original");
+  folder.Make("program/Help/sleep.dcs", "another");
+  fs::create_directories(Data() / "iris.dcs");
+  platform.message_answers.push_back(Answer::kOk);
+  RepairSampleFiles(platform);
+  EXPECT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(ContentOf(Data() / "sleep.dcs"), "another");
 }
 
 TEST_F(RepairSampleFilesTest, AMissingFolderShowsTheBox) {

@@ -48,17 +48,12 @@ class DataFixture : public testing::Test {
     data.DataFilePath = platform.program_folder / "Data";  // a folder, until a file is opened
   }
 
-  // Loads by way of the open dialog.
-  LoadOutcome Open(const Path& path) {
-    platform.open_answers.push_back(ChosenFile{path, path.filename().string()});
-    return LoadDataFile(data, platform);
+  LoadOutcome Open(const Path& path, FilePick pick = FilePick::kPicked) {
+    return LoadDataFile(data, platform, path, pick);
   }
   LoadOutcome OpenText(std::string_view content) { return Open(folder.Make("data.dcs", content)); }
 
-  SaveOutcome SaveAs(const Path& path) {
-    platform.save_answers.push_back(ChosenFile{path, path.filename().string()});
-    return SaveDataFileAs(data, platform);
-  }
+  SaveOutcome SaveAs(const Path& path) { return SaveDataFileTo(data, platform, path); }
   // What a Save As writes.
   std::string SavedText() {
     EXPECT_EQ(SaveAs(folder / "saved.dcs"), SaveOutcome::kSaved);

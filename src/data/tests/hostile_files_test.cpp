@@ -131,14 +131,7 @@ TEST_F(HostileFileTest, ALineFeedAloneIsAFileOfOneEmptyLine) {
 
 // What cannot be read at all.
 
-class UnreadableFileTest : public DataFixture, public testing::WithParamInterface<bool> {
- protected:
-  LoadOutcome OpenOneWay(const Path& path) {
-    if (!GetParam()) return Open(path);
-    data.WaitingPath = path;
-    return LoadDataFile(data, platform);
-  }
-};
+class UnreadableFileTest : public DataFixture, public testing::WithParamInterface<FilePick> {};
 
 TEST_P(UnreadableFileTest, LeavesTheDataAndShowsNoMessage) {
   ASSERT_EQ(OpenText(FileText("1 2 Tessara data", "A~B", {"1~2"})), LoadOutcome::kLoaded);
@@ -146,8 +139,7 @@ TEST_P(UnreadableFileTest, LeavesTheDataAndShowsNoMessage) {
   folder.Make("file", "x");
   for (const Path& path :
        {folder / "folder.dcs", folder / "nowhere.dcs", folder / "no" / "where.dcs", folder / "file" / "data.dcs"}) {
-    EXPECT_EQ(OpenOneWay(path), LoadOutcome::kUnreadable) << path;
-    EXPECT_TRUE(data.WaitingPath.empty());
+    EXPECT_EQ(Open(path, GetParam()), LoadOutcome::kUnreadable) << path;
     EXPECT_EQ(Record(1, 2), "2");
     EXPECT_EQ(data.GridTitle, "data.dcs");
     EXPECT_EQ(data.DataFilePath, folder / "data.dcs");
@@ -156,7 +148,8 @@ TEST_P(UnreadableFileTest, LeavesTheDataAndShowsNoMessage) {
   EXPECT_EQ(platform.wait_cursors, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(ByDialogAndByWaitingPath, UnreadableFileTest, testing::Bool());
+INSTANTIATE_TEST_SUITE_P(PickedAndNamed, UnreadableFileTest,
+                         testing::Values(FilePick::kPicked, FilePick::kCommandLine));
 
 // Any bytes behind a banner: the cells are those of a naive splitter.
 TEST_F(HostileFileTest, RandomBytesLoadAsTheNaiveSplitterSplitsThem) {

@@ -60,6 +60,16 @@ TEST(TableStatistics, TwoByTwoBelowOneHundredCases) {
   EXPECT_FALSE(s.kappa_is_perfect);
 }
 
+// 1E+200 cases times 1E+200 is beyond the range: the second cell is compared with the 2 expected in the first. By hand
+// G is twice 1E+200 ln(5E+199), beside which the other cells vanish; Pearson's part of that cell fails and is left out:
+// (1 - 2)^2 / 2 + 1 / 4E-200 + (1 - 2)^2 / 2.
+TEST(TableStatistics, AnExpectationBeyondTheRangeIsThatOfTheCellBefore) {
+  const TableStatistics s = ComputeTableStatistics({2, 2, {1, 1e200, 1, 1}});
+  ExpectNear(s.likelihood_ratio, 2e200 * (std::log(5.0) + 199 * std::log(10.0)));
+  ExpectNear(s.chi_square, 2.5e199);
+  EXPECT_EQ(s.low_cells, 4u);
+}
+
 TEST(TableStatistics, OneHundredCasesHaveNoExactTest) {
   const TableStatistics s = ComputeTableStatistics({2, 2, {20, 30, 35, 15}});
   EXPECT_FALSE(s.fisher_p.has_value());

@@ -104,6 +104,14 @@ TEST(JacobiRotation, TakesTheSignOfTheDiagonal) {
   EXPECT_NEAR(rotation.cosine.value(), std::sqrt(0.8), 1e-15);
 }
 
+// The square of 1E+200 leaves the range: nothing is turned. Equal diagonal elements need no root.
+TEST(JacobiRotation, ARootThatOverflowsTurnsNothing) {
+  const Rotation rotation = JacobiRotation(0, 1, MakeMatrix({{3, 1e200}, {1e200, 1}}));
+  EXPECT_EQ(rotation.sine.value(), 0);
+  EXPECT_EQ(rotation.cosine.value(), 1);
+  EXPECT_NEAR(JacobiRotation(0, 1, MakeMatrix({{3, 1e200}, {1e200, 3}})).cosine.value(), std::sqrt(0.5), 1e-15);
+}
+
 TEST(JacobiInverse, OfASmallMatrix) {
   const Matrix inverse = JacobiInverse(MakeMatrix({{2, 1}, {1, 2}}));
   EXPECT_NEAR(inverse(0, 0), 2.0 / 3, 1e-15);

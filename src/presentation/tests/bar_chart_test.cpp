@@ -76,6 +76,12 @@ TEST(BarChart, ValueThatRoundingPutsAboveTheLastEdgeFallsInTheLastBar) {
   EXPECT_EQ(Counts(MakeBarTable({minimum, maximum}, minimum, range)), (List{1, 0, 0, 0, 1}));
 }
 
+TEST(BarChart, EdgesStandBetweenTheBars) {
+  const BarTable table = MakeBarTable({0, 2, 10}, 0, 10);
+  ASSERT_EQ(table.edges.size(), table.bars.size() + 1);
+  EXPECT_EQ(table.edges, (std::vector<double>{0, 2, 4, 6, 8, 10}));
+}
+
 TEST(BarChart, RangeOf0PutsAllValuesInTheFirstBar) {
   const BarTable table = MakeBarTable({7, 7, 7}, 7, 0);
   EXPECT_EQ(Counts(table), (List{3, 0, 0, 0, 0}));

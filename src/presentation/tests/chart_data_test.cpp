@@ -101,6 +101,31 @@ TEST(ChartData, ARangeBeyondADoubleCountsAs0) {
   EXPECT_EQ(rows[0][0], rows[4][0]);
 }
 
+// 1 to 5 by 0.8, of which none has more than 1; and 3 to 13 by 2, with three values in the first.
+TEST(ChartData, ChartsThatShareAxesKeepTheirOwnIntervals) {
+  Chart one = Histogram({1, 2, 3, 4, 5});
+  Chart two = Histogram({3, 3, 4, 13});
+  ShareAxes(one, two);
+  for (const Chart& chart : {WithRows(one), WithRows(two)}) {
+    ASSERT_TRUE(chart.axes);
+    EXPECT_EQ(chart.axes->low, 1);
+    EXPECT_EQ(chart.axes->high, 13);
+    EXPECT_EQ(chart.axes->most, 3);
+  }
+  EXPECT_EQ(RowsOf(two)[0], (std::vector<std::string>{"3.00 to 5.00", "3"}));
+  EXPECT_EQ(WithRows(two).edges, (std::vector<double>{3, 5, 7, 9, 11, 13}));
+  EXPECT_EQ(RowsOf(one), RowsOf(Histogram({1, 2, 3, 4, 5})));
+}
+
+TEST(ChartData, AnEmptyNeighbourSharesNothing) {
+  Chart one = Histogram({1, 2});
+  Chart none = Histogram({});
+  ShareAxes(one, none);
+  EXPECT_FALSE(WithRows(one).axes);
+  EXPECT_FALSE(WithRows(none).axes);
+  EXPECT_FALSE(WithRows(Histogram({1, 2})).axes);
+}
+
 TEST(ChartData, NoValuesHaveNoRows) {
   EXPECT_TRUE(ChartRows(Histogram({})).empty());
   EXPECT_TRUE(ChartRows(IntervalChart(ChartType::kLine, "T", "X", nullptr)).empty());

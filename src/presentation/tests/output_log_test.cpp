@@ -88,15 +88,15 @@ TEST(OutputLog, CalculatorResultInLogMode) {
 
 TEST(OutputLog, BoxKeepsTheOldTextUntilTheFirstReportOfARun) {
   OutputLog output = TwoRuns();
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   BeginRun(output);
   EXPECT_EQ(output.MostRecentText, "");
   EXPECT_EQ(output.BoxText(), WithSeparator("second"));
-  EXPECT_EQ(output.Revision, revision);
+  EXPECT_EQ(output.Version(), shown);
   EXPECT_FALSE(output.OutputChanged);
   Append(output, "third");
   EXPECT_EQ(output.BoxText(), WithSeparator("third"));
-  EXPECT_GT(output.Revision, revision);
+  EXPECT_NE(output.Version().lineage, shown.lineage);
   EXPECT_TRUE(output.OutputChanged);
 }
 
@@ -131,11 +131,11 @@ TEST(OutputLog, RunInLogModeEmptiesTheMostRecentTextUnseen) {
 
 TEST(OutputLog, SameReportAgainIsNoChangeOfTheBox) {
   OutputLog output = TwoRuns();
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   BeginRun(output);
   Append(output, "second");
   EXPECT_EQ(output.BoxText(), WithSeparator("second"));
-  EXPECT_EQ(output.Revision, revision);
+  EXPECT_EQ(output.Version(), shown);
   EXPECT_FALSE(output.OutputChanged);
   EXPECT_EQ(output.OutputLogText, kTwoRunsLog + WithSeparator("second"));
 }
@@ -157,11 +157,9 @@ TEST(OutputLog, ToggleBetweenEqualTextsIsNoChange) {
   OutputLog output;
   Append(output, "only");
   output.OutputChanged = false;
-  const auto revision = output.Revision;
   ToggleOutputMode(output);
   EXPECT_EQ(output.BoxText(), WithSeparator("only"));
   EXPECT_FALSE(output.OutputChanged);
-  EXPECT_EQ(output.Revision, revision);
 }
 
 TEST(OutputLog, EditOfTheMostRecentTextIsKeptByTheToggle) {
@@ -185,19 +183,11 @@ TEST(OutputLog, EditOfTheLogIsKeptByTheToggle) {
   EXPECT_EQ(output.BoxText(), WithSeparator("second"));
 }
 
-TEST(OutputLog, EditMarksTheOutputAsChangedButIsNoNewsForItsView) {
+TEST(OutputLog, EditMarksTheOutputAsChanged) {
   OutputLog output = TwoRuns();
-  const auto revision = output.Revision;
   EditBox(output, "edited");
   EXPECT_EQ(output.BoxText(), "edited");
   EXPECT_TRUE(output.OutputChanged);
-  EXPECT_EQ(output.Revision, revision);
-}
-
-TEST(OutputLog, EditToTheSameTextIsNone) {
-  OutputLog output = TwoRuns();
-  EditBox(output, WithSeparator("second"));
-  EXPECT_FALSE(output.OutputChanged);
 }
 
 TEST(OutputLog, EditThatIsStoredBackStandsAheadOfTheNextReportOfTheLog) {
@@ -214,10 +204,10 @@ TEST(OutputLog, EditThatIsNotStoredBackGoesWithTheNextReport) {
   OutputLog output = TwoRuns();
   ToggleOutputMode(output);
   EditBox(output, "edited");
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   Append(output, "third");
   EXPECT_EQ(output.BoxText(), kTwoRunsLog + WithSeparator("third"));
-  EXPECT_GT(output.Revision, revision);
+  EXPECT_NE(output.Version().lineage, shown.lineage);
 }
 
 TEST(OutputLog, EditOfTheMostRecentTextOutlivesTheBeginOfARun) {
@@ -233,12 +223,12 @@ TEST(OutputLog, ClearInLogModeLeavesTheLatestRunForTheToggle) {
   OutputLog output = TwoRuns();
   ToggleOutputMode(output);
   output.OutputChanged = false;
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   ClearOutput(output);
   EXPECT_EQ(output.BoxText(), "");
   EXPECT_EQ(output.OutputLogText, "");
   EXPECT_TRUE(output.OutputChanged);
-  EXPECT_GT(output.Revision, revision);
+  EXPECT_NE(output.Version().lineage, shown.lineage);
   ToggleOutputMode(output);
   EXPECT_EQ(output.BoxText(), WithSeparator("second"));
   ToggleOutputMode(output);
@@ -266,7 +256,7 @@ TEST(OutputLog, ClearOfAnEmptyBoxIsNoChange) {
   OutputLog output;
   ClearOutput(output);
   EXPECT_FALSE(output.OutputChanged);
-  EXPECT_EQ(output.Revision, 0u);
+  EXPECT_EQ(output.Version(), OutputLog().Version());
 }
 
 TEST(OutputLog, ReportBehindAClearBeginsTheLogAnew) {
@@ -286,6 +276,71 @@ TEST(OutputLog, ClearedBoxAloneLeavesTheLog) {
   EXPECT_EQ(output.OutputLogText, kTwoRunsLog);
 }
 
+// What a view goes by that has put the box's text on its sheet.
+
+TEST(OutputLogVersion, ALogThatGrowsKeepsItsLineage) {
+  OutputLog output = TwoRuns();
+  ToggleOutputMode(output);
+  const BoxVersion shown = output.Version();
+  EXPECT_EQ(shown.size, kTwoRunsLog.size());
+  BeginRun(output);
+  Append(output, "third");
+  EXPECT_EQ(output.Version().lineage, shown.lineage);
+  EXPECT_EQ(output.Version().size, kTwoRunsLog.size() + WithSeparator("third").size());
+}
+
+TEST(OutputLogVersion, ALogWhoseBoxWasEmptiedMeanwhileHasOnlyGrown) {
+  OutputLog output = TwoRuns();
+  ToggleOutputMode(output);
+  const BoxVersion shown = output.Version();
+  ClearBox(output);  // as a regression does ahead of its report
+  Append(output, "third");
+  EXPECT_EQ(output.Version().lineage, shown.lineage);
+}
+
+TEST(OutputLogVersion, AnEditTakesItsLineageIntoTheLog) {
+  OutputLog output = TwoRuns();
+  ToggleOutputMode(output);
+  const BoxVersion before = output.Version();
+  EditBox(output, "edited");
+  const BoxVersion edited = output.Version();
+  EXPECT_NE(edited.lineage, before.lineage);
+  StoreBoxText(output);
+  EXPECT_EQ(output.Version(), edited);
+  Append(output, "third");
+  EXPECT_EQ(output.Version().lineage, edited.lineage);
+}
+
+TEST(OutputLogVersion, TheTwoTextsAreOfTwoLineages) {
+  OutputLog output = TwoRuns();
+  const BoxVersion recent = output.Version();
+  ToggleOutputMode(output);
+  const BoxVersion log = output.Version();
+  EXPECT_NE(log.lineage, recent.lineage);
+  ToggleOutputMode(output);
+  EXPECT_EQ(output.Version(), recent);
+}
+
+TEST(OutputLogVersion, AClearedLogBeginsANewLineageThoughItIsAsLongAgain) {
+  OutputLog output;
+  output.ShowLogMode = true;
+  Append(output, "first");
+  const BoxVersion shown = output.Version();
+  ClearOutput(output);
+  Append(output, "other");
+  EXPECT_EQ(output.Version().size, shown.size);
+  EXPECT_NE(output.Version().lineage, shown.lineage);
+}
+
+TEST(OutputLogVersion, AConvertedTextTellsWhatItWasMadeFrom) {
+  OutputLog output = TwoRuns();
+  const BoxVersion shown = output.Version();
+  ConvertBox(output, "converted");
+  EXPECT_EQ(output.Version().made_from, shown.lineage);
+  ClearBox(output);
+  EXPECT_EQ(output.Version().made_from, 0u);  // what was emptied is not asked back
+}
+
 TEST(OutputLog, ErrorReportStandsInItsFrame) {
   OutputLog output;
   ReportError(output, "Frequencies: AGE\r\n\r\nNo cases.\r\n\r\n");
@@ -300,16 +355,14 @@ TEST(OutputLog, ErrorReportStandsInItsFrame) {
 
 class OutputFiles : public testing::Test {
  protected:
-  void ChooseToOpen(const Path& path) { platform.open_answers.push_back(ChosenFile{path, path.filename().string()}); }
-  void ChooseToSave(const Path& path) { platform.save_answers.push_back(ChosenFile{path, path.filename().string()}); }
-
   TemporaryFolder folder;
   ScriptedPlatform platform;
   OutputLog output = TwoRuns();
 };
 
 TEST_F(OutputFiles, OpenAsksInTheProgramFolder) {
-  OpenOutputText(output, platform);
+  platform.open_answers = {ChosenFile{"/old/log.txt", "log.txt"}};
+  EXPECT_EQ(AskOutputToOpen(platform), Path("/old/log.txt"));
   ASSERT_EQ(platform.open_dialogs.size(), 1u);
   const FileDialog& dialog = platform.open_dialogs[0];
   EXPECT_EQ(dialog.title, "Open");
@@ -318,9 +371,8 @@ TEST_F(OutputFiles, OpenAsksInTheProgramFolder) {
 }
 
 TEST_F(OutputFiles, OpenedTextReplacesTheLogAndEndsWithAMark) {
-  ChooseToOpen(folder.Make("old.txt", "one\r\ntwo"));
   ToggleOutputMode(output);
-  EXPECT_TRUE(OpenOutputText(output, platform));
+  EXPECT_TRUE(OpenOutputText(output, folder.Make("old.txt", "one\r\ntwo")));
   EXPECT_EQ(output.OutputLogText, "one\r\ntwo\r\n\r\n<Page Break>");
   EXPECT_EQ(output.BoxText(), "one\r\ntwo\r\n\r\n<Page Break>");
   EXPECT_EQ(output.MostRecentText, WithSeparator("second"));
@@ -328,49 +380,42 @@ TEST_F(OutputFiles, OpenedTextReplacesTheLogAndEndsWithAMark) {
 }
 
 TEST_F(OutputFiles, TextOpenedOverTheMostRecentOutputShowsInTheBoxAndIsTheLog) {
-  ChooseToOpen(folder.Make("old.txt", "one"));
-  const auto revision = output.Revision;
-  EXPECT_TRUE(OpenOutputText(output, platform));
+  const BoxVersion shown = output.Version();
+  EXPECT_TRUE(OpenOutputText(output, folder.Make("old.txt", "one")));
   EXPECT_FALSE(output.ShowLogMode);
   EXPECT_EQ(output.BoxText(), "one\r\n\r\n<Page Break>");
   EXPECT_EQ(output.OutputLogText, "one\r\n\r\n<Page Break>");
   EXPECT_EQ(output.MostRecentText, WithSeparator("second"));
   EXPECT_TRUE(output.OutputChanged);
-  EXPECT_GT(output.Revision, revision);
+  EXPECT_NE(output.Version().lineage, shown.lineage);
 }
 
 TEST_F(OutputFiles, EmptyFileOpensAsAMarkAlone) {
-  ChooseToOpen(folder.Make("empty.txt", ""));
-  EXPECT_TRUE(OpenOutputText(output, platform));
+  EXPECT_TRUE(OpenOutputText(output, folder.Make("empty.txt", "")));
   EXPECT_EQ(output.OutputLogText, "\r\n\r\n<Page Break>");
 }
 
 TEST_F(OutputFiles, Utf8IsConvertedOnTheWayIn) {
-  ChooseToOpen(folder.Make("utf8.txt",
-                           "\xEF\xBB\xBF"
-                           "caf\xC3\xA9"));
-  EXPECT_TRUE(OpenOutputText(output, platform));
+  EXPECT_TRUE(OpenOutputText(output, folder.Make("utf8.txt",
+                                                 "\xEF\xBB\xBF"
+                                                 "caf\xC3\xA9")));
   EXPECT_EQ(output.BoxText(), "caf\xE9\r\n\r\n<Page Break>");
 }
 
 TEST_F(OutputFiles, BareLineFeedsBecomeLineEnds) {
-  ChooseToOpen(folder.Make("unix.txt", "\none\n\ntwo\r\nthree\rfour\n"));
-  EXPECT_TRUE(OpenOutputText(output, platform));
+  EXPECT_TRUE(OpenOutputText(output, folder.Make("unix.txt", "\none\n\ntwo\r\nthree\rfour\n")));
   EXPECT_EQ(output.BoxText(), "\r\none\r\n\r\ntwo\r\nthree\rfour\r\n\r\n\r\n<Page Break>");
 }
 
-TEST_F(OutputFiles, CancelledOpenLeavesEverything) {
-  EXPECT_FALSE(OpenOutputText(output, platform));
-  EXPECT_EQ(output.OutputLogText, kTwoRunsLog);
-  EXPECT_EQ(output.BoxText(), WithSeparator("second"));
-  EXPECT_FALSE(output.OutputChanged);
+TEST_F(OutputFiles, CancelAnswersNothing) {
+  EXPECT_FALSE(AskOutputToOpen(platform));
+  EXPECT_FALSE(AskOutputToSave(platform));
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(OutputFiles, FailedOpenLeavesEverything) {
   for (const Path& path : {folder / "missing.txt", folder.path(), folder / "no-folder" / "a.txt"}) {
-    ChooseToOpen(path);
-    EXPECT_FALSE(OpenOutputText(output, platform)) << path;
+    EXPECT_FALSE(OpenOutputText(output, path)) << path;
     EXPECT_EQ(output.OutputLogText, kTwoRunsLog);
     EXPECT_EQ(output.BoxText(), WithSeparator("second"));
     EXPECT_FALSE(output.OutputChanged);
@@ -378,7 +423,8 @@ TEST_F(OutputFiles, FailedOpenLeavesEverything) {
 }
 
 TEST_F(OutputFiles, SaveAsksInTheProgramFolder) {
-  SaveOutputText(output, platform);
+  platform.save_answers = {ChosenFile{"/new/log.txt", "log.txt"}};
+  EXPECT_EQ(AskOutputToSave(platform), Path("/new/log.txt"));
   ASSERT_EQ(platform.save_dialogs.size(), 1u);
   const FileDialog& dialog = platform.save_dialogs[0];
   EXPECT_EQ(dialog.title, "Save As");
@@ -391,34 +437,31 @@ TEST_F(OutputFiles, SaveAsksInTheProgramFolder) {
 TEST_F(OutputFiles, SavedFileHoldsTheTextAsShown) {
   ToggleOutputMode(output);
   ASSERT_TRUE(output.OutputChanged);
-  ChooseToSave(folder / "log.txt");
-  EXPECT_TRUE(SaveOutputText(output, platform));
+  EXPECT_TRUE(SaveOutputText(output, folder / "log.txt", platform));
   EXPECT_EQ(ContentOf(folder / "log.txt"), "first\r\n<Page Break>\r\n\r\n\r\nsecond\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_FALSE(output.OutputChanged);
 }
 
 TEST_F(OutputFiles, SavedFileHoldsAnEditThatIsNotStoredBack) {
   EditBox(output, "edited \xE9");
-  ChooseToSave(folder / "edit.txt");
-  EXPECT_TRUE(SaveOutputText(output, platform));
+  EXPECT_TRUE(SaveOutputText(output, folder / "edit.txt", platform));
   EXPECT_EQ(ContentOf(folder / "edit.txt"), "edited \xE9");
   EXPECT_EQ(output.MostRecentText, WithSeparator("second"));
 }
 
-TEST_F(OutputFiles, CancelledSaveLeavesTheOutputChanged) {
+TEST_F(OutputFiles, FailedSaveSaysSoAndLeavesTheOutputChanged) {
   EditBox(output, "edited");
-  EXPECT_FALSE(SaveOutputText(output, platform));
-  EXPECT_TRUE(output.OutputChanged);
-  EXPECT_TRUE(platform.messages.empty());
-}
-
-TEST_F(OutputFiles, FailedSaveLeavesTheOutputChanged) {
-  EditBox(output, "edited");
+  std::size_t boxes = 0;
   for (const Path& path : {Path("/dev/full"), folder.path(), folder / "no-folder" / "a.txt"}) {
-    ChooseToSave(path);
-    EXPECT_FALSE(SaveOutputText(output, platform)) << path;
+    EXPECT_FALSE(SaveOutputText(output, path, platform)) << path;
     EXPECT_TRUE(output.OutputChanged);
     EXPECT_EQ(output.BoxText(), "edited");
+    ASSERT_EQ(platform.messages.size(), ++boxes);
+    EXPECT_EQ(platform.messages.back().title, "Save Aborted!");
+    EXPECT_EQ(platform.messages.back().text,
+              "The save operation failed. Please make sure the file is not open in another program.  This error could "
+              "also be caused by trying to save to a location on your computer that has restricted access.");
+    EXPECT_EQ(platform.messages.back().buttons, Buttons::kOk);
   }
   EXPECT_TRUE(folder.Names().empty());
 }

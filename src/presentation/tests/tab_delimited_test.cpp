@@ -126,13 +126,13 @@ TEST(TabDelimited, ConversionStaysInTheBox) {
   output.ReportText = "p  -1";
   AppendReport(output);
   output.OutputChanged = false;
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   ConvertOutputToTabDelimited(output);
   EXPECT_EQ(output.BoxText(), "p\t1\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_EQ(output.OutputLogText, "p  -1\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_EQ(output.MostRecentText, "p  -1\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_TRUE(output.OutputChanged);
-  EXPECT_GT(output.Revision, revision);
+  EXPECT_EQ(output.Version().made_from, shown.lineage);
 }
 
 TEST(TabDelimited, ConversionOfATextThatStaysTheSameIsNoChange) {
@@ -140,10 +140,10 @@ TEST(TabDelimited, ConversionOfATextThatStaysTheSameIsNoChange) {
   output.ReportText = "plain";
   AppendReport(output);
   output.OutputChanged = false;
-  const auto revision = output.Revision;
+  const BoxVersion shown = output.Version();
   ConvertOutputToTabDelimited(output);
   EXPECT_FALSE(output.OutputChanged);
-  EXPECT_EQ(output.Revision, revision);
+  EXPECT_EQ(output.Version(), shown);
 }
 
 TEST(TabDelimited, ConvertedTextIsKeptLikeAnEdit) {

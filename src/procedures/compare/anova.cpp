@@ -104,7 +104,7 @@ std::string AnalysisOfVariance(const AnovaTable& table) {
 
 std::string PostHocComparison(const GroupStats& stats) {
   std::string text = "\r\n\r\nBonferroni Post Hoc Comparison of Means (Assume homogeneity of variance)\r\n\r\n";
-  if (stats.GroupCount() > kMostPostHocGroups) {
+  if (!HasPostHocList(stats.GroupCount())) {
     return text + "There are too many groups for post hoc comparisons.\r\n";
   }
   text += PadLeftBlank("Group 1", 20) + PadLeftBlank("Group 2", 20) + PadLeftBlank("G1-G2", 13) +

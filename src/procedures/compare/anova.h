@@ -37,6 +37,7 @@ struct PostHocRow {
 };
 
 inline constexpr std::size_t kMostPostHocGroups = 1000;  // a list of a million rows
+constexpr bool HasPostHocList(std::size_t group_count) { return group_count <= kMostPostHocGroups; }
 
 AnovaTable ComputeAnova(const GroupStats& stats);
 // Every ordered pair of groups by the t-test of these two alone, p multiplied by the number of unordered pairs (after

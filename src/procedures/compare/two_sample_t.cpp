@@ -173,7 +173,9 @@ void LeaveHistograms(ProcedureRun& run, const std::array<std::string, 2>& labels
     auto values = std::make_shared<const std::vector<double>>(std::move(cases[sample]));
     return IntervalChart(ChartType::kHistogram, title + " (" + labels[sample] + ")", name, std::move(values));
   };
-  run.LeaveCharts(ChartKind::kTTest, {histogram("Group 1", 0), histogram("Group 2", 1)});
+  std::vector<Chart> charts = {histogram("Group 1", 0), histogram("Group 2", 1)};
+  ShareAxes(charts[0], charts[1]);
+  run.LeaveCharts(ChartKind::kTTest, std::move(charts));
 }
 
 constexpr std::string_view kVerifyValues =

@@ -301,6 +301,13 @@ TEST(Anova, TooManyGroupsForThePostHocList) {
             "There are too many groups for post hoc comparisons.\r\n");
 }
 
+// A thousand groups are listed; the list itself, a million rows, would take a test too long.
+TEST(Anova, AThousandGroupsHaveTheirPostHocList) {
+  EXPECT_TRUE(HasPostHocList(1));
+  EXPECT_TRUE(HasPostHocList(1000));
+  EXPECT_FALSE(HasPostHocList(1001));
+}
+
 TEST(Anova, HugeValuesLeaveFailingFiguresAtZero) {
   AnovaRun run(Groups({{"a", {1e308, 9e307}}, {"b", {-1e308, -9e307}}}), true, true);
   const std::string report = run.Report();

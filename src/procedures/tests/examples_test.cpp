@@ -113,8 +113,8 @@ std::string LiveReport(std::string_view sample_file, ProcedurePanel panel, std::
   DataSet data;
   ScriptedPlatform platform;
   MakeEmptyDataSet(data);
-  data.WaitingPath = std::filesystem::path(TESSARA_SOURCE_DIR) / "installed" / "Data" / sample_file;
-  EXPECT_EQ(LoadDataFile(data, platform), LoadOutcome::kLoaded);
+  const Path path = Path(TESSARA_SOURCE_DIR) / "installed" / "Data" / sample_file;
+  EXPECT_EQ(LoadDataFile(data, platform, path, FilePick::kPicked), LoadOutcome::kLoaded);
   const auto column = [&](std::string_view name) {
     return std::ranges::find(data.VarList, name, &ListedVariable::name)->column;
   };

@@ -178,11 +178,9 @@ TEST(Logistic, PredictedValuesAndResidualsSurviveASave) {
 
   const TemporaryFolder folder;
   const Path path = folder / "saved.dcs";
-  run.platform.save_answers.push_back(ChosenFile{path, "saved.dcs"});
-  ASSERT_EQ(SaveDataFileAs(run.data, run.platform), SaveOutcome::kSaved);
+  ASSERT_EQ(SaveDataFileTo(run.data, run.platform, path), SaveOutcome::kSaved);
   DataSet data;
-  run.platform.open_answers.push_back(ChosenFile{path, "saved.dcs"});
-  ASSERT_EQ(LoadDataFile(data, run.platform), LoadOutcome::kLoaded);
+  ASSERT_EQ(LoadDataFile(data, run.platform, path, FilePick::kPicked), LoadOutcome::kLoaded);
   ASSERT_EQ(data.VariableCount, 6u);
   ASSERT_EQ(data.RecordCount, 15u);
   EXPECT_EQ(data.VariableName(5), "Pi-Y");

@@ -343,6 +343,35 @@ TEST_F(RunTest, TheKindOfRegressionDecides) {
   EXPECT_NE(output.MostRecentText.find("Logistic Regression Comparison for Y = V1"), std::string::npos);
 }
 
+// A run that begins forgets the charts of the one before it, whether or not a report comes of it.
+TEST_F(RunTest, ARefusalOnTheWayLeavesNoChart) {
+  const auto run_with_chart = [&] {
+    Select(Procedure::kFrequencies, {1});
+    RunNow();
+    ASSERT_FALSE(charts.charts.empty());
+  };
+  run_with_chart();
+  Select(Procedure::kCrosstabulation, {1});
+  EXPECT_TRUE(RunNow().refused);  // there is no independent variable
+  EXPECT_TRUE(charts.charts.empty());
+  EXPECT_EQ(charts.kind, ChartKind::kNone);
+  run_with_chart();
+  Select(Procedure::kNone, {1});
+  EXPECT_TRUE(RunNow().refused);
+  EXPECT_TRUE(charts.charts.empty());
+}
+
+// Without an analysis variable a run does not even begin.
+TEST_F(RunTest, ARefusalAheadOfTheRunLeavesTheCharts) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  const std::size_t count = charts.charts.size();
+  ASSERT_GT(count, 0u);
+  Select(Procedure::kFrequencies, {});
+  EXPECT_TRUE(RunNow().refused);
+  EXPECT_EQ(charts.charts.size(), count);
+}
+
 TEST_F(RunTest, SavedResidualsAreAmongTheVariablesAtOnce) {
   Select(Procedure::kRegression, {1}, {2});
   panel.checks.Check1 = true;

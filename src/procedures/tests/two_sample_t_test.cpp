@@ -263,6 +263,27 @@ TEST(TTest, BelowFiveDegreesOfFreedomNoPIsComputed) {
   EXPECT_TRUE(Contains(report, "Unequal Variance         -1.2250        4.00                0.0001\r\n"));
 }
 
+// Two samples of one case have no degree of freedom: neither p can be computed, and both are told as the smallest one.
+TEST(TTest, APThatCannotBeComputedIsToldAsTheSmallestOne) {
+  const TTestSample one{.n = 1, .mean = 5, .squares = 0};
+  const TTestSample two{.n = 1, .mean = 7, .squares = 0};
+  const TTestResult result = ComputeTTest(one, two);
+  EXPECT_EQ(result.equal_df.value(), 0);
+  EXPECT_EQ(result.equal.p, "0.0001");
+  EXPECT_EQ(result.unequal.p, "0.0001");
+}
+
+// A sample without spread leaves the degrees of freedom of the other: six cases have 5, which are enough. The figure is
+// that of the closed form for an odd number of degrees, of t = 2.449: .058007.
+TEST(TTest, FiveDegreesOfFreedomAreEnough) {
+  const TTestSample one{.n = 10, .mean = 10, .squares = 0};
+  const TTestSample two{.n = 6, .mean = 8, .squares = 20};
+  const TTestResult result = ComputeTTest(one, two);
+  EXPECT_EQ(result.unequal_df, "5.00");
+  EXPECT_EQ(result.unequal.t, "2.449");
+  EXPECT_EQ(result.unequal.p, "0.0580");
+}
+
 // The degrees of freedom are 6.5002, which is 6.50 as a text and 6 as an even number: p 0.2410. With 7 it is 0.2344.
 TEST(TTest, DegreesOfFreedomAreRoundedToEvenFromTheirText) {
   const TTestSample one{.n = 6, .mean = 3.5, .squares = 100};
@@ -324,6 +345,9 @@ TEST(TTest, EachSampleLeavesAHistogram) {
   EXPECT_EQ(*one.values, (std::vector<double>{12.5, 14, 15.25, 11, 13.5, 16}));
   EXPECT_EQ(run.charts.charts[1].title, "Group 2 (Female, grown)");
   EXPECT_EQ(*run.charts.charts[1].values, (std::vector<double>{9, 10.5, 8.25, 11, 12, 7.5, 10}));
+  // Their pictures can be compared: they have the same axes.
+  EXPECT_EQ(run.charts.charts[0].beside, run.charts.charts[1].values);
+  EXPECT_EQ(run.charts.charts[1].beside, run.charts.charts[0].values);
 }
 
 TEST(TTest, SeveralVariablesOrAnErrorLeaveNoChart) {

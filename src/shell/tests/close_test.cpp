@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/session.h"
+#include "shell/close_request.h"
 #include "shell/tests/session_fixture.h"
 
 namespace tessara {
@@ -124,6 +124,25 @@ TEST_F(CloseTest, CancelAtTheSecondQuestionKeepsTheDataInTheGrid) {
   platform.message_answers = {Answer::kNo, Answer::kCancel};
   EXPECT_FALSE(RequestClose(session));
   EXPECT_EQ(session.data.VariableName(1), "AGE");
+  EXPECT_TRUE(session.data.DataDirty);
+  EXPECT_TRUE(session.output.OutputChanged);
+  // So the next request asks both again.
+  platform.message_answers = {Answer::kNo, Answer::kNo};
+  EXPECT_TRUE(RequestClose(session));
+  ExpectBoxes({data_question, output_question, data_question, output_question});
+  EXPECT_FALSE(session.data.DataDirty);
+  EXPECT_FALSE(session.output.OutputChanged);
+}
+
+TEST_F(CloseTest, YesAtTheSecondQuestionKeepsTheChangedData) {
+  session.data.DataDirty = true;
+  MakeOutputChanged();
+  platform.message_answers = {Answer::kNo, Answer::kYes};
+  platform.save_answers = {Chosen(folder / "output.txt")};
+  EXPECT_FALSE(RequestClose(session));
+  EXPECT_TRUE(session.data.DataDirty);
+  EXPECT_EQ(session.data.VariableName(1), "AGE");
+  EXPECT_FALSE(session.output.OutputChanged);
 }
 
 }  // namespace

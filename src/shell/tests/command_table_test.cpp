@@ -149,21 +149,28 @@ class CommandTest : public SessionFixture {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--o++ooo"},
-      {107, "++++++++"}, {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"},
-      {211, "---o----"}, {350, "---+----"}, {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"},
-      {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"}, {504, "oooooooo"}, {505, "oooooooo"},
-      {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"}, {608, "++++++++"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--o++ooo"}, {107, "++++++++"},
+      {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"}, {211, "---o----"}, {350, "---+----"},
+      {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
+      {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
+      {608, "++++++++"}, {214, "---o----"}, {215, "---o----"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
 
 TEST_F(CommandTest, StatesByViewWithOutputASelectionAndAFullClipboard) {
   Report("report");
-  widgets = {.output_has_selection = true, .clipboard_has_text = true};
-  const std::pair<int, const char*> expected[] = {
-      {204, "+--+----"}, {205, "+--+-o--"}, {206, "o--+-o--"}, {213, "o--+-o--"}, {211, "---+----"}};
+  widgets = {.output_has_selection = true, .clipboard_has_text = true, .can_undo = true, .can_redo = true};
+  const std::pair<int, const char*> expected[] = {{204, "+--+----"}, {205, "+--+-o--"}, {206, "o--+-o--"},
+                                                  {213, "o--+-o--"}, {211, "---+----"}, {214, "---+----"},
+                                                  {215, "---+----"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
+}
+
+TEST_F(CommandTest, UndoAndRedoAreLeftToTheSheet) {
+  EXPECT_EQ(Execute(214, View::ViewOutput), WidgetAction::kUndo);
+  EXPECT_EQ(Execute(215, View::ViewOutput), WidgetAction::kRedo);
+  EXPECT_EQ(Execute(214, View::ViewStatProcs), WidgetAction::kNone);
 }
 
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
@@ -205,7 +212,7 @@ TEST_F(CommandTest, AnUnknownNumberDoesNothing) {
 }
 
 TEST_F(CommandTest, NewInTheDataGridMakesAnEmptyDataSet) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.data.DataDirty = true;
   Execute(101, View::ViewDataGrid);
   EXPECT_EQ(session.data.RecordCount, 1000u);
@@ -216,7 +223,7 @@ TEST_F(CommandTest, NewInTheDataGridMakesAnEmptyDataSet) {
 }
 
 TEST_F(CommandTest, NewOnThePanelResetsIt) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
   session.panel.IndependentVariables = {2};
   session.data.RoleVariable[kControlRole] = 1;
@@ -264,8 +271,23 @@ TEST_F(CommandTest, OpenAsksForAFileOfTheView) {
   EXPECT_EQ(platform.open_dialogs.size(), 2u);
 }
 
+TEST_F(CommandTest, AnOutputThatWasNotSavedIsNotSaidToBe) {
+  Report("report");
+  platform.panes[1] = "Ready";
+  Execute(103, View::ViewOutput);  // cancelled
+  EXPECT_EQ(platform.panes[1], "Ready");
+  EXPECT_TRUE(platform.messages.empty());
+
+  platform.save_answers = {Chosen(folder / "no such folder" / "output.txt")};
+  Execute(103, View::ViewOutput);
+  EXPECT_EQ(platform.panes[1], "Ready");
+  EXPECT_TRUE(session.output.OutputChanged);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Save Aborted!");
+}
+
 TEST_F(CommandTest, SaveSaysSaveCompletedInBothViews) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.data.DataFilePath = folder / "people.dcs";
   session.data.DataDirty = true;
   Execute(103, View::ViewDataGrid);
@@ -326,7 +348,7 @@ TEST_F(CommandTest, PrintInTheChartsSaysWhereAChartIsPrinted) {
 }
 
 TEST_F(CommandTest, RunRunsOnThePanelAlone) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kFrequencies);
   session.panel.SelectedVariables = {1};
   Execute(308, View::ViewDataGrid);

@@ -45,6 +45,8 @@ class SessionFixture : public testing::Test {
   }
   static ChosenFile Chosen(const Path& path) { return {path, path.filename().string()}; }
 
+  LoadOutcome Open(const Path& path) { return OpenDataFile(session, path, FilePick::kPicked); }
+
   // Puts a report into the output log.
   void Report(const std::string& text) {
     session.output.ReportText = text;

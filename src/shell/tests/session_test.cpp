@@ -54,7 +54,6 @@ TEST_F(StartTest, ADataFileOfTheCommandLineIsOpenedWithoutAsking) {
   // The path stays the folder of data files; the title is the whole path.
   EXPECT_EQ(session.data.DataFilePath, platform.program_folder / "Data");
   EXPECT_EQ(session.data.DataFileTitle, file.string());
-  EXPECT_TRUE(session.data.WaitingPath.empty());
 }
 
 TEST_F(StartTest, ACommandLineFileThatIsNotThereLeavesTheEmptyDataSet) {
@@ -79,8 +78,25 @@ TEST_F(StartTest, ADocumentsFolderThatCannotBeMadeDoesNotEndTheStart) {
   EXPECT_EQ(platform.panes[1], "Ready");
 }
 
+TEST_F(StartTest, TheWorkingFolderIsThatOfTheUsersData) {
+  StartSession(session, {});
+  EXPECT_EQ(platform.entered_folders,
+            (std::vector<Path>{platform.program_folder, platform.documents_folder / "Tessara Data"}));
+}
+
+TEST_F(StartTest, ARelativePathOfTheCommandLineMeansTheFolderOfTheCall) {
+  const Path file = WriteDataFile("people.dcs");
+  const Path relative = file.lexically_relative(std::filesystem::current_path());
+  ASSERT_TRUE(relative.is_relative());
+  StartSession(session, relative);
+  EXPECT_EQ(session.data.RecordCount, 2u);
+  EXPECT_TRUE(session.data.LoadedFile.is_absolute());
+  EXPECT_EQ(session.data.DataFileTitle, session.data.LoadedFile.string());
+}
+
 TEST_F(StartTest, TheBatchProgramTouchesNoDocuments) {
   StartBatchSession(session);
+  EXPECT_TRUE(platform.entered_folders.empty());
   EXPECT_TRUE(std::filesystem::is_empty(platform.documents_folder));
   EXPECT_EQ(session.data.RecordCount, 1000u);
   EXPECT_EQ(session.data.DataFilePath, platform.program_folder / "Data");
@@ -102,8 +118,7 @@ TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControl) {
   session.panel.IndependentVariables = {3};
   session.data.SelectedVariableCount = 2;
   session.data.RoleVariable[kControlRole] = 2;
-  platform.open_answers = {Chosen(WriteDataFile("people.dcs"))};
-  EXPECT_EQ(OpenDataFile(session), LoadOutcome::kLoaded);
+  EXPECT_EQ(Open(WriteDataFile("people.dcs")), LoadOutcome::kLoaded);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
   EXPECT_TRUE(session.panel.IndependentVariables.empty());
   EXPECT_EQ(session.data.SelectedVariableCount, 0u);
@@ -112,18 +127,9 @@ TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControl) {
   EXPECT_EQ(platform.panes[2], "2 Records");
 }
 
-TEST_F(SessionTest, ACancelledOpenLeavesListsAndPanes) {
-  session.panel.SelectedVariables = {1};
-  platform.panes[1] = "Save Completed";
-  EXPECT_EQ(OpenDataFile(session), LoadOutcome::kCancelled);
-  EXPECT_EQ(session.panel.SelectedVariables.size(), 1u);
-  EXPECT_EQ(platform.panes[1], "Save Completed");
-}
-
 TEST_F(SessionTest, AnEmptyFileIsToldInThePaneAndLeavesTheData) {
   session.panel.SelectedVariables = {1};
-  platform.open_answers = {Chosen(WriteFile("empty.dcs", ""))};
-  EXPECT_EQ(OpenDataFile(session), LoadOutcome::kEmptyFile);
+  EXPECT_EQ(Open(WriteFile("empty.dcs", "")), LoadOutcome::kEmptyFile);
   EXPECT_EQ(platform.panes[1], "empty.dcs is empty");
   EXPECT_TRUE(platform.messages.empty());
   EXPECT_EQ(session.data.RecordCount, 1000u);
@@ -131,48 +137,30 @@ TEST_F(SessionTest, AnEmptyFileIsToldInThePaneAndLeavesTheData) {
 }
 
 TEST_F(SessionTest, AFileThatCannotBeReadIsToldInThePane) {
-  platform.open_answers = {Chosen(folder / "gone.dcs")};
-  EXPECT_EQ(OpenDataFile(session), LoadOutcome::kUnreadable);
-  EXPECT_EQ(platform.panes[1], "Cannot open this file");
+  EXPECT_EQ(Open(folder / "gone.dcs"), LoadOutcome::kUnreadable);
+  EXPECT_EQ(platform.panes[1], "Cannot open gone.dcs");
   EXPECT_TRUE(platform.messages.empty());
-  // A path that came without a dialog is named, in the code page of the panes.
-  EXPECT_EQ(OpenDataFile(session, PathFromUtf8("/nowhere/\xC3\xA9t\xC3\xA9.dcs")), LoadOutcome::kUnreadable);
+  // In the code page of the panes.
+  EXPECT_EQ(Open(PathFromUtf8("/nowhere/\xC3\xA9t\xC3\xA9.dcs")), LoadOutcome::kUnreadable);
   EXPECT_EQ(platform.panes[1], "Cannot open \xE9t\xE9.dcs");
 }
 
 TEST_F(SessionTest, ALoadBehindAFailedOneIsReadyAgain) {
-  OpenDataFile(session, folder / "gone.dcs");
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(folder / "gone.dcs");
+  Open(WriteDataFile("people.dcs"));
   EXPECT_EQ(platform.panes[1], "Ready");
 }
 
-TEST_F(SessionTest, SavingAlwaysSaysSaveCompleted) {
-  EXPECT_EQ(SaveData(session), SaveOutcome::kCancelled);
-  EXPECT_EQ(platform.panes[1], "Save Completed");
-
-  platform.panes[1].clear();
-  platform.save_answers = {Chosen(folder / "no such folder" / "x.dcs")};
-  EXPECT_EQ(SaveData(session), SaveOutcome::kFailed);
-  EXPECT_EQ(platform.panes[1], "Save Completed");
-
-  platform.panes[1].clear();
-  platform.save_answers = {Chosen(folder / "x.dcs")};
-  EXPECT_EQ(SaveData(session), SaveOutcome::kSaved);
-  EXPECT_EQ(platform.panes[1], "Save Completed");
-  EXPECT_TRUE(std::filesystem::exists(folder / "x.dcs"));
-}
-
 TEST_F(SessionTest, SaveAsMovesThePathAndTheGridTitle) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
-  platform.save_answers = {Chosen(folder / "copy.dcs")};
-  EXPECT_EQ(SaveDataAs(session), SaveOutcome::kSaved);
+  Open(WriteDataFile("people.dcs"));
+  EXPECT_EQ(SaveDataTo(session, folder / "copy.dcs"), SaveOutcome::kSaved);
   EXPECT_EQ(session.data.DataFilePath, folder / "copy.dcs");
   EXPECT_EQ(session.data.GridTitle, "copy.dcs");
   EXPECT_EQ(ReadFile(folder / "copy.dcs"), ReadFile(folder / "people.dcs"));
 }
 
 TEST_F(SessionTest, NewDataResetThePanelToo) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
   session.data.SelectedVariableCount = 1;
   session.data.RoleVariable[kControlRole] = 2;
@@ -199,7 +187,7 @@ TEST_F(SessionTest, AChangeOfTheNotesMarksTheDataChanged) {
 }
 
 TEST_F(SessionTest, ARunBringsTheOutputToTheFrontWhenTheSettingsSaySo) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kFrequencies);
   session.panel.SelectedVariables = {1};
   EXPECT_FALSE(RunPanel(session).refused);
@@ -212,7 +200,7 @@ TEST_F(SessionTest, ARunBringsTheOutputToTheFrontWhenTheSettingsSaySo) {
 }
 
 TEST_F(SessionTest, ARunThatEndsInTheErrorFrameShowsIt) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kTTest);  // without the values of its groups
   session.panel.SelectedVariables = {1};
   session.panel.IndependentVariables = {2};
@@ -226,7 +214,7 @@ TEST_F(SessionTest, ARefusedRunStaysInItsView) {
 }
 
 TEST_F(SessionTest, AVariableThatARunAddsIsCounted) {
-  OpenDataFile(session, WriteDataFile("people.dcs"));
+  Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kDescriptives);
   session.panel.checks.Check2 = true;  // save z-scores
   session.panel.SelectedVariables = {1};

@@ -24,6 +24,7 @@
 
 #include "numerics/number_text.h"
 #include "window/charts/chart_text.h"
+#include "window/charts/counted_dots.h"
 #include "window/charts/point_cloud.h"
 #include "window/widgets/text.h"
 
@@ -72,16 +73,6 @@ QString NumberFormat(double low, double high, double step) {
   return QString("%.%1f").arg(decimals);
 }
 
-// From a round number at or below the least value to one at or above the greatest.
-void MakeNice(QValueAxis* axis, double low, double high, int steps, double least_step) {
-  const double step = std::max(NiceStep((high - low) / steps), least_step);
-  const double first = std::floor(low / step) * step;
-  const double last = std::ceil(high / step) * step;
-  axis->setRange(first, last);
-  axis->setTickCount(static_cast<int>(std::round((last - first) / step)) + 1);
-  axis->setLabelFormat(NumberFormat(first, last, step));
-}
-
 // From the least value to the greatest, with its marks at round numbers between them.
 void MakeTight(QValueAxis* axis, double low, double high, int steps) {
   const double step = NiceStep((high - low) / steps);
@@ -94,7 +85,7 @@ void MakeTight(QValueAxis* axis, double low, double high, int steps) {
 }
 
 double LargestValue(const Chart& chart) {
-  double largest = 0;
+  double largest = chart.axes ? chart.axes->most : 0;
   for (const Chart::Series& series : chart.series) {
     for (const double value : series.values) largest = std::max(largest, value);
   }
@@ -108,6 +99,15 @@ bool HasWholeValues(const Chart& chart) {
 }
 
 }  // namespace
+
+void MakeNice(QValueAxis* axis, double low, double high, int steps, double least_step) {
+  const double step = std::max(NiceStep((high - low) / steps), least_step);
+  const double first = std::floor(low / step) * step;
+  const double last = std::ceil(high / step) * step;
+  axis->setRange(first, last);
+  axis->setTickCount(static_cast<int>(std::round((last - first) / step)) + 1);
+  axis->setLabelFormat(NumberFormat(first, last, step));
+}
 
 ChartColours ColoursOfPalette(const QPalette& palette) {
   ChartColours colours;
@@ -129,6 +129,8 @@ DrawnChart::DrawnChart(const Chart& chart, const ChartColours& colours, const QF
     AddPoints();
   } else if (labels_.isEmpty() || chart.series.empty()) {
     ShowEmptyPlot();
+  } else if (chart.axes && chart.type == tessara::ChartType::kHistogram) {
+    AddIntervals();
   } else if (labels_.size() * static_cast<qsizetype>(chart.series.size()) > kMostBars) {
     AddOutlines();
   } else {
@@ -154,15 +156,22 @@ void DrawnChart::SetAppearance(const QFont& type) {
   legend()->setFont(font());
   legend()->setLabelColor(colours_.text);
 
-  const int gap = qCeil(QFontMetricsF(font()).height() * 0.7);
-  QMargins margins(gap, gap, gap, gap);
-  if (!chart_.footnote.empty()) {
-    footnote_ = new QGraphicsSimpleTextItem(this);
-    footnote_->setFont(font());
-    footnote_->setBrush(colours_.text);
-    margins.setBottom(gap + qCeil(QFontMetricsF(font()).height() * 1.4));
-  }
-  setMargins(margins);
+  if (!chart_.footnote.empty()) footnote_ = MakeLine();
+  SetMarginsOfPlot();
+}
+
+QGraphicsSimpleTextItem* DrawnChart::MakeLine() {
+  auto* line = new QGraphicsSimpleTextItem(this);
+  line->setFont(font());
+  line->setBrush(colours_.text);
+  return line;
+}
+
+// The lines below the plot stand in its margin.
+void DrawnChart::SetMarginsOfPlot() {
+  const qreal line = QFontMetricsF(font()).height();
+  const int gap = qCeil(line * 0.7);
+  setMargins(QMargins(gap, gap, gap, gap + qCeil(line * LinesBelow())));
 }
 
 QBarCategoryAxis* DrawnChart::MakeCategoryAxis() {
@@ -307,21 +316,40 @@ void DrawnChart::AddPoints() {
   points_range_ = RangeOfPoints(chart_);
   MakeValueAxis(Qt::AlignBottom, chart_.horizontal_title);
   MakeValueAxis(Qt::AlignLeft, chart_.vertical_title);
+  legend()->hide();
+  const std::optional<QList<CountedDot>> places = PlacesOfPoints(chart_);
+  if (!places) {
+    AddCloud();
+  } else if (places->size() < static_cast<qsizetype>(PointCount(chart_))) {
+    AddDots(*places);
+  }
   SetPointsRange({kMarginOfPoints, kMarginOfPoints}, kSteps);
   auto* points = new QScatterSeries(this);
-  const QColor colour = colours_.series[0];
-  QColor translucent = colour;
+  QColor translucent = colours_.series[0];
   translucent.setAlphaF(0.7F);
   points->setColor(translucent);
   points->setBorderColor(Qt::transparent);
-  legend()->hide();
-  const bool single = !chart_.x || chart_.x->size() <= kMostSinglePoints;
-  if (single) points->replace(SinglePoints(chart_));
+  if (!cloud_ && !dots_) points->replace(SinglePoints(chart_));
   points->setMarkerSize(points->count() <= kFewPoints ? kLargestMarker : kSmallestMarker);
   Attach(points);
-  if (single) return;
-  cloud_ = new PointCloud(this, PictureOfPoints(chart_, points_range_, colour), points_range_);
+}
+
+void DrawnChart::AddCloud() {
+  cloud_ = new PointCloud(this, PictureOfPoints(chart_, points_range_, colours_.series[0]), points_range_);
   connect(this, &QChart::plotAreaChanged, this, [this] { cloud_->Place(); });
+  ShowKey(tr("The stronger the colour, the more cases"));
+}
+
+void DrawnChart::AddDots(const QList<CountedDot>& places) {
+  dots_ = new CountedDots(this, places, colours_.series[0]);
+  connect(this, &QChart::plotAreaChanged, this, [this] { dots_->Place(); });
+  ShowKey(tr("The area of a dot shows its cases: the largest holds %1").arg(dots_->most()));
+}
+
+void DrawnChart::ShowKey(const QString& text) {
+  key_text_ = text;
+  key_ = MakeLine();
+  SetMarginsOfPlot();
 }
 
 // With a margin on every side, a share of the points' own range.

@@ -32,6 +32,11 @@ struct ChartColours {
 ChartColours ColoursOfPalette(const QPalette& palette);
 ChartColours ColoursOfPaper();
 
+// From a round number at or below the least value to one at or above the greatest, with marks between them.
+void MakeNice(QValueAxis* axis, double low, double high, int steps, double least_step);
+
+class CountedDots;
+struct CountedDot;
 class PointCloud;
 
 // The drawing of one chart at any size. Category labels turn, are cut and thin out as the room gets narrow.
@@ -44,16 +49,30 @@ class DrawnChart : public QChart {
 
   // The categories as the axis shows them now, without what tells equal ones apart; an empty text for one left out.
   QStringList ShownLabels() const;
+  // Where the footnote stands, and the lowest line of what belongs to the axis above it.
+  QRectF FootnotePlace() const;
+  qreal AxisTextsBottom() const;
+  // The dots of a scatter chart in which cases share places; nullptr of any other.
+  const CountedDots* dots() const { return dots_; }
+  // What the line below the plot says of the points; empty where each stands for itself.
+  QString key() const { return key_text_; }
 
  protected:
   void resizeEvent(QGraphicsSceneResizeEvent* event) override;
 
  private:
   void SetAppearance(const QFont& type);
+  void SetMarginsOfPlot();
+  QGraphicsSimpleTextItem* MakeLine();
+  qreal LinesBelow() const;
   void AddBars();
   void AddLine();
   void AddOutlines();
   void AddPoints();
+  void AddDots(const QList<CountedDot>& places);
+  void AddCloud();
+  void AddIntervals();
+  void ShowKey(const QString& text);
   void ShowEmptyPlot();
   void Attach(QAbstractSeries* series);
   QBarCategoryAxis* MakeCategoryAxis();
@@ -70,7 +89,9 @@ class DrawnChart : public QChart {
   QString TurnedLabel(qsizetype category) const;
   qreal RoomForTurnedLabels() const;
   void FitTitles();
+  void FitLinesBelow();
   void FitValueAxes();
+  void FitIntervalAxis();
 
   Chart chart_;
   ChartColours colours_;
@@ -81,10 +102,13 @@ class DrawnChart : public QChart {
   QValueAxis* horizontal_ = nullptr;
   QValueAxis* vertical_ = nullptr;
   QGraphicsSimpleTextItem* footnote_ = nullptr;
+  QGraphicsSimpleTextItem* key_ = nullptr;
+  QString key_text_;
   QRectF points_range_;  // of a scatter chart
   bool has_axis_titles_ = true;
   qreal label_height_ = 0;  // of the categories' labels below the plot
   PointCloud* cloud_ = nullptr;
+  CountedDots* dots_ = nullptr;
 };
 
 // Paints a chart as a drawing of that size, scaled into a place of the painter's device.

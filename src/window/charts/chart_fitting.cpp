@@ -9,6 +9,8 @@
 
 #include "window/charts/chart_drawing.h"
 #include "window/charts/chart_text.h"
+#include "window/charts/counted_dots.h"
+#include "window/charts/point_cloud.h"
 #include "window/widgets/text.h"
 
 // How the texts of a chart find their place when its size changes.
@@ -54,21 +56,58 @@ void DrawnChart::FitTitles() {
     return type.elidedText(ToQt(text), Qt::ElideRight, std::max<qreal>(room, 1));
   };
   setTitle(Plain(cut(QFontMetricsF(titleFont()), chart_.title, size().width() - 2 * gap)));
-  const qreal height = size().height() - (legend()->isVisible() ? kLinesOfLegend * gap : 0) -
-                       (footnote_ ? kLinesOfFootnote * gap : 0) - 2 * std::max<qreal>(label_height_ - gap, 0);
+  const qreal height = size().height() - (legend()->isVisible() ? kLinesOfLegend * gap : 0) - LinesBelow() * gap -
+                       2 * std::max<qreal>(label_height_ - gap, 0);
   const bool low = height < kLeastTitledLines * gap;
   has_axis_titles_ = !low;
   const QString across = low ? QString() : Plain(cut(metrics, chart_.horizontal_title, size().width() - 4 * gap));
   if (categories_) categories_->setTitleText(across);
   if (sparse_) sparse_->setTitleText(shares_columns_ ? Plain(SharedColumnsTitle()) : across);
-  if (horizontal_ && chart_.type == tessara::ChartType::kScatter) horizontal_->setTitleText(across);
+  if (horizontal_) horizontal_->setTitleText(across);
   if (vertical_)
     vertical_->setTitleText(low ? QString() : Plain(cut(metrics, chart_.vertical_title, height - 6 * gap)));
-  if (footnote_) {
-    footnote_->setText(cut(metrics, chart_.footnote, size().width() - 2 * gap));
-    footnote_->setPos(gap, size().height() - metrics.height() * 1.5);
-  }
+  FitLinesBelow();
 }
+
+// As many marks as stand side by side with room between them.
+void DrawnChart::FitIntervalAxis() {
+  const Chart::Axes range = DrawableAxes(*chart_.axes);
+  const QFontMetricsF metrics(font());
+  MakeNice(horizontal_, range.low, range.high, kMostMarks, 0);
+  const auto width = [&](double mark) {
+    return metrics.horizontalAdvance(QString::asprintf(horizontal_->labelFormat().toLatin1(), mark));
+  };
+  const qreal mark = std::max(width(horizontal_->min()), width(horizontal_->max())) + metrics.height();
+  const qreal room = size().width() - kLinesBesidePlot * metrics.height();
+  MakeNice(horizontal_, range.low, range.high, std::clamp(static_cast<int>(room / mark) - 1, 1, kMostMarks), 0);
+}
+
+// What the points mean, and below it the footnote, each on a line of its own below all that belongs to the axes.
+void DrawnChart::FitLinesBelow() {
+  const QFontMetricsF metrics(font());
+  const qreal gap = metrics.height();
+  qreal y = size().height();
+  const auto place = [&](QGraphicsSimpleTextItem* line, const QString& text) {
+    if (!line) return;
+    y -= gap * kLinesOfFootnote;
+    line->setText(metrics.elidedText(text, Qt::ElideRight, std::max<qreal>(size().width() - 2 * gap, 1)));
+    line->setPos(gap, y);
+  };
+  place(footnote_, ToQt(chart_.footnote));
+  place(key_, key_text_);
+}
+
+QRectF DrawnChart::FootnotePlace() const {
+  return footnote_ ? footnote_->boundingRect().translated(footnote_->pos()) : QRectF();
+}
+
+// The plot has its axis' labels and title below it.
+qreal DrawnChart::AxisTextsBottom() const {
+  const qreal title = has_axis_titles_ && !chart_.horizontal_title.empty() ? kLinesOfAxisTitle : 0;
+  return plotArea().bottom() + label_height_ + title * QFontMetricsF(font()).height();
+}
+
+qreal DrawnChart::LinesBelow() const { return ((footnote_ ? 1 : 0) + (key_ ? 1 : 0)) * kLinesOfFootnote; }
 
 // As many marks as the height has room for, and points that stand clear of the frame.
 void DrawnChart::FitValueAxes() {
@@ -77,17 +116,18 @@ void DrawnChart::FitValueAxes() {
   const qreal line = QFontMetricsF(font()).height();
   qreal lines = size().height() / line - kLinesOfTitle - std::max(label_height_ / line, 1.0);
   if (legend()->isVisible()) lines -= kLinesOfLegend;
-  if (footnote_) lines -= kLinesOfFootnote;
+  lines -= LinesBelow();
   if (has_axis_titles_) lines -= kLinesOfAxisTitle;
   // Beside a low plot there is no title rather than half of one.
   const qreal title = QFontMetricsF(font()).horizontalAdvance(ToQt(chart_.vertical_title));
   if (lines < kLinesOfCutTitles && title > lines * line) vertical_->setTitleText(QString());
   const int steps = std::clamp(static_cast<int>(lines / kLinesOfAMark), 1, kMostMarks);
+  if (chart_.axes) FitIntervalAxis();
   if (!scatter) return SetCountRange(steps);
   const qreal width = std::max(size().width() - kLinesBesidePlot * line, line);
   const qreal height = std::max(lines, 1.0) * line;
-  SetPointsRange({std::max(kLeastMargin, kRoomOfAPoint / width), std::max(kLeastMargin, kRoomOfAPoint / height)},
-                 steps);
+  const qreal room = dots_ ? DiameterOfDot(dots_->most(), dots_->most()) / 2 + 1 : kRoomOfAPoint;
+  SetPointsRange({std::max(kLeastMargin, room / width), std::max(kLeastMargin, room / height)}, steps);
 }
 
 QString DrawnChart::SharedColumnsTitle() const {

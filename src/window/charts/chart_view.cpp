@@ -6,6 +6,7 @@
 
 #include "window/charts/chart_drawing.h"
 #include "window/widgets/follow_font.h"
+#include "window/widgets/hint_label.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -15,14 +16,21 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent) {
   setFrameShape(QFrame::NoFrame);
   setRenderHint(QPainter::Antialiasing);
   viewport()->setMouseTracking(true);  // for the hints over bars
-  FollowFont(this, [this] { setMinimumSize(fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 9); });
-  words_ = new QLabel(viewport());
+  words_ = new HintLabel(QPalette::Text, viewport());
   words_->setObjectName("EmptyText");
   words_->setAlignment(Qt::AlignCenter);
   words_->setWordWrap(true);
-  words_->setForegroundRole(QPalette::PlaceholderText);
   words_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  FollowFont(this, [this] { SetLow(low_); });
   ShowNothing({});
+}
+
+void ChartView::SetLow(bool low) {
+  const int line = fontMetrics().height();
+  setMinimumSize(low ? 0 : fontMetrics().averageCharWidth() * 30, low ? line * 2 : line * 9);
+  setMaximumHeight(low ? line * 2 : QWIDGETSIZE_MAX);
+  low_ = low;
+  PlaceWords();
 }
 
 void ChartView::Show(const Chart& chart) {
@@ -101,7 +109,11 @@ void ChartView::paintEvent(QPaintEvent* event) {
 
 void ChartView::resizeEvent(QResizeEvent* event) {
   QChartView::resizeEvent(event);
-  const int gap = fontMetrics().height();
+  PlaceWords();
+}
+
+void ChartView::PlaceWords() {
+  const int gap = low_ ? 0 : fontMetrics().height();
   words_->setGeometry(viewport()->rect().adjusted(gap, gap, -gap, -gap));
 }
 

@@ -22,6 +22,8 @@ class ChartView : public QChartView {
   // No chart, and words that say how there will be one.
   void ShowNothing(const QString& words);
   bool has_chart() const { return has_chart_; }
+  // No higher than its words need.
+  void SetLow(bool low);
 
  signals:
   void Opened();
@@ -38,9 +40,11 @@ class ChartView : public QChartView {
 
  private:
   void Draw();
+  void PlaceWords();
 
   Chart shown_;
   bool has_chart_ = false;
+  bool low_ = false;
   QLabel* words_ = nullptr;
 };
 

@@ -30,6 +30,7 @@ class Charts1 : public ViewForm {
 
  private:
   void ShowCharts();
+  void AddMenu(std::size_t view);
   void ArrangeViews(std::size_t count);
   QString EmptyWords() const;
   void OpenChart(std::size_t view);

@@ -23,15 +23,18 @@ struct Range {
   double high = 1;
 };
 
-Range RangeOf(const std::vector<double>& values, std::size_t count) {
-  if (count == 0) return {};
-  const auto [least, greatest] =
-      std::minmax_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count));
-  const Range range{Within(*least), Within(*greatest)};
+Range WideEnough(const Range& range) {
   const double size = std::max(std::abs(range.low), std::abs(range.high));
   if (range.high - range.low > std::max(size * kLeastSpread, kLeastRange)) return range;
   const double room = size > kLeastRange / kLeastSpread ? size / 10 : 1;
   return {Within(range.low - room), Within(range.high + room)};
+}
+
+Range RangeOf(const std::vector<double>& values, std::size_t count) {
+  if (count == 0) return {};
+  const auto [least, greatest] =
+      std::minmax_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count));
+  return WideEnough({Within(*least), Within(*greatest)});
 }
 
 std::size_t CellOf(double value, double low, double width, int cells) {
@@ -40,6 +43,13 @@ std::size_t CellOf(double value, double low, double width, int cells) {
 }
 
 }  // namespace
+
+QPointF DrawablePoint(double x, double y) { return {Within(x), Within(y)}; }
+
+Chart::Axes DrawableAxes(Chart::Axes axes) {
+  const Range range = WideEnough({Within(axes.low), Within(axes.high)});
+  return {range.low, range.high, axes.most};
+}
 
 QRectF RangeOfPoints(const Chart& chart) {
   const std::size_t count = PointCount(chart);
@@ -51,7 +61,7 @@ QRectF RangeOfPoints(const Chart& chart) {
 
 QList<QPointF> SinglePoints(const Chart& chart) {
   QList<QPointF> points;
-  for (std::size_t i = 0; i < PointCount(chart); ++i) points += QPointF(Within((*chart.x)[i]), Within((*chart.y)[i]));
+  for (std::size_t i = 0; i < PointCount(chart); ++i) points += DrawablePoint((*chart.x)[i], (*chart.y)[i]);
   return points;
 }
 

@@ -18,6 +18,11 @@ namespace tessara {
 
 inline constexpr std::size_t kMostSinglePoints = 3000;
 
+// A point within the limits that an axis can be drawn in.
+QPointF DrawablePoint(double x, double y);
+// A range that an axis can be drawn in: within those limits, and wide enough to be one.
+Chart::Axes DrawableAxes(Chart::Axes axes);
+
 // The ranges of the points, in the limits within which an axis can be drawn, and wide enough to be one.
 QRectF RangeOfPoints(const Chart& chart);
 

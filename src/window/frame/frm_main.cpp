@@ -17,6 +17,7 @@
 #include <array>
 
 #include "platform/files.h"
+#include "shell/close_request.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
 #include "window/frame/about_box.h"
@@ -96,7 +97,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   StartSession(session_, start.command_line_file);
 
   recent_files_ = std::make_unique<RecentFiles>(store, this);
-  connect(recent_files_.get(), &RecentFiles::Chosen, this, [this](const QString& file) { OpenFile(PathFromQt(file)); });
+  connect(recent_files_.get(), &RecentFiles::Chosen, this, &FrmMain::OpenFile);
   bars_ = std::make_unique<CommandBars>(*this, [this](int id) { Execute(id); });
   BuildWorkspace();
   bars_->InsertBehind(kOpenCommand, {recent_files_->menu()->menuAction()});
@@ -116,6 +117,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
 
 FrmMain::~FrmMain() {
   platform_.AttachFrame(nullptr, {}, {});
+  platform_.ShowDocumentsIn({});
   QApplication::clipboard()->disconnect(this);
   // The views look at the session to the last: they go ahead of it.
   disconnect(workspace_, nullptr, this, nullptr);
@@ -192,6 +194,13 @@ void FrmMain::BuildHelpPane() {
   help_pane_ = new HelpPane(platform_, session_, this);
   addDockWidget(Qt::RightDockWidgetArea, help_pane_);
   help_pane_->setVisible(session_.help_pane_visible);
+  platform_.ShowDocumentsIn([this](const QString& file) {
+    if (!help_pane_->ShowDocument(file)) return false;
+    session_.help_pane_visible = true;
+    help_pane_->show();
+    help_pane_->raise();
+    return true;
+  });
   connect(help_pane_, &HelpPane::Closed, this, [this] {
     session_.help_pane_visible = false;
     RefreshCommands();
@@ -285,6 +294,7 @@ void FrmMain::Execute(int id) {
   NoteRecentFile();
   ShowSession();
   Perform(action);
+  if (id == kRefreshDocumentationCommand) help_pane_->RefreshLists();
   if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
   if (id == kRunCommand) current_view()->FocusInput();
   RefreshCommands();
@@ -296,7 +306,7 @@ void FrmMain::OpenFile(const Path& path) {
   const Busy busy(*this);
   {
     const WaitCursor wait(platform_);
-    if (OpenDataFile(session_, path) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
   }
   NoteRecentFile();
   ShowSession();
@@ -304,7 +314,9 @@ void FrmMain::OpenFile(const Path& path) {
 }
 
 void FrmMain::NoteRecentFile() {
-  const Path& file = session_.data.DataFilePath;
+  // A file of the command line is at hand too, though its path is not yet that of the data.
+  const DataSet& at_hand = session_.data;
+  const Path& file = FactsOfFile(at_hand.DataFilePath) ? at_hand.DataFilePath : at_hand.LoadedFile;
   if (file == noted_file_) return;
   noted_file_ = file;
   if (FactsOfFile(file)) recent_files_->Add(file);
@@ -321,6 +333,8 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCopy:
     case WidgetAction::kPaste:
     case WidgetAction::kCut:
+    case WidgetAction::kUndo:
+    case WidgetAction::kRedo:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:

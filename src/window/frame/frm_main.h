@@ -27,7 +27,7 @@ class Zoom;
 
 // How a frame starts. Tests leave the splash out and shorten the timers.
 struct FrameStart {
-  Path command_line_file;
+  Path command_line_file;  // relative to the folder that the program was called from, or whole
   bool splash = true;
   int Timer1 = 1500;  // milliseconds until the appearance is applied again
   int Timer2 = 500;   // and from there until the splash closes

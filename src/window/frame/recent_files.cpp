@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/files.h"
+#include "shell/path_list.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
 
@@ -11,8 +12,16 @@ namespace tessara {
 namespace {
 
 constexpr std::size_t kMostFiles = 8;
-constexpr const char* kSettingName = "RecentFiles";  // one path a line
-constexpr char kBetween = '\n';
+constexpr const char* kSettingName = "RecentFiles";
+
+// A file's name as the text of a menu entry: on one line, and without access letters of its own.
+QString EntryName(const QString& file) {
+  QString name = QFileInfo(file).fileName();
+  for (QChar& c : name) {
+    if (c.category() == QChar::Other_Control) c = ' ';
+  }
+  return name.replace('&', "&&");
+}
 
 }  // namespace
 
@@ -21,8 +30,7 @@ RecentFiles::RecentFiles(SettingsStore& store, QWidget* parent)
   menu_->setObjectName("RecentFiles");
   menu_->setIcon(ThemeIcon("document-open-recent"));
   menu_->setToolTipsVisible(true);
-  const QString stored = QString::fromStdString(store_.Read(kSettingName).value_or(""));
-  for (const QString& file : stored.split(kBetween, Qt::SkipEmptyParts)) files_.push_back(PathFromQt(file));
+  files_ = PathsOfList(store_.Read(kSettingName).value_or(""));
   connect(menu_, &QMenu::aboutToShow, this, [this] {
     DropMissing();
     Fill();
@@ -50,21 +58,15 @@ void RecentFiles::DropMissing() {
   if (std::erase_if(files_, missing) != 0) Store();
 }
 
-void RecentFiles::Store() {
-  QStringList lines;
-  for (const Path& file : files_) lines += PathToQt(file);
-  store_.Write(kSettingName, lines.join(kBetween).toStdString());
-}
+void RecentFiles::Store() { store_.Write(kSettingName, PathListText(files_)); }
 
 void RecentFiles::Fill() {
   menu_->clear();
   for (std::size_t i = 0; i < files_.size(); ++i) {
     const QString file = PathToQt(files_[i]);
-    QString name = QFileInfo(file).fileName();
-    name.replace('&', "&&");
-    QAction* action = menu_->addAction(QString("&%1  %2").arg(i + 1).arg(name));
-    action->setToolTip(file);
-    connect(action, &QAction::triggered, this, [this, file] { emit Chosen(file); });
+    QAction* action = menu_->addAction(QString("&%1  ").arg(i + 1) + EntryName(file));
+    action->setToolTip("<span>" + file.toHtmlEscaped() + "</span>");
+    connect(action, &QAction::triggered, this, [this, path = files_[i]] { emit Chosen(path); });
   }
   menu_->setEnabled(!files_.empty());
 }

@@ -8,7 +8,7 @@
 #include "platform/settings_store.h"
 
 // The data files that were used last, newest first, as a submenu. They are kept in the settings store beside the
-// options, at most eight; one that is no longer there goes.
+// options, at most eight; one that is no longer there goes. Their names may be any bytes.
 
 namespace tessara {
 
@@ -25,7 +25,7 @@ class RecentFiles : public QObject {
   void Remove(const Path& file);
 
  signals:
-  void Chosen(const QString& file);
+  void Chosen(const Path& file);
 
  private:
   void DropMissing();

@@ -10,6 +10,7 @@
 #include <QTextCursor>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "presentation/print_pages.h"
 #include "window/output/text_page.h"
@@ -19,7 +20,6 @@
 #include "window/widgets/theme.h"
 
 namespace tessara {
-namespace {}  // namespace
 
 Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
     : ViewForm(the_session, View::ViewOutput, parent), platform_(platform) {
@@ -44,6 +44,8 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
 
   connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
   connect(page_, &QPlainTextEdit::copyAvailable, this, &ViewForm::SessionChanged);
+  connect(page_, &QPlainTextEdit::undoAvailable, this, &ViewForm::SessionChanged);
+  connect(page_, &QPlainTextEdit::redoAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &TextPage::ZoomChanged, this, &Output1::ShowZoom);
   ShowZoom(page_->zoom());
 }
@@ -102,6 +104,10 @@ QWidget* Output1::MakeHead() {
   QAction* smaller = MakeAction("ZoomOut", "list-remove", tr("Smaller Type (Ctrl+-)"));
   QAction* larger = MakeAction("ZoomIn", "list-add", tr("Larger Type (Ctrl++)"));
   connect(find, &QAction::triggered, this, &Output1::ShowFindBar);
+  page_->addAction(find);
+  QAction* convert = MakeAction("ConvertOutput", "document-export-table", tr("Convert Output to Tab Delimited"));
+  connect(convert, &QAction::triggered, this, [this] { emit CommandRequested(kConvertCommand); });
+  page_->addAction(convert);
   connect(smaller, &QAction::triggered, this, [this] { emit ZoomAsked(-1); });
   connect(larger, &QAction::triggered, this, [this] { emit ZoomAsked(1); });
   zoom_ = new QToolButton(this);
@@ -169,20 +175,25 @@ void Output1::ShowSession() {
   const OutputLog& output = session().output;
   most_recent_->setChecked(!output.ShowLogMode);
   log_->setChecked(output.ShowLogMode);
-  if (shown_once_ && output.Revision == shown_revision_) return;
-  shown_once_ = true;
-  shown_revision_ = output.Revision;
-  edited_ = false;
-  const std::string& text = output.BoxText();
-  if (text == shown_) return;
+  const BoxVersion now = output.Version();
+  if (now.lineage == shown_.lineage && now.size == shown_.size) return;
+  ShowBox(now);
+}
 
+// A text that has only grown is lengthened by what it has gained; what took the place of another can be taken back when
+// it was made from it. An edit that was not stored goes.
+void Output1::ShowBox(const BoxVersion& now) {
+  const std::string& text = session().output.BoxText();
   const QScopedValueRollback<bool> guard(showing_, true);
-  if (!shown_.empty() && text.starts_with(shown_)) {
-    page_->LengthenText(ToQtLines(std::string_view(text).substr(shown_.size())));
+  const bool anew = std::exchange(edited_, false) || shown_.size == 0;
+  if (!anew && now.lineage == shown_.lineage) {
+    page_->LengthenText(ToQtLines(std::string_view(text).substr(shown_.size)));
+  } else if (!anew && now.made_from == shown_.lineage) {
+    page_->ReplaceText(ToQtLines(text));
   } else {
     page_->ShowText(ToQtLines(text));
   }
-  shown_ = text;
+  shown_ = now;
 }
 
 void Output1::UserChangedText() {
@@ -199,13 +210,17 @@ void Output1::UserChangedText() {
 void Output1::StoreWidgets() {
   if (!edited_) return;
   edited_ = false;
-  shown_ = FromQtLines(page_->Text());
-  EditBox(session().output, shown_);
+  EditBox(session().output, FromQtLines(page_->Text()));
+  shown_ = session().output.Version();
 }
 
 void Output1::FocusFirst() { page_->setFocus(); }
 
-WidgetState Output1::State() const { return {.output_has_selection = page_->textCursor().hasSelection()}; }
+WidgetState Output1::State() const {
+  return {.output_has_selection = page_->textCursor().hasSelection(),
+          .can_undo = page_->document()->isUndoAvailable(),
+          .can_redo = page_->document()->isRedoAvailable()};
+}
 
 void Output1::Perform(WidgetAction action) {
   switch (action) {
@@ -218,6 +233,10 @@ void Output1::Perform(WidgetAction action) {
       return page_->paste();
     case WidgetAction::kCut:
       return page_->cut();
+    case WidgetAction::kUndo:
+      return page_->undo();
+    case WidgetAction::kRedo:
+      return page_->redo();
     default:
       return;
   }

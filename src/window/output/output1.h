@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QList>
-#include <string>
 
 #include "window/widgets/view_form.h"
 
@@ -41,6 +40,7 @@ class Output1 : public ViewForm {
   QToolButton* MakeSwitch(const char* name, const QString& caption, QButtonGroup* group);
   QToolButton* MakeTool(QAction* action);
   QAction* MakeAction(const char* name, const char* icon, const QString& caption);
+  void ShowBox(const BoxVersion& now);
   void UserChangedText();
   void ShowZoom(int percent);
   void ShowFindBar();
@@ -61,9 +61,7 @@ class Output1 : public ViewForm {
   QAction* preview_ = nullptr;
   QAction* pdf_ = nullptr;
 
-  std::string shown_;  // what has been put on the sheet last
-  std::uint64_t shown_revision_ = 0;
-  bool shown_once_ = false;
+  BoxVersion shown_;      // what has been put on the sheet last
   bool showing_ = false;  // the sheet changes by the program's hand
   bool edited_ = false;   // the user has changed the sheet since it was stored
 };

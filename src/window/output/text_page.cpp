@@ -1,12 +1,17 @@
 #include "window/output/text_page.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
+#include <QMenu>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
 
+#include "window/output/fixed_pitch_html.h"
 #include "window/system/page_painter.h"
+#include "window/widgets/hint_label.h"
 
 namespace tessara {
 namespace {
@@ -20,11 +25,10 @@ TextPage::TextPage(QWidget* parent) : QPlainTextEdit(parent) {
   setFrameShape(QFrame::NoFrame);
   setLineWrapMode(QPlainTextEdit::NoWrap);
   setTabChangesFocus(true);
-  empty_text_ = new QLabel(viewport());
+  empty_text_ = new HintLabel(QPalette::Text, viewport());
   empty_text_->setObjectName("EmptyText");
   empty_text_->setAlignment(Qt::AlignCenter);
   empty_text_->setWordWrap(true);
-  empty_text_->setForegroundRole(QPalette::PlaceholderText);
   empty_text_->setAttribute(Qt::WA_TransparentForMouseEvents);
   connect(this, &QPlainTextEdit::textChanged, this, &TextPage::ShowEmptyText);
   ApplyType();
@@ -70,11 +74,29 @@ void TextPage::LengthenText(const QString& addition) {
   verticalScrollBar()->setValue(first_new_line);
 }
 
+void TextPage::ReplaceText(const QString& text) {
+  QTextCursor all(document());
+  all.select(QTextCursor::Document);
+  all.insertText(text);
+  moveCursor(QTextCursor::Start);
+  PlaceSheet();
+}
+
 QString TextPage::Text() const {
   QString text = document()->toRawText();
   text.replace(QChar::ParagraphSeparator, '\n');
   text.replace(QChar::LineSeparator, '\n');
   return text;
+}
+
+QMimeData* TextPage::createMimeDataFromSelection() const {
+  QString text = textCursor().selectedText();
+  text.replace(QChar::ParagraphSeparator, '\n');
+  text.replace(QChar::LineSeparator, '\n');
+  auto* content = new QMimeData;
+  content->setText(text);
+  content->setHtml(FixedPitchHtml(text));
+  return content;
 }
 
 void TextPage::ShowEmptyText() { empty_text_->setVisible(document()->isEmpty()); }
@@ -134,6 +156,16 @@ void TextPage::PaintPageBreaks() {
     painter.drawLine(QPointF(left + width + fontMetrics().averageCharWidth(), y),
                      QPointF(qMax<qreal>(viewport()->width(), place.right()), y));
   }
+}
+
+void TextPage::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* menu = createStandardContextMenu();
+  menu->setObjectName("OutputMenu");
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addSeparator();
+  menu->addActions(actions());
+  menu->popup(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
+                                                          : viewport()->mapToGlobal(cursorRect().bottomLeft()));
 }
 
 void TextPage::resizeEvent(QResizeEvent* event) {

@@ -67,13 +67,14 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   return QTextBrowser::loadResource(type, name);
 }
 
-QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent) {
-  auto* bar = new QWidget(parent);
-  auto* layout = new QHBoxLayout(bar);
+BrowserButtons MakeBrowserButtons(QWidget* parent) {
+  BrowserButtons buttons;
+  buttons.bar = new QWidget(parent);
+  auto* layout = new QHBoxLayout(buttons.bar);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   const auto add = [&](int index, const char* icon, const QString& name) {
-    auto* button = new QToolButton(bar);
+    auto* button = new QToolButton(buttons.bar);
     button->setObjectName(QString("Image1(%1)").arg(index));
     button->setIcon(ThemeIcon(icon));
     button->setAutoRaise(true);
@@ -82,18 +83,23 @@ QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent) {
     layout->addWidget(button);
     return button;
   };
-  QToolButton* back = add(0, "go-previous", HelpBrowser::tr("Back"));
-  QToolButton* forward = add(1, "go-next", HelpBrowser::tr("Forward"));
-  QToolButton* print = add(2, "document-print", HelpBrowser::tr("Print this page"));
+  buttons.back = add(0, "go-previous", HelpBrowser::tr("Back"));
+  buttons.forward = add(1, "go-next", HelpBrowser::tr("Forward"));
+  buttons.print = add(2, "document-print", HelpBrowser::tr("Print this page"));
   layout->addStretch();
-  back->setEnabled(false);
-  forward->setEnabled(false);
-  QObject::connect(back, &QToolButton::clicked, browser, &QTextBrowser::backward);
-  QObject::connect(forward, &QToolButton::clicked, browser, &QTextBrowser::forward);
-  QObject::connect(print, &QToolButton::clicked, browser, &HelpBrowser::PrintPage);
-  QObject::connect(browser, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
-  QObject::connect(browser, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
-  return bar;
+  buttons.back->setEnabled(false);
+  buttons.forward->setEnabled(false);
+  return buttons;
+}
+
+QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent) {
+  const BrowserButtons buttons = MakeBrowserButtons(parent);
+  QObject::connect(buttons.back, &QToolButton::clicked, browser, &QTextBrowser::backward);
+  QObject::connect(buttons.forward, &QToolButton::clicked, browser, &QTextBrowser::forward);
+  QObject::connect(buttons.print, &QToolButton::clicked, browser, &HelpBrowser::PrintPage);
+  QObject::connect(browser, &QTextBrowser::backwardAvailable, buttons.back, &QWidget::setEnabled);
+  QObject::connect(browser, &QTextBrowser::forwardAvailable, buttons.forward, &QWidget::setEnabled);
+  return buttons.bar;
 }
 
 }  // namespace tessara

@@ -4,6 +4,8 @@
 
 #include "platform/platform.h"
 
+class QToolButton;
+
 // Local pages of the Help folder: navigate, back, forward and print. A page that is not there shows a line that says
 // so.
 
@@ -35,6 +37,14 @@ class HelpBrowser : public QTextBrowser {
 };
 
 // The buttons back, forward and print of a browser: Image1(0) to Image1(2).
+struct BrowserButtons {
+  QWidget* bar = nullptr;
+  QToolButton* back = nullptr;
+  QToolButton* forward = nullptr;
+  QToolButton* print = nullptr;
+};
+BrowserButtons MakeBrowserButtons(QWidget* parent);
+// The same with the actions of one browser.
 QWidget* MakeBrowserButtons(HelpBrowser* browser, QWidget* parent);
 
 }  // namespace tessara

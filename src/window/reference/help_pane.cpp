@@ -4,11 +4,12 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QLabel>
+#include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "platform/files.h"
-#include "window/reference/help_browser.h"
+#include "window/reference/document_view.h"
 #include "window/system/qt_platform.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
@@ -26,12 +27,22 @@ struct Document {
 constexpr Document kDocuments[] = {
     {"User Manual", 0}, {"Student Workbook", 1}, {"Methods Handbook", 2}, {"Brochure", 3}, {"Student Discount", 4}};
 
+// What the maker has to say stands on pages of the Help folder.
+struct Link {
+  const char* caption;
+  std::string_view page;
+};
+constexpr Link kLinks[] = {{"Download Documentation", "Download.html"},
+                           {"Statistics Links", "Links.html"},
+                           {"Tessara Home Page", "Home.html"},
+                           {"Check for Updates", "Updates.html"}};
+
 // An entry below a heading. It shows that it can be pressed when the pointer or the keyboard is on it.
-QToolButton* MakeLabel(int index, const QString& caption, QWidget* parent) {
+QToolButton* MakeLabel(int index, const QString& caption, const char* icon, QWidget* parent) {
   auto* label = new QToolButton(parent);
   label->setObjectName(QString("Label1(%1)").arg(index));
   label->setText(caption);
-  label->setIcon(ThemeIcon("application-pdf"));
+  label->setIcon(ThemeIcon(icon));
   label->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   label->setAutoRaise(true);
   label->setFocusPolicy(Qt::StrongFocus);
@@ -54,8 +65,18 @@ HelpPane::HelpPane(QtPlatform& platform, Session& session, QWidget* parent)
   browser_->setObjectName("WebBrowser1");
   browser_->setAccessibleName(tr("Help page"));
   browser_->setMinimumWidth(fontMetrics().averageCharWidth() * kPaneColumns);
-  layout->addWidget(MakeBrowserButtons(browser_, content));
-  layout->addWidget(browser_, 1);
+  document_ = new DocumentView(content);
+  document_->setObjectName("DocumentView");
+  shown_ = new QStackedWidget(content);
+  shown_->addWidget(browser_);
+  shown_->addWidget(document_);
+  buttons_ = MakeBrowserButtons(content);
+  connect(buttons_.back, &QToolButton::clicked, this, &HelpPane::Back);
+  connect(buttons_.forward, &QToolButton::clicked, this, &HelpPane::Forward);
+  connect(buttons_.print, &QToolButton::clicked, this, &HelpPane::Print);
+  connect(browser_, &QTextBrowser::historyChanged, this, &HelpPane::RefreshButtons);
+  layout->addWidget(buttons_.bar);
+  layout->addWidget(shown_, 1);
   AddHeading(0, tr("Documentation"), layout);
   AddHeading(1, tr("Links"), layout);
 
@@ -114,15 +135,16 @@ void HelpPane::FillLabels() {
     if (!headings_[i].caption->isChecked()) continue;
     const std::vector<Item> items = Items(i);
     int index = 0;
+    const bool documents = i == kDocumentation;
     for (const Item& item : items) {
-      QToolButton* label = MakeLabel(index++, item.caption, headings_[i].list);
-      connect(label, &QToolButton::clicked, this, [this, file = item.file] { OpenItem(file); });
+      QToolButton* label =
+          MakeLabel(index++, item.caption, documents ? "application-pdf" : "text-html", headings_[i].list);
+      connect(label, &QToolButton::clicked, this,
+              [this, documents, file = item.file] { documents ? OpenDocument(file) : ShowPage(file); });
       headings_[i].items->addWidget(label);
     }
     if (items.empty()) {
-      auto* none = new QLabel(
-          i == kDocumentation ? tr("No documents are installed.") : tr("There are no links in this installation."),
-          headings_[i].list);
+      auto* none = new QLabel(tr("No documents are installed."), headings_[i].list);
       none->setObjectName("NoItems");
       none->setWordWrap(true);
       headings_[i].items->addWidget(none);
@@ -132,20 +154,22 @@ void HelpPane::FillLabels() {
 
 std::vector<HelpPane::Item> HelpPane::Items(std::size_t heading) const {
   std::vector<Item> items;
-  if (heading != kDocumentation) return items;
-  for (const Document& document : kDocuments) {
-    if (!session_.documentation_found[document.place]) continue;
-    items.push_back(
-        {QString::fromLatin1(document.caption), platform_.ProgramFolder() / kDocumentFiles[document.place]});
+  if (heading == kDocumentation) {
+    for (const Document& document : kDocuments) {
+      if (!session_.documentation_found[document.place]) continue;
+      items.push_back({QString::fromLatin1(document.caption), kDocumentFiles[document.place]});
+    }
+  } else {
+    for (const Link& link : kLinks) items.push_back({QString::fromLatin1(link.caption), link.page});
   }
   return items;
 }
 
-void HelpPane::OpenItem(const Path& file) {
-  if (platform_.OpenDocument(PathToUtf8(file))) return;
-  platform_.ShowMessage({"Error!",
-                         "Tessara was unable to open the Workbook.pdf file.  The most likely reason is because you "
-                         "don't have Adobe Acrobat Reader version 4.0 or later installed on your computer."});
+void HelpPane::OpenDocument(std::string_view file) {
+  if (platform_.OpenDocument(PathToUtf8(platform_.ProgramFolder() / file))) return;
+  platform_.ShowMessage({"Error!", "Tessara was unable to open the " + std::string(file) +
+                                       " file.  The most likely reason is because you don't have Adobe Acrobat Reader "
+                                       "version 4.0 or later installed on your computer."});
 }
 
 void HelpPane::StoreShowAtStart(bool checked) {
@@ -153,9 +177,45 @@ void HelpPane::StoreShowAtStart(bool checked) {
   WriteSetting(session_.settings_store, platform_, "Op4", std::to_string(session_.settings.Op4));
 }
 
-void HelpPane::ShowPage(std::string_view page) { browser_->ShowPage(ToQt(page)); }
+void HelpPane::ShowPage(std::string_view page) {
+  browser_->ShowPage(ToQt(page));
+  ShowBrowser(browser_);
+}
 
-bool HelpPane::Shows(std::string_view page) const { return browser_->source().toString().endsWith(ToQt(page)); }
+bool HelpPane::ShowDocument(const QString& file) {
+  if (!document_->Open(file)) return false;
+  ShowBrowser(document_);
+  return true;
+}
+
+void HelpPane::ShowBrowser(QWidget* shown) {
+  shown_->setCurrentWidget(shown);
+  RefreshButtons();
+}
+
+// A document stands behind the page that was shown last: back leads to that page, and forward from it to the document
+// again, unless the page has others ahead of it.
+void HelpPane::Back() {
+  if (shown_->currentWidget() == document_) return ShowBrowser(browser_);
+  browser_->backward();
+}
+
+void HelpPane::Forward() {
+  if (browser_->isForwardAvailable()) return browser_->forward();
+  if (document_->has_document()) ShowBrowser(document_);
+}
+
+void HelpPane::RefreshButtons() {
+  const bool document = shown_->currentWidget() == document_;
+  buttons_.back->setEnabled(document || browser_->isBackwardAvailable());
+  buttons_.forward->setEnabled(!document && (browser_->isForwardAvailable() || document_->has_document()));
+}
+
+void HelpPane::Print() { browser_->PrintPage(); }
+
+bool HelpPane::Shows(std::string_view page) const {
+  return shown_->currentWidget() == browser_ && browser_->source().toString().endsWith(ToQt(page));
+}
 
 void HelpPane::RefreshLists() { FillLabels(); }
 

@@ -5,17 +5,19 @@
 #include <vector>
 
 #include "shell/session.h"
+#include "window/reference/help_browser.h"
 
 class QCheckBox;
+class QStackedWidget;
 class QToolButton;
 class QVBoxLayout;
 
-// The docked help pane: the page of the view, and below it the headings "Documentation" and "Links", of which one at
-// most is expanded.
+// The docked help pane: its browser with the page of the view, another page or a document, and below it the headings
+// "Documentation" and "Links", of which one at most is expanded.
 
 namespace tessara {
 
-class HelpBrowser;
+class DocumentView;
 class QtPlatform;
 
 class HelpPane : public QDockWidget {
@@ -26,8 +28,12 @@ class HelpPane : public QDockWidget {
 
   void ShowPage(std::string_view page);
   bool Shows(std::string_view page) const;
+  // A PDF document in the place of the page. False when it cannot be shown; the page stays then.
+  bool ShowDocument(const QString& file);
   // The lists anew, when the documents of the program folder have been looked for again.
   void RefreshLists();
+  // Prints the page or the document that the browser shows.
+  void Print();
 
  signals:
   // The user has closed the pane.
@@ -39,7 +45,7 @@ class HelpPane : public QDockWidget {
  private:
   struct Item {
     QString caption;
-    Path file;
+    std::string_view file;  // a document of the program folder, or a page of the Help folder
   };
   struct Heading {
     QToolButton* caption = nullptr;
@@ -51,12 +57,19 @@ class HelpPane : public QDockWidget {
   void Expand(std::size_t index, bool expanded);
   void FillLabels();
   std::vector<Item> Items(std::size_t heading) const;
-  void OpenItem(const Path& file);
+  void OpenDocument(std::string_view file);
+  void ShowBrowser(QWidget* shown);
+  void Back();
+  void Forward();
+  void RefreshButtons();
   void StoreShowAtStart(bool checked);
 
   QtPlatform& platform_;
   Session& session_;
+  BrowserButtons buttons_;
+  QStackedWidget* shown_ = nullptr;  // the browser's page or its document
   HelpBrowser* browser_ = nullptr;
+  DocumentView* document_ = nullptr;
   QCheckBox* show_at_start_ = nullptr;
   std::array<Heading, 2> headings_;
 };

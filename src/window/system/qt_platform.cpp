@@ -273,9 +273,14 @@ bool QtPlatform::PlaySoundFile(const Path& path) {
 }
 
 bool QtPlatform::OpenDocument(const std::string& address) {
-  const QString text = QString::fromStdString(address);
-  if (QFileInfo::exists(text)) return QDesktopServices::openUrl(QUrl::fromLocalFile(text));
-  const QUrl url(text, QUrl::StrictMode);
+  const QString file = PathToQt(PathFromUtf8(address));
+  if (viewer_ && file.endsWith(".pdf", Qt::CaseInsensitive) && QFileInfo::exists(file)) return viewer_(file);
+  return OpenOnDesktop(QString::fromStdString(address));
+}
+
+bool QtPlatform::OpenOnDesktop(const QString& address) {
+  if (QFileInfo::exists(address)) return QDesktopServices::openUrl(QUrl::fromLocalFile(address));
+  const QUrl url(address, QUrl::StrictMode);
   return url.isValid() && !url.scheme().isEmpty() && QDesktopServices::openUrl(url);
 }
 
@@ -283,5 +288,9 @@ DateTime QtPlatform::Now() { return LocalNow(); }
 std::uint64_t QtPlatform::Entropy() { return SystemEntropy(); }
 Path QtPlatform::ProgramFolder() { return folders_.program; }
 Path QtPlatform::DocumentsFolder() { return folders_.documents; }
+void QtPlatform::EnterFolder(const Path& folder) {
+  std::error_code ignored;
+  std::filesystem::current_path(folder, ignored);
+}
 
 }  // namespace tessara

@@ -40,6 +40,10 @@ class QtPlatform : public Platform {
   // The frame that dialogs belong to, its three panes, and what it does ahead of each dialog.
   void AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog);
 
+  // Where PDF documents of this machine are shown; it yields false for one that cannot be. Without it, and for all
+  // else, the desktop is asked.
+  void ShowDocumentsIn(std::function<bool(const QString& file)> viewer) { viewer_ = std::move(viewer); }
+
   // Prints a page of the help. False when the printer refuses.
   virtual bool PrintDocument(const QTextDocument& document);
   // Prints one sheet across on the system's own printer: calls paint with the place to fill. False when the printer
@@ -70,10 +74,13 @@ class QtPlatform : public Platform {
   std::uint64_t Entropy() override;
   Path ProgramFolder() override;
   Path DocumentsFolder() override;
+  void EnterFolder(const Path& folder) override;
 
  protected:
   // Ahead of every dialog, also of one that a test answers.
   void BeforeDialog();
+  // Asks the program that the user's system has for a file or an address.
+  virtual bool OpenOnDesktop(const QString& address);
 
  private:
   QWidget* DialogParent() const;
@@ -86,6 +93,7 @@ class QtPlatform : public Platform {
   std::array<QPointer<QLabel>, 3> panes_;
   std::array<std::string, 3> pane_texts_;
   std::function<void()> before_dialog_;
+  std::function<bool(const QString&)> viewer_;
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<ProgressForm> progress_;
   std::unique_ptr<QSoundEffect> sound_;

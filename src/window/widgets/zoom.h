@@ -24,6 +24,9 @@ class Zoom : public QObject {
 
   Zoom(SettingsStore& store, QWidget* window);
 
+  // While the keyboard or the pointer is in this widget, its invokable ZoomBy(int steps) is called instead.
+  static void LeaveTo(QWidget* widget);
+
   int percent() const { return percent_; }
   void Set(int percent);
   // By so many steps of ten percent; none for the usual size.
@@ -36,6 +39,7 @@ class Zoom : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void StepAt(QWidget* place, int steps);
   void AddAction(const char* name, const QString& text, const QList<QKeySequence>& keys, int steps);
 
   SettingsStore& store_;

@@ -1,8 +1,8 @@
-#include "batch/variable_lists.h"
+#include "batch/words/variable_lists.h"
 
 #include <charconv>
 
-#include "batch/script_line.h"
+#include "batch/words/script_line.h"
 
 namespace tessara {
 namespace {

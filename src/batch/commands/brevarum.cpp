@@ -4,13 +4,19 @@
 #include <string>
 #include <string_view>
 
-#include "batch/command.h"
-#include "batch/script_line.h"
+#include "batch/commands/commands.h"
+#include "batch/visible_text.h"
+#include "batch/words/script_line.h"
 #include "calculators/brevarum_panel.h"
 #include "numerics/number_text.h"
 
-namespace tessara::brevarum_commands {
+namespace tessara {
 namespace {
+
+constexpr OptionRow kOptions[] = {
+    {"--short", "", "print the compact result instead of the report", OptionValue::kNone},
+    {"--narrative", "", "print the result in words instead of the report", OptionValue::kNone},
+};
 
 template <typename Items, typename Name>
 std::string Listed(const Items& items, Name name) {
@@ -69,9 +75,7 @@ Calculation CalculateApart(Session& session) {
   return result;
 }
 
-}  // namespace
-
-CommandResult Brevarum(Batch& batch, const CommandWords& words) {
+CommandResult Run(Batch& batch, const CommandWords& words) {
   const BrevarumPanelRow* row = FindBrevarumPanel(words.words[0]);
   if (!row) return NotUnderstood("unknown panel " + Quoted(words.words[0]) + "; the panels are " + PanelNames());
 
@@ -98,9 +102,10 @@ CommandResult Brevarum(Batch& batch, const CommandWords& words) {
   return {BatchStatus::kRefused, {}};
 }
 
+// The panels with their boxes, a line each.
 std::string PanelLines() {
   constexpr std::size_t kNameColumn = 14;
-  constexpr std::size_t kLineWidth = 90;
+  constexpr std::size_t kLineWidth = 64;
   std::string text = "\nPanels and their boxes:\n";
   for (const BrevarumPanelRow& row : BrevarumPanelRows()) {
     std::string name(row.command_name);
@@ -118,4 +123,23 @@ std::string PanelLines() {
   return text;
 }
 
-}  // namespace tessara::brevarum_commands
+}  // namespace
+
+constinit const CommandRow kBrevarumCommand{
+    .name = "brevarum",
+    .synopsis = "PANEL BOX=VALUE... [--short] [--narrative]",
+    .summary = "calculate from typed summary figures",
+    .details =
+        "Calculates from figures that stand in no data file: PANEL is the calculator, and each BOX\n"
+        "the name of one of its boxes. Boxes that are not named keep their defaults. The report\n"
+        "goes to the log and replaces the most recent output. With an option its text is printed\n"
+        "at once, and the log gets nothing. One and two samples read each other's boxes too.\n",
+    .example = "brevarum t-test tx1=101.5 ts1=14 tn1=30 tx2=95 ts2=15.5 tn2=32",
+    .options = kOptions,
+    .most_words = kAnyNumber,
+    .needed_word = "PANEL",
+    .run = Run,
+    .more_details = PanelLines,
+};
+
+}  // namespace tessara

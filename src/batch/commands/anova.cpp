@@ -1,0 +1,35 @@
+#include "batch/commands/commands.h"
+#include "batch/commands/procedure_line.h"
+
+namespace tessara {
+namespace {
+
+constexpr OptionRow kOptions[] = {
+    {"--summary", "", "add the statistics of each group", OptionValue::kNone},
+    {"--post-hoc", "", "add the Bonferroni comparisons", OptionValue::kNone},
+};
+
+CommandResult Run(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kAnova, [&](ProcedurePanel& panel) {
+    panel.checks.Check1 = words.Has("--post-hoc");
+    panel.checks.Check2 = words.Has("--summary");
+  });
+}
+
+}  // namespace
+
+constinit const CommandRow kAnovaCommand{
+    .name = "anova",
+    .synopsis = "VAR... by VAR... [--summary] [--post-hoc]",
+    .summary = "compare two or more independent means",
+    .details =
+        "One-way analysis of variance of the variable ahead of \"by\" over the groups that the\n"
+        "values of the one behind it make.\n",
+    .example = "anova PRESSURE by REGION --summary --post-hoc",
+    .options = kOptions,
+    .most_words = kAnyNumber,
+    .needed_word = "VAR",
+    .run = Run,
+};
+
+}  // namespace tessara

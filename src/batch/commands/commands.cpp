@@ -1,0 +1,70 @@
+#include "batch/commands/commands.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "batch/words/nearest_word.h"
+#include "batch/words/script_line.h"
+
+namespace tessara {
+namespace {
+
+constexpr const CommandRow* kCommands[] = {
+    &kOpenCommand,
+    &kNewCommand,
+    &kSaveCommand,
+    &kNotesCommand,
+    &kStatisticsCommand,
+    &kControlCommand,
+    &kFrequenciesCommand,
+    &kDescriptivesCommand,
+    &kCrosstabCommand,
+    &kTTestCommand,
+    &kAnovaCommand,
+    &kCorrelationCommand,
+    &kCorrelationMatrixCommand,
+    &kRegressionCommand,
+    &kLogisticCommand,
+    &kDiagnosticCommand,
+    &kListCommand,
+    &kBrevarumCommand,
+    &kChartsCommand,
+    &kRecentCommand,
+    &kTabDelimitedCommand,
+    &kPrintCommand,
+};
+
+// Commands of the language that this version does not have.
+constexpr std::string_view kLaterCommands[] = {
+    "import",   "export",        "split",       "print-notes",    "dictionary",  "cell",
+    "add-rows", "add-column",    "delete-rows", "format",         "copy-format", "recode",
+    "compute",  "combine",       "trim",        "delete-columns", "find",        "replace",
+    "undo",     "compare-dates", "sample",      "iterations",     "subset",      "table",
+    "explore",  "calculator",    "glossary",    "word",           "excel",
+};
+
+}  // namespace
+
+std::span<const CommandRow* const> Commands() { return kCommands; }
+
+const CommandRow* FindCommand(std::string_view name) {
+  const auto found = std::ranges::find(kCommands, name, [](const CommandRow* row) { return row->name; });
+  return found == std::end(kCommands) ? nullptr : *found;
+}
+
+bool IsLaterCommand(std::string_view name) {
+  return std::ranges::find(kLaterCommands, name) != std::end(kLaterCommands);
+}
+
+const CommandRow& NearestCommand(std::string_view word) {
+  std::vector<std::string_view> names;
+  for (const CommandRow* row : kCommands) names.push_back(row->name);
+  return *FindCommand(NearestWord(word, names));
+}
+
+std::string UnknownCommand(std::string_view word) {
+  if (IsLaterCommand(word)) return "the command " + Quoted(word) + " is not available in this version";
+  return "unknown command " + Quoted(word) + "; the nearest is " + Quoted(NearestCommand(word).name);
+}
+
+}  // namespace tessara

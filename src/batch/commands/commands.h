@@ -1,0 +1,49 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "batch/commands/command.h"
+
+// The commands of the batch program, found by name.
+
+namespace tessara {
+
+// All commands, in the order of the help.
+std::span<const CommandRow* const> Commands();
+// nullptr when no command has the name.
+const CommandRow* FindCommand(std::string_view name);
+// Whether the word names a command that belongs to the language but not to this version.
+bool IsLaterCommand(std::string_view name);
+// The command whose name is nearest to the word.
+const CommandRow& NearestCommand(std::string_view word);
+
+// Why a word that is no command of this version cannot be run.
+std::string UnknownCommand(std::string_view word);
+
+// The rows, each beside its run.
+extern const CommandRow kOpenCommand;
+extern const CommandRow kNewCommand;
+extern const CommandRow kSaveCommand;
+extern const CommandRow kNotesCommand;
+extern const CommandRow kStatisticsCommand;
+extern const CommandRow kControlCommand;
+extern const CommandRow kFrequenciesCommand;
+extern const CommandRow kDescriptivesCommand;
+extern const CommandRow kCrosstabCommand;
+extern const CommandRow kTTestCommand;
+extern const CommandRow kAnovaCommand;
+extern const CommandRow kCorrelationCommand;
+extern const CommandRow kCorrelationMatrixCommand;
+extern const CommandRow kRegressionCommand;
+extern const CommandRow kLogisticCommand;
+extern const CommandRow kDiagnosticCommand;
+extern const CommandRow kListCommand;
+extern const CommandRow kBrevarumCommand;
+extern const CommandRow kChartsCommand;
+extern const CommandRow kRecentCommand;
+extern const CommandRow kTabDelimitedCommand;
+extern const CommandRow kPrintCommand;
+
+}  // namespace tessara

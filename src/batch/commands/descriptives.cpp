@@ -1,0 +1,35 @@
+#include "batch/commands/commands.h"
+#include "batch/commands/procedure_line.h"
+
+namespace tessara {
+namespace {
+
+constexpr OptionRow kOptions[] = {
+    {"--chart", "", "add a horizontal bar chart", OptionValue::kNone},
+    {"--save-z", "", "save the z-scores as another variable", OptionValue::kNone},
+};
+
+CommandResult Run(Batch& batch, const CommandWords& words) {
+  return RunProcedure(batch, words, Procedure::kDescriptives, [&](ProcedurePanel& panel) {
+    panel.checks.Check1 = words.Has("--chart");
+    panel.checks.Check2 = words.Has("--save-z");
+  });
+}
+
+}  // namespace
+
+constinit const CommandRow kDescriptivesCommand{
+    .name = "descriptives",
+    .synopsis = "VAR... [by VAR...] [--chart] [--save-z]",
+    .summary = "summary statistics",
+    .details =
+        "Reports mean, median, spread and a one-sample t-test against 0, one report a variable.\n"
+        "A comparison by the variables behind \"by\" is not in this version: a message says so.\n",
+    .example = "descriptives AGE WEIGHT --chart",
+    .options = kOptions,
+    .most_words = kAnyNumber,
+    .needed_word = "VAR",
+    .run = Run,
+};
+
+}  // namespace tessara

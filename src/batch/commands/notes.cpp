@@ -1,0 +1,43 @@
+#include <string>
+#include <string_view>
+
+#include "batch/commands/commands.h"
+#include "batch/words/script_line.h"
+
+namespace tessara {
+namespace {
+
+// A text as a text box holds it: every line end is CR LF.
+std::string WithBoxLineEnds(std::string_view text) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+    if (text[i] == '\r' || text[i] == '\n') {
+      result += "\r\n";
+    } else {
+      result += text[i];
+    }
+  }
+  return result;
+}
+
+CommandResult Run(Batch& batch, const CommandWords& words) {
+  SetProjectNotes(batch.session, words.words.empty() ? "" : WithBoxLineEnds(HeldText(words.words[0])));
+  return Done();
+}
+
+}  // namespace
+
+constinit const CommandRow kNotesCommand{
+    .name = "notes",
+    .synopsis = "[TEXT]",
+    .summary = "set the project notes",
+    .details =
+        "Sets the project notes, which the next save writes into the data file. Quote a TEXT of\n"
+        "several words. Without TEXT the notes are emptied.\n",
+    .example = "notes \"Second wave, cleaned\"",
+    .most_words = 1,
+    .run = Run,
+};
+
+}  // namespace tessara

@@ -1,0 +1,30 @@
+#include <string>
+
+#include "batch/commands/commands.h"
+#include "data/data_statistics.h"
+#include "presentation/output_log.h"
+
+namespace tessara {
+namespace {
+
+CommandResult Run(Batch& batch, const CommandWords&) {
+  OutputLog& output = batch.session.output;
+  output.ReportText.clear();
+  for (const std::string& line : RefreshDataStatistics(batch.session.data).labels) output.ReportText += line + "\r\n";
+  AppendReport(output);
+  return Done();
+}
+
+}  // namespace
+
+constinit const CommandRow kStatisticsCommand{
+    .name = "statistics",
+    .summary = "report the data statistics",
+    .details =
+        "Adds seven lines to the log: observations, variables, cells used and remaining, usage,\n"
+        "file size and file time.\n",
+    .example = "statistics",
+    .run = Run,
+};
+
+}  // namespace tessara

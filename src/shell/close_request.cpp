@@ -1,0 +1,44 @@
+#include "shell/close_request.h"
+
+#include "shell/file_questions.h"
+
+namespace tessara {
+namespace {
+
+Answer AskToSave(Session& session, const char* question) {
+  return session.platform.ShowMessage({"Warning!", question, Buttons::kYesNoCancel, Tone::kQuestion});
+}
+
+// Whether the data may go; Yes saves them, and the program stays open.
+bool DataMayGo(Session& session) {
+  if (!session.data.DataDirty) return true;
+  const Answer answer = AskToSave(session, "Do you wish to save the changes to the data file?");
+  if (answer == Answer::kYes) {
+    session.wanted_view = View::ViewDataGrid;
+    AskAndSaveData(session);
+  }
+  return answer == Answer::kNo;
+}
+
+bool OutputMayGo(Session& session) {
+  if (!session.output.OutputChanged) return true;
+  const Answer answer = AskToSave(session, "Do you wish to save the contents of the Output Viewer?");
+  if (answer == Answer::kYes) {
+    session.wanted_view = View::ViewOutput;
+    SaveOutput(session);
+  }
+  return answer == Answer::kNo;
+}
+
+}  // namespace
+
+bool RequestClose(Session& session) {
+  const bool data_changed = session.data.DataDirty;
+  if (!DataMayGo(session) || !OutputMayGo(session)) return false;
+  if (data_changed) session.data.matrix = DataMatrix();
+  session.data.DataDirty = false;
+  session.output.OutputChanged = false;
+  return true;
+}
+
+}  // namespace tessara
