@@ -143,9 +143,9 @@ void StoreSharedBoxes(BrevarumPanel& panel) {
   }
 }
 
-void ShowBrevarumResult(BrevarumPanel& panel, int number, const OutputLog& output) {
+void ShowBrevarumResult(BrevarumPanel& panel, int number, std::string_view report) {
   const auto row = static_cast<std::size_t>(number);
-  panel.BrevarumResults[row] = "\r\n" + output.ReportText + "\r\n";
+  panel.BrevarumResults[row] = std::string("\r\n").append(report).append("\r\n");
   panel.BrevarumPanelText[row] = TaggedValue(panel.T5);
 }
 

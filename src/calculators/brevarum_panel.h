@@ -136,8 +136,8 @@ bool SetBox(BrevarumPanel& panel, std::string_view name, std::string_view text);
 Calculation Calculate(BrevarumPanel& panel, OutputLog& output, Platform& platform);
 // The shared frame's boxes into the memory of the panel in force; a panel with boxes of its own needs none.
 void StoreSharedBoxes(BrevarumPanel& panel);
-// The common ending of a calculation: the panel remembers the report that the log has just got, and T5.
-void ShowBrevarumResult(BrevarumPanel& panel, int number, const OutputLog& output);
+// The common ending of a calculation: the panel remembers the report that the log gets, and T5.
+void ShowBrevarumResult(BrevarumPanel& panel, int number, std::string_view report);
 
 // Empties the panel in force: its boxes, its results and what it remembers. T5 shows the same report with zeros.
 void ClearPanel(BrevarumPanel& panel);

@@ -1,10 +1,10 @@
 #include "data/data_file.h"
 
 #include <algorithm>
-#include <new>
 #include <optional>
 #include <utility>
 
+#include "data/load_fit.h"
 #include "data/progress.h"
 #include "data/used_range.h"
 #include "numerics/code_page.h"
@@ -48,50 +48,50 @@ std::optional<std::size_t> ParseCount(std::string_view text) {
 }
 
 // Record count: the text up to the first blank. Variable count: between the first and the second one.
-void ParseBanner(std::string_view banner, std::size_t& record_count, std::size_t& variable_count) {
+Banner ParseBanner(std::string_view banner, std::size_t& record_count, std::size_t& variable_count) {
   const std::size_t first_blank = banner.find(' ');
-  if (first_blank == std::string_view::npos) return;
+  if (first_blank == std::string_view::npos) return Banner::kNoBanner;
   std::size_t records = record_count;
   std::size_t variables = variable_count;
-  Keep(records, ParseCount(banner.substr(0, first_blank)));
+  const auto announced_records = ParseCount(banner.substr(0, first_blank));
+  std::optional<std::size_t> announced_variables;
+  Keep(records, announced_records);
   const std::size_t second_blank = banner.find(' ', first_blank + 1);
   if (second_blank != std::string_view::npos) {
-    Keep(variables, ParseCount(banner.substr(first_blank + 1, second_blank - first_blank - 1)));
+    announced_variables = ParseCount(banner.substr(first_blank + 1, second_blank - first_blank - 1));
+    Keep(variables, announced_variables);
   }
-  if (!ShapeCanBeHeld(records, variables)) return;  // sizing the matrix would fail: both counts stay as they were
+  if (!ShapeCanBeHeld(records, variables)) return Banner::kTooLarge;  // both counts stay as they were
   record_count = records;
   variable_count = variables;
+  return announced_records && announced_variables ? Banner::kRead : Banner::kNoBanner;
 }
 
-// The matrix of a file. An index that the memory cannot hold leaves all cells empty.
-DataMatrix SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Progress& progress) {
+LoadedText SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Progress& progress) {
   std::size_t split = 0;
-  try {
-    LoadedText text(std::move(bytes), rows, columns, [&](std::size_t lines) {
-      progress.ProgressStep(static_cast<double>(lines - split));
-      split = lines;
-    });
-    return DataMatrix(rows, columns, std::move(text));
-  } catch (const std::bad_alloc&) {
-    return DataMatrix(rows, columns);
-  }
+  return LoadedText(std::move(bytes), rows, columns, [&](std::size_t lines) {
+    progress.ProgressStep(static_cast<double>(lines - split));
+    split = lines;
+  });
 }
 
-// From the banner on.
-void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
+// From the banner on. Yields how the file fits its banner.
+LoadFit LoadBytes(DataSet& data, Platform& platform, FileBytes bytes, std::size_t selected_variables) {
   const WaitCursor wait(platform);
   data.DataBanner = std::string(FirstLine(bytes.text()));
   data.ProjectNotes.clear();
   data.matrix = DataMatrix();  // the old data go first, so that the two never stand in memory together
-  ParseBanner(data.DataBanner, data.RecordCount, data.VariableCount);
+  const Banner banner = ParseBanner(data.DataBanner, data.RecordCount, data.VariableCount);
 
   Progress progress(platform);
   const std::size_t rows = data.RecordCount + kFirstRecordRow;
   const double shown =
       data.WithinEditLimit() ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
-  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", data.SelectedVariableCount);
+  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", selected_variables);
   progress.ProgressStep(shown);
-  data.matrix = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
+  LoadedText text = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
+  const LoadFit fit = FitOf(text, banner, data.RecordCount, data.VariableCount);
+  data.matrix = DataMatrix(rows, data.VariableCount, std::move(text));
 
   RebuildVariableLists(data);
   data.CurrentRow = 1;
@@ -100,6 +100,7 @@ void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
   data.DataDirty = false;
   data.GridTitle = data.DataFileTitle;
   ++data.Revision;
+  return fit;
 }
 
 void TakeFacts(DataSet& data, const FileFacts& facts) {
@@ -111,8 +112,11 @@ void TakeFacts(DataSet& data, const FileFacts& facts) {
 // stretch.
 class LineWriter {
  public:
-  LineWriter(const DataSet& data, SafeFileWriter& file)
-      : data_(data), file_(file), loaded_columns_(std::min(data.matrix.LoadedColumns(), data.VariableCount)) {}
+  LineWriter(const DataSet& data, std::size_t variables, SafeFileWriter& file)
+      : data_(data),
+        file_(file),
+        variables_(variables),
+        loaded_columns_(std::min(data.matrix.LoadedColumns(), variables)) {}
 
   void Write(std::size_t row) {
     line_.clear();
@@ -123,7 +127,7 @@ class LineWriter {
         column = loaded_columns_ + 1;
       }
     }
-    for (; column <= data_.VariableCount; ++column) {
+    for (; column <= variables_; ++column) {
       if (column > 1) line_.push_back(kFieldSeparator);
       line_.append(TextOf(data_.matrix.Cell(row, column), buffer_));
     }
@@ -134,34 +138,47 @@ class LineWriter {
  private:
   const DataSet& data_;
   SafeFileWriter& file_;
+  const std::size_t variables_;
   const std::size_t loaded_columns_;
   std::string line_;
   NumberBuffer buffer_{};
 };
 
-WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
+bool IsSameFile(const Path& one, const Path& other) {
+  std::error_code none;
+  return !one.empty() && std::filesystem::equivalent(one, other, none);
+}
+
+WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   SafeFileWriter file(path);
   if (file.result() != WriteResult::kWritten) return file.result();
-  const UsedRange used(data);
-  const std::string banner =
-      std::to_string(data.RecordCount) + " " + std::to_string(data.VariableCount) + " Tessara data";
+  // What did not fit is not in the data: the file is kept before the save replaces it.
+  const bool over_misfit = IsSameFile(data.MisfitFile, path);
+  if (over_misfit && !KeepAsFound(path)) return WriteResult::kRefused;
+  const UsedRange used = TrimToUsedRange(data);
+  const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
   data.matrix.SetText(0, 1, banner);
   data.matrix.SetText(kNotesRow, 2, NotesToField(data.ProjectNotes));
 
   Progress progress(platform);
-  const std::size_t rows = data.RecordCount + kFirstRecordRow;
-  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", data.SelectedVariableCount);
+  const std::size_t rows = used.records + kFirstRecordRow;
+  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", selected_variables);
   const WaitCursor wait(platform);
-  LineWriter lines(data, file);
+  LineWriter lines(data, used.variables, file);
   for (std::size_t row = 0; row < rows; ++row) {
     progress.ProgressStep();
     lines.Write(row);
   }
-  return file.Commit();
+  const WriteResult result = file.Commit();
+  if (result == WriteResult::kWritten) {
+    if (over_misfit) data.MisfitFile.clear();
+    NoteWhatWasNotKept(file, platform);
+  }
+  return result;
 }
 
-WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path) {
-  const WriteResult result = WriteDataFile(data, platform, path);
+WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  const WriteResult result = WriteDataFile(data, platform, path, selected_variables);
   data.DataDirty = false;  // also when it has failed
   return result;
 }
@@ -214,7 +231,8 @@ std::string NotesToField(std::string_view notes) {
 }
 std::string NotesFromField(std::string_view field) { return Replaced(field, kNotesLineEnd, kLineEnd); }
 
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick) {
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick,
+                         std::size_t selected_variables) {
   const auto facts = FactsOfFile(path);
   auto bytes = facts ? ReadWholeFile(path) : std::nullopt;
   if (!bytes) return LoadOutcome::kUnreadable;
@@ -224,15 +242,17 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   if (picked && facts->size == 0) return LoadOutcome::kEmptyFile;
   data.DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path));
   data.LoadedFile = path;
-  LoadBytes(data, platform, std::move(*bytes));
+  const LoadFit fit = LoadBytes(data, platform, std::move(*bytes), selected_variables);
+  data.MisfitFile = fit.Fits() ? Path() : path;
+  if (!fit.Fits()) platform.ShowNote(FitNote(fit));
   return LoadOutcome::kLoaded;
 }
 
-SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
   // At the start the path is the folder of data files, also behind a file of the command line.
   const bool has_name = !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !IsFolder(data.DataFilePath);
   if (!has_name) return SaveOutcome::kNoName;
-  switch (WriteAndSettle(data, platform, data.DataFilePath)) {
+  switch (WriteAndSettle(data, platform, data.DataFilePath, selected_variables)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
     case WriteResult::kPathNotFound:
@@ -246,8 +266,8 @@ SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
   return SaveOutcome::kFailed;
 }
 
-SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path) {
-  if (WriteAndSettle(data, platform, path) != WriteResult::kWritten) {
+SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  if (WriteAndSettle(data, platform, path, selected_variables) != WriteResult::kWritten) {
     ShowSaveError(
         platform,
         "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "

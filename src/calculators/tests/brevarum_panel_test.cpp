@@ -107,8 +107,7 @@ TEST_F(BrevarumPanelTest, TheTableOfPanelsIsWhole) {
 }
 
 TEST_F(BrevarumPanelTest, ACalculationGoesToTheLogAndStandsAloneInTheMostRecentOutput) {
-  output.ReportText = "earlier";
-  AppendReport(output);
+  AppendReport(output, "earlier");
   FillTwoMeans();
   const Calculation result = Run();
   const std::string report = result.report.value_or("");
@@ -116,7 +115,6 @@ TEST_F(BrevarumPanelTest, ACalculationGoesToTheLogAndStandsAloneInTheMostRecentO
   const std::string separator(kReportSeparator);
   EXPECT_EQ(output.OutputLogText, "earlier" + separator + report + "\r\n" + separator);
   EXPECT_EQ(output.MostRecentText, report + "\r\n" + separator);
-  EXPECT_EQ(output.ReportText, report + "\r\n");
   EXPECT_EQ(output.BoxText(), output.MostRecentText);
   EXPECT_EQ(panel.BrevarumResults[0], "\r\n" + report + "\r\n\r\n");
   EXPECT_EQ(panel.T5, result.short_report);

@@ -57,6 +57,17 @@ PageText HandbookPage() {
                       "choice of a procedure.")};
 }
 
+// Whether enough of a window is in sight to take hold of it.
+bool OnSomeScreen(const QRect& window) {
+  constexpr int kHold = 48;
+  const QRect hold(window.topLeft(), QSize(window.width(), kHold));
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRect seen = screen->availableGeometry().intersected(hold);
+    if (seen.width() >= kHold && seen.height() >= kHold / 2) return true;
+  }
+  return false;
+}
+
 // The data file of a drag, if it brings one.
 Path DroppedFile(const QMimeData& data) {
   for (const QUrl& url : data.urls()) {
@@ -110,6 +121,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
   ApplyZoom();
   ApplyAppearance();
+  RestorePlace();
   NoteRecentFile();
   TabChanged();
   StartTimers(start);
@@ -263,14 +275,15 @@ void FrmMain::ShowWantedView() { ShowView(std::exchange(session_.wanted_view, Vi
 void FrmMain::TabChanged() {
   ViewForm* form = current_view();
   if (!form) return;
-  if (busy_ == 0) StoreViews();
+  const bool by_user = busy_ == 0;
+  if (by_user) StoreViews();
   ActivateView(session_, form->view());
   const Busy busy(*this);
   form->ShowSession();
   if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
   // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.
   if (form->view() == View::ViewDataGrid || !workspace_->tabBar()->hasFocus()) form->FocusFirst();
-  RefreshCommands();
+  if (by_user) RefreshCommands();  // an operation that brings a view to the front does so at its end
 }
 
 void FrmMain::StoreViews() {
@@ -289,12 +302,12 @@ void FrmMain::Execute(int id) {
   if (busy_ != 0) return;
   StoreViews();
   const Busy busy(*this);
-  const WidgetAction action = ExecuteCommand(session_, id, State());
+  WidgetAction action = WidgetAction::kNone;
+  platform_.WithinMemory([&] { action = ExecuteCommand(session_, id, State()); });
   ShowWantedView();
   NoteRecentFile();
   ShowSession();
   Perform(action);
-  if (id == kRefreshDocumentationCommand) help_pane_->RefreshLists();
   if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
   if (id == kRunCommand) current_view()->FocusInput();
   RefreshCommands();
@@ -302,11 +315,14 @@ void FrmMain::Execute(int id) {
 
 void FrmMain::OpenFile(const Path& path) {
   if (busy_ != 0) return;
-  ShowView(View::ViewDataGrid);
+  StoreViews();
   const Busy busy(*this);
+  ShowView(View::ViewDataGrid);
   {
     const WaitCursor wait(platform_);
-    if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    platform_.WithinMemory([&] {
+      if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    });
   }
   NoteRecentFile();
   ShowSession();
@@ -335,12 +351,15 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCut:
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
+    case WidgetAction::kPrintPage:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
       showNormal();
       resize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
       return;
+    case WidgetAction::kRefreshHelpLists:
+      return help_pane_->RefreshLists();
     case WidgetAction::kToggleHelpPane:
     case WidgetAction::kOpenHelp:
       return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : PageOfView());
@@ -430,17 +449,31 @@ void FrmMain::ApplyAppearance() {
   if (!isMaximized() && !isFullScreen()) resize(Pixels(size.width), Pixels(size.height));
 }
 
+// A place that no screen shows any more is left to the window system; a maximised window knows the size to go back to.
+void FrmMain::RestorePlace() {
+  const auto place = WindowPlaceOf(store_.Read(std::string(kWindowPlaceSetting)).value_or(""));
+  if (!place) return;
+  const QRect frame(place->x, place->y, place->width, place->height);
+  if (OnSomeScreen(frame)) move(frame.topLeft());
+  if (!place->maximised) return;
+  resize(frame.size().expandedTo(minimumSize()));
+  setWindowState(windowState() | Qt::WindowMaximized);
+}
+
 // On a small screen the frame may be made as small as that.
 void FrmMain::BoundLeastSize() {
   const QSize least(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
   setMinimumSize(least.boundedTo(screen()->availableSize()));
 }
 
-void FrmMain::StoreSize() {
+void FrmMain::StorePlace() {
   session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
   session_.settings.Op8 = width() * kTwipsPerPixel;
   WriteSetting(store_, platform_, "Op7", std::to_string(session_.settings.Op7));
   WriteSetting(store_, platform_, "Op8", std::to_string(session_.settings.Op8));
+  const QRect usual = isMaximized() || isFullScreen() ? normalGeometry() : QRect(pos(), size());
+  const WindowPlace place = {usual.x(), usual.y(), usual.width(), usual.height(), isMaximized()};
+  WriteSetting(store_, platform_, std::string(kWindowPlaceSetting), WindowPlaceText(place));
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -455,7 +488,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     RefreshCommands();
     return;
   }
-  StoreSize();
+  StorePlace();
   timer1_->stop();
   timer2_->stop();
   splash_.reset();

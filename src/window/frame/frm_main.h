@@ -89,7 +89,9 @@ class FrmMain : public QMainWindow {
   void BoundLeastSize();
   void ShowAbout();
   void NoteRecentFile();
-  void StoreSize();
+  void RestorePlace();
+  // The size in force as told by Op7 and Op8, and where the window stands.
+  void StorePlace();
   void ShowTitle();
   WidgetState State() const;
 

@@ -43,6 +43,8 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   layout->addWidget(MakeFindBar());
 
   connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
+  connect(page_->document(), &QTextDocument::contentsChange, this,
+          [this](int position, int, int added) { changes_.Note(*page_->document(), position, added); });
   connect(page_, &QPlainTextEdit::copyAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &QPlainTextEdit::undoAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &QPlainTextEdit::redoAvailable, this, &ViewForm::SessionChanged);
@@ -194,6 +196,7 @@ void Output1::ShowBox(const BoxVersion& now) {
     page_->ShowText(ToQtLines(text));
   }
   shown_ = now;
+  changes_.Begin(*page_->document(), now.size);
 }
 
 void Output1::UserChangedText() {
@@ -210,8 +213,14 @@ void Output1::UserChangedText() {
 void Output1::StoreWidgets() {
   if (!edited_) return;
   edited_ = false;
-  EditBox(session().output, FromQtLines(page_->Text()));
-  shown_ = session().output.Version();
+  OutputLog& output = session().output;
+  if (auto edit = changes_.Edit(*page_->document())) {
+    EditBox(output, edit->at, edit->removed, edit->text);
+  } else {
+    EditBox(output, FromQtLines(page_->Text()));
+  }
+  shown_ = output.Version();
+  changes_.Begin(*page_->document(), shown_.size);
 }
 
 void Output1::FocusFirst() { page_->setFocus(); }

@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include "window/output/sheet_changes.h"
 #include "window/widgets/view_form.h"
 
 class QAction;
@@ -61,6 +62,7 @@ class Output1 : public ViewForm {
   QAction* preview_ = nullptr;
   QAction* pdf_ = nullptr;
 
+  SheetChanges changes_;
   BoxVersion shown_;      // what has been put on the sheet last
   bool showing_ = false;  // the sheet changes by the program's hand
   bool edited_ = false;   // the user has changed the sheet since it was stored

@@ -110,7 +110,7 @@ void ControlPanel::BuildArrow(std::size_t place) {
 void ControlPanel::ConnectLists() {
   VariableListView* list1 = picker_->list();
   connect(picker_, &VariablePicker::Activated, this, &ControlPanel::AddFirst);
-  connect(picker_, &VariablePicker::Picked, this, [this](std::size_t column) { PickVariable(session_.data, column); });
+  connect(picker_, &VariablePicker::Picked, this, [this](std::size_t column) { PickVariable(session_.panel, column); });
   connect(list1, &VariableListView::DroppedFrom, this, &ControlPanel::RemoveMarked);
   connect(list2_, &VariableListView::DroppedFrom, this, [this](auto* source) { Drop(kAnalysisArrow, source); });
   connect(list3_, &VariableListView::DroppedFrom, this, [this](auto* source) { Drop(kIndependentArrow, source); });
@@ -149,7 +149,7 @@ void ControlPanel::PressArrow(std::size_t place) {
   const auto chosen = picker_->Chosen();
   switch (place) {
     case kAnalysisArrow:
-      PressAnalysisArrow(session_.data, session_.panel, session_.platform, chosen, list2_->SelectedPlaces());
+      PressAnalysisArrow(session_.panel, session_.platform, chosen, list2_->SelectedPlaces());
       break;
     case kIndependentArrow:
       // A list that the procedure does not use can be emptied, but takes nothing.
@@ -157,14 +157,14 @@ void ControlPanel::PressArrow(std::size_t place) {
                             list3_->SelectedPlaces());
       break;
     default:
-      PressControlArrow(session_.data, session_.platform, chosen);
+      PressControlArrow(session_.panel, session_.data, session_.platform, chosen);
   }
   Finish();
 }
 
 void ControlPanel::AddFirst() {
   StoreWidgets();
-  AddAnalysisVariable(session_.data, session_.panel, session_.platform, picker_->Chosen());
+  AddAnalysisVariable(session_.panel, session_.platform, picker_->Chosen());
   Finish();
 }
 
@@ -173,16 +173,16 @@ void ControlPanel::Drop(std::size_t target, VariableListView* source) {
   const auto columns = source->SelectedColumns();
   if (columns.empty()) return;
   if (source != picker_->list() && target != kControlArrow) RemoveMarked(source);
-  if (target == kAnalysisArrow) AddAnalysisVariable(session_.data, session_.panel, session_.platform, columns);
+  if (target == kAnalysisArrow) AddAnalysisVariable(session_.panel, session_.platform, columns);
   if (target == kIndependentArrow) AddIndependentVariable(session_.panel, session_.platform, columns);
-  if (target == kControlArrow) SetControlVariable(session_.data, session_.platform, columns);
+  if (target == kControlArrow) SetControlVariable(session_.panel, session_.data, session_.platform, columns);
   Finish();
 }
 
 void ControlPanel::RemoveMarked(VariableListView* list) {
   const auto places = list->SelectedPlaces();
   if (places.empty()) return;
-  if (list == list2_) RemoveAnalysisVariables(session_.data, session_.panel, places);
+  if (list == list2_) RemoveAnalysisVariables(session_.panel, places);
   if (list == list3_) RemoveIndependentVariables(session_.panel, places);
   Finish();
   // The next entry stands ready to go too.
@@ -228,13 +228,13 @@ void ControlPanel::ShowFieldMenu(const QPoint& place) {
   QMenu* menu = MakeMenu(this);
   QAction* reset = menu->addAction("Reset");
   reset->setObjectName("Reset");
-  reset->setEnabled(ControlIsSet(session_.data));
+  reset->setEnabled(ControlIsSet(session_.panel, session_.data));
   connect(reset, &QAction::triggered, this, &ControlPanel::Reset);
   menu->popup(field_->mapToGlobal(place));
 }
 
 void ControlPanel::Reset() {
-  ResetControl(session_.data, session_.panel);
+  ResetControl(session_.panel);
   relation_->Clear();
   Finish();
 }
@@ -250,9 +250,10 @@ void ControlPanel::ShowSession() {
   picker_->ShowData();
   analysis_->Refresh();
   independent_->Refresh();
-  const DataSet& shown = session_.data;
-  field_->setText(ControlIsSet(shown) ? ToQt(shown.VariableName(shown.RoleVariable[kControlRole])) : QString());
-  relation_->Show(session_.panel.control);
+  const ProcedurePanel& panel = session_.panel;
+  const bool controlled = ControlIsSet(panel, session_.data);
+  field_->setText(controlled ? ToQt(session_.data.VariableName(panel.control_variable.column)) : QString());
+  relation_->Show(panel.control);
   ShowHeadings();
   ShowArrows();
 }
@@ -283,7 +284,7 @@ bool ControlPanel::SecondListIsIdle() const {
 void ControlPanel::ShowArrows() {
   const bool taking = picker_->list()->selectionModel()->hasSelection();
   const std::array<bool, kArrows> filled = {analysis_->rowCount() > 0, independent_->rowCount() > 0,
-                                            ControlIsSet(session_.data)};
+                                            ControlIsSet(session_.panel, session_.data)};
   arrows_[kIndependentArrow]->setEnabled(list3_->isEnabled() || SecondListIsIdle());
   for (std::size_t place = 0; place < kArrows; ++place) {
     const bool idle = place == kIndependentArrow && SecondListIsIdle();
@@ -298,7 +299,7 @@ void ControlPanel::ShowArrows() {
 }
 
 QString ControlPanel::ControlWords() const {
-  if (!ControlIsSet(session_.data)) return {};
+  if (!ControlIsSet(session_.panel, session_.data)) return {};
   const QString words = relation_->Words();
   return words.isEmpty() ? field_->text() : field_->text() + " " + words;
 }

@@ -28,7 +28,6 @@ class ProcedureBox : public QGroupBox {
   explicit ProcedureBox(ProcedurePanel& panel, QWidget* parent = nullptr);
 
   void ShowPanel();
-  void StoreWidgets();
   void FocusFirst();
   // The width below which options would be cut off.
   int LeastWidth() const;
@@ -54,6 +53,10 @@ class ProcedureBox : public QGroupBox {
   void LayOutSummaryTables(const ProcedureRow& row);
   void Place(QWidget* widget, int column, int span);
   void EnableTableBoxes();
+
+  void ShowOptions();
+  void TellBox(std::string_view control, bool on);
+  void TellField(std::string_view control, const QString& text);
 
   ProcedurePanel& panel_;
   QWidget* content_;

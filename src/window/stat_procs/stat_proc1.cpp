@@ -173,10 +173,7 @@ void StatProc1::Run() {
   emit CommandRequested(kRunCommand);
 }
 
-void StatProc1::StoreWidgets() {
-  control_panel_->StoreWidgets();
-  procedures_->StoreWidgets();
-}
+void StatProc1::StoreWidgets() { control_panel_->StoreWidgets(); }
 
 void StatProc1::ShowSession() {
   control_panel_->ShowSession();
@@ -196,9 +193,7 @@ void StatProc1::ProcedureSelected() {
   emit SessionChanged();
 }
 
-// A box that was clicked goes to the panel's state first: the frame shows every view anew from the state.
 void StatProc1::PanelChanged() {
-  procedures_->StoreWidgets();
   ShowSummary();
   emit SessionChanged();
 }
