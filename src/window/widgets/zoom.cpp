@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "shell/settings.h"
+
 namespace tessara {
 namespace {
 
@@ -15,8 +17,8 @@ constexpr int kStep = 10;
 constexpr int kWheelNotch = 120;
 
 int KeptPercent(const SettingsStore& store) {
-  const int kept = QString::fromStdString(store.Read(kZoomSetting).value_or("")).toInt();
-  return kept == 0 ? Zoom::kUsual : std::clamp(kept, Zoom::kLeast, Zoom::kMost);
+  const int kept = QString::fromStdString(store.Read(std::string(kZoomSetting)).value_or("")).toInt();
+  return kept < kLeastZoom || kept > kMostZoom ? Zoom::kUsual : kept;
 }
 
 }  // namespace
@@ -39,10 +41,11 @@ void Zoom::AddAction(const char* name, const QString& text, const QList<QKeySequ
 }
 
 void Zoom::Set(int percent) {
-  percent = std::clamp(percent, kLeast, kMost);
+  percent = std::clamp(percent, kLeastZoom, kMostZoom);
   if (percent == percent_) return;
   percent_ = percent;
-  store_.Write(kZoomSetting, std::to_string(percent));  // a store that refuses keeps the size for this run alone
+  store_.Write(std::string(kZoomSetting),
+               std::to_string(percent));  // a store that refuses keeps the size for this run alone
   emit Changed(percent);
 }
 

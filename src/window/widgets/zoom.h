@@ -10,17 +10,13 @@ class QWidget;
 
 namespace tessara {
 
-inline constexpr const char* kZoomSetting = "Zoom";  // percent; 0 or none for the usual size
-
 // The size of type in the views of a window: Ctrl+Plus, Ctrl+Minus, Ctrl+0, and Ctrl with the wheel. It is kept from
 // one start to the next.
 class Zoom : public QObject {
   Q_OBJECT
 
  public:
-  static constexpr int kUsual = 100;
-  static constexpr int kLeast = 40;
-  static constexpr int kMost = 400;
+  static constexpr int kUsual = 100;  // percent
 
   Zoom(SettingsStore& store, QWidget* window);
 
