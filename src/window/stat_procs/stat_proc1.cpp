@@ -293,6 +293,13 @@ void StatProc1::FocusFirst() {
   }
 }
 
+// A run that the control's value has stopped leaves the keyboard with that value.
+void StatProc1::FocusInput() {
+  if (!ControlValueIsRefused(session().panel, session().data)) return;
+  if (!IsFaceShown(Face::kControlPanel)) ShowFace(Face::kControlPanel);
+  control_panel_->FocusValue();
+}
+
 // Of the edit commands, select all and copy act on the text that has the focus.
 void StatProc1::Perform(WidgetAction action) {
   QWidget* focus = focusWidget();

@@ -16,11 +16,12 @@ class Zoom : public QObject {
   Q_OBJECT
 
  public:
-  static constexpr int kUsual = 100;
-  static constexpr int kLeast = 40;
-  static constexpr int kMost = 400;
+  static constexpr int kUsual = 100;  // percent
 
   Zoom(SettingsStore& store, QWidget* window);
+
+  // While the keyboard or the pointer is in this widget, its invokable ZoomBy(int steps) is called instead.
+  static void LeaveTo(QWidget* widget);
 
   int percent() const { return percent_; }
   void Set(int percent);
@@ -34,6 +35,7 @@ class Zoom : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void StepAt(QWidget* place, int steps);
   void AddAction(const char* name, const QString& text, const QList<QKeySequence>& keys, int steps);
 
   SettingsStore& store_;
