@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "data/change_history.h"
+#include "data/change_notes.h"
 #include "data/data_matrix.h"
 #include "platform/platform.h"
 
@@ -20,6 +22,9 @@ inline constexpr std::size_t kNewVariableCount = 20;
 inline constexpr std::size_t kMostGridVariables = 300;
 inline constexpr std::size_t kGridRecordsAboveLimit = 100;
 inline constexpr std::string_view kUntitledGrid = "Data Grid";
+
+// The cells that count for the edit limit; header rows do not. Saturates.
+std::size_t CellsOf(std::size_t record_count, std::size_t variable_count);
 
 struct ListedVariable {
   std::string name;        // as it stood when the lists were rebuilt
@@ -47,15 +52,18 @@ struct DataSet {
 
   std::vector<ListedVariable> VarList;  // index 0 is "None", so an index is a column number
 
+  // Written by the door for changes alone: what has happened of late, and what can be undone (change_door.h).
+  ChangeNotes notes;
+  ChangeHistory history;
+
   // Counts up whenever cells, shape or dictionary change, so that a view knows when to look again.
-  std::uint64_t Revision = 0;
+  std::uint64_t Revision() const { return notes.revision(); }
 
   // "VariableName" and "VariableLabel" of a column.
   std::string VariableName(std::size_t column) const;
   std::string VariableLabel(std::size_t column) const;
 
-  // The cells that count for the edit limit; header rows do not. Saturates.
-  std::size_t CellCount() const;
+  std::size_t CellCount() const { return CellsOf(RecordCount, VariableCount); }
   bool WithinEditLimit() const { return CellCount() <= kEditLimit; }
 
   // The stretch of the data that a grid shows.
@@ -66,6 +74,8 @@ struct DataSet {
 };
 
 // The empty data set: 1000 records, 20 variables V1 to V20.
+DataContents EmptyContents();
+// Begins with it.
 void MakeEmptyDataSet(DataSet& data);
 
 // Whether a matrix of this shape can be held in the machine's memory.

@@ -3,6 +3,8 @@
 #include <QAbstractItemModelTester>
 #include <QtTest>
 
+#include "data/change_door.h"
+
 namespace tessara {
 namespace {
 
@@ -24,8 +26,9 @@ class GridModelTest : public QObject {
     DataSet data = Shaped(12, 3);
     GridModel model(data);
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    data = Shaped(4, 5);
-    data.Revision = 7;
+    MatrixEditor(data).Replace(DataMatrix(4 + kFirstRecordRow, 5));
+    data.RecordCount = 4;
+    data.VariableCount = 5;
     QVERIFY(model.Refresh());
     QCOMPARE(model.rowCount(), 4);
     QCOMPARE(model.columnCount(), 5);

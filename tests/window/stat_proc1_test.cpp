@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 #include "window/stat_procs/variable_lists.h"
 
@@ -42,7 +43,7 @@ class StatProc1Test : public QObject {
     data.RecordCount = 10;
     data.VariableCount = names.size();
     for (std::size_t i = 0; i < names.size(); ++i) data.matrix.SetText(kVariableNameRow, i + 1, names[i]);
-    ++data.Revision;
+    MatrixEditor(data).Replace(data.matrix);
     RebuildVariableLists(data);
     view_->ShowSession();
   }

@@ -440,12 +440,12 @@ TEST_F(RunTest, ARefusalAheadOfTheRunLeavesTheCharts) {
 TEST_F(RunTest, SavedResidualsAreAmongTheVariablesAtOnce) {
   Select(Procedure::kRegression, {1}, {2});
   panel.options.least_squares.save_residuals = true;
-  const std::uint64_t revision = data.Revision;
+  const std::uint64_t revision = data.Revision();
   RunNow();
   EXPECT_EQ(data.VariableCount, kNewVariableCount + 1);
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
   EXPECT_EQ(data.VarList.back().name, "R-V1");
-  EXPECT_GT(data.Revision, revision);
+  EXPECT_GT(data.Revision(), revision);
 }
 
 }  // namespace

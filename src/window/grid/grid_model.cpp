@@ -18,16 +18,16 @@ GridModel::GridModel(const DataSet& data, QObject* parent)
       data_(data),
       records_(static_cast<int>(data.GridRecords())),
       variables_(static_cast<int>(data.GridVariables())),
-      revision_(data.Revision) {}
+      revision_(data.Revision()) {}
 
 bool GridModel::Refresh() {
   const int records = static_cast<int>(data_.GridRecords());
   const int variables = static_cast<int>(data_.GridVariables());
-  if (records == records_ && variables == variables_ && revision_ == data_.Revision) return false;
+  if (records == records_ && variables == variables_ && revision_ == data_.Revision()) return false;
   beginResetModel();
   records_ = records;
   variables_ = variables;
-  revision_ = data_.Revision;
+  revision_ = data_.Revision();
   endResetModel();
   return true;
 }

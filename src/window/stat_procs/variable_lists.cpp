@@ -38,14 +38,14 @@ AllVariablesModel::AllVariablesModel(const DataSet& data, QObject* parent)
     : QAbstractListModel(parent),
       data_(data),
       count_(static_cast<int>(data.VarList.size())),
-      revision_(data.Revision) {}
+      revision_(data.Revision()) {}
 
 void AllVariablesModel::Refresh() {
   const int count = static_cast<int>(data_.VarList.size());
-  if (count == count_ && revision_ == data_.Revision) return;
+  if (count == count_ && revision_ == data_.Revision()) return;
   beginResetModel();
   count_ = count;
-  revision_ = data_.Revision;
+  revision_ = data_.Revision();
   endResetModel();
 }
 
@@ -77,13 +77,13 @@ bool VariableFilter::filterAcceptsRow(int row, const QModelIndex& parent) const 
 
 ChosenVariablesModel::ChosenVariablesModel(const DataSet& data, const std::vector<std::size_t>& columns,
                                            QObject* parent)
-    : QAbstractListModel(parent), data_(data), columns_(columns), shown_(columns), revision_(data.Revision) {}
+    : QAbstractListModel(parent), data_(data), columns_(columns), shown_(columns), revision_(data.Revision()) {}
 
 void ChosenVariablesModel::Refresh() {
-  if (shown_ == columns_ && revision_ == data_.Revision) return;
+  if (shown_ == columns_ && revision_ == data_.Revision()) return;
   beginResetModel();
   shown_ = columns_;
-  revision_ = data_.Revision;
+  revision_ = data_.Revision();
   endResetModel();
 }
 
