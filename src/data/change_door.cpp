@@ -64,111 +64,6 @@ std::vector<ListedVariable> ListVariables(const DataMatrix& matrix) {
   return list;
 }
 
-// Puts a change into the data and takes what stood there into the change. In each routine all that may fail comes ahead
-// of the first step that shows.
-class Exchange {
- public:
-  Exchange(DataSet& data, DataChange& change) : data_(data), change_(change) {}
-
-  void Run() {
-    std::visit([this](auto& payload) { Swap(payload); }, change_.payload);
-    data_.notes.Add(change_.kind, change_.extent);
-    change_.kind = InverseKind(change_.kind);
-    KeepCursor();
-  }
-
- private:
-  void Swap(Cells& cells) {
-    const ChangeExtent& extent = change_.extent;
-    CellBlock old;
-    std::size_t index = 0;
-    for (std::size_t row = extent.first_row; row < extent.first_row + extent.row_count; ++row) {
-      for (std::size_t i = 0; i < extent.column_count; ++i) {
-        old.Set(index++, data_.matrix.Cell(row, extent.first_column + i));
-      }
-    }
-    if (index == 1) {  // one cell is written in its place: nothing is copied for it
-      data_.matrix.Set(extent.first_row, extent.first_column, cells.values.Cell(0));
-    } else {
-      DataMatrix next = data_.matrix;
-      index = 0;
-      for (std::size_t row = extent.first_row; row < extent.first_row + extent.row_count; ++row) {
-        for (std::size_t i = 0; i < extent.column_count; ++i) {
-          next.Set(row, extent.first_column + i, cells.values.Cell(index++));
-        }
-      }
-      std::swap(data_.matrix, next);
-    }
-    cells.values = std::move(old);
-  }
-
-  void Swap(Columns& payload) {
-    const std::size_t added = payload.columns.size();
-    DataMatrix next = data_.matrix;
-    std::vector<Column> columns = payload.columns;
-    next.ExchangeColumns(payload.first, payload.count, columns);
-    ForgetNumbers(columns);
-    std::vector<ListedVariable> list = ListVariables(next);
-    std::swap(data_.matrix, next);
-    data_.VariableCount = data_.matrix.ColumnCount();
-    data_.VarList.swap(list);
-    payload.columns.swap(columns);
-    payload.count = added;
-  }
-
-  void Swap(Rows& payload) {
-    DataMatrix next = data_.matrix;
-    next.SetRowCount(payload.row_count);
-    std::optional<std::vector<Column>> columns;
-    if (payload.columns) {
-      columns = *payload.columns;
-      next.ExchangeColumns(1, next.ColumnCount(), *columns);
-      ForgetNumbers(*columns);
-    }
-    payload.row_count = data_.matrix.RowCount();
-    std::swap(data_.matrix, next);
-    payload.columns.swap(columns);
-    std::swap(payload.record_count, data_.RecordCount);
-  }
-
-  void Swap(DataContents& contents) {
-    std::vector<ListedVariable> list = ListVariables(contents.matrix);
-    data_.VarList.swap(list);
-    ExchangeContents(contents);
-  }
-
-  void ExchangeContents(DataContents& contents) noexcept {
-    std::swap<DataMatrix>(data_.matrix, contents.matrix);
-    std::swap(data_.RecordCount, contents.RecordCount);
-    std::swap(data_.VariableCount, contents.VariableCount);
-    data_.DataBanner.swap(contents.DataBanner);
-    data_.ProjectNotes.swap(contents.ProjectNotes);
-    data_.DataFilePath.swap(contents.DataFilePath);
-    data_.LoadedFile.swap(contents.LoadedFile);
-    data_.MisfitFile.swap(contents.MisfitFile);
-    data_.DataFileTitle.swap(contents.DataFileTitle);
-    data_.GridTitle.swap(contents.GridTitle);
-    std::swap(data_.DataFileSize, contents.DataFileSize);
-    data_.DataFileModified.swap(contents.DataFileModified);
-    data_.CurrentRow = data_.CurrentColumn = 1;
-    for (std::size_t column = 1; column <= contents.matrix.ColumnCount(); ++column) {
-      contents.matrix.ColumnAt(column).ForgetNumbers();
-    }
-  }
-
-  static void ForgetNumbers(const std::vector<Column>& columns) {
-    for (const Column& column : columns) column.ForgetNumbers();
-  }
-
-  void KeepCursor() {
-    data_.CurrentRow = std::min(data_.CurrentRow, data_.RecordCount);
-    data_.CurrentColumn = std::min(data_.CurrentColumn, data_.matrix.ColumnCount());
-  }
-
-  DataSet& data_;
-  DataChange& change_;
-};
-
 // Estimates what an applied change keeps from being given back: the cells and file texts that the data do not hold any
 // more.
 class HeldBytes {
@@ -239,11 +134,117 @@ class HeldBytes {
 
 }  // namespace
 
+// Puts a change into the data and takes what stood there into the change. In each routine all that may fail comes ahead
+// of the first step that shows.
+class ChangeExchange {
+ public:
+  ChangeExchange(DataSet& data, DataChange& change) : data_(data), matrix_(data.matrix.matrix_), change_(change) {}
+
+  void Run() {
+    std::visit([this](auto& payload) { Swap(payload); }, change_.payload);
+    data_.notes.Add(change_.kind, change_.extent);
+    change_.kind = InverseKind(change_.kind);
+    KeepCursor();
+  }
+
+ private:
+  void Swap(Cells& cells) {
+    const ChangeExtent& extent = change_.extent;
+    CellBlock old;
+    std::size_t index = 0;
+    for (std::size_t row = extent.first_row; row < extent.first_row + extent.row_count; ++row) {
+      for (std::size_t i = 0; i < extent.column_count; ++i) {
+        old.Set(index++, matrix_.Cell(row, extent.first_column + i));
+      }
+    }
+    if (index == 1) {  // one cell is written in its place: nothing is copied for it
+      matrix_.Set(extent.first_row, extent.first_column, cells.values.Cell(0));
+    } else {
+      DataMatrix next = matrix_;
+      index = 0;
+      for (std::size_t row = extent.first_row; row < extent.first_row + extent.row_count; ++row) {
+        for (std::size_t i = 0; i < extent.column_count; ++i) {
+          next.Set(row, extent.first_column + i, cells.values.Cell(index++));
+        }
+      }
+      std::swap(matrix_, next);
+    }
+    cells.values = std::move(old);
+  }
+
+  void Swap(Columns& payload) {
+    const std::size_t added = payload.columns.size();
+    DataMatrix next = matrix_;
+    std::vector<Column> columns = payload.columns;
+    next.ExchangeColumns(payload.first, payload.count, columns);
+    ForgetNumbers(columns);
+    std::vector<ListedVariable> list = ListVariables(next);
+    std::swap(matrix_, next);
+    data_.VariableCount = matrix_.ColumnCount();
+    data_.VarList.swap(list);
+    payload.columns.swap(columns);
+    payload.count = added;
+  }
+
+  void Swap(Rows& payload) {
+    DataMatrix next = matrix_;
+    next.SetRowCount(payload.row_count);
+    std::optional<std::vector<Column>> columns;
+    if (payload.columns) {
+      columns = *payload.columns;
+      next.ExchangeColumns(1, next.ColumnCount(), *columns);
+      ForgetNumbers(*columns);
+    }
+    payload.row_count = matrix_.RowCount();
+    std::swap(matrix_, next);
+    payload.columns.swap(columns);
+    std::swap(payload.record_count, data_.RecordCount);
+  }
+
+  void Swap(DataContents& contents) {
+    std::vector<ListedVariable> list = ListVariables(contents.matrix);
+    data_.VarList.swap(list);
+    ExchangeContents(contents);
+  }
+
+  void ExchangeContents(DataContents& contents) noexcept {
+    std::swap(matrix_, contents.matrix);
+    std::swap(data_.RecordCount, contents.RecordCount);
+    std::swap(data_.VariableCount, contents.VariableCount);
+    data_.DataBanner.swap(contents.DataBanner);
+    data_.ProjectNotes.swap(contents.ProjectNotes);
+    data_.DataFilePath.swap(contents.DataFilePath);
+    data_.LoadedFile.swap(contents.LoadedFile);
+    data_.MisfitFile.swap(contents.MisfitFile);
+    data_.DataFileTitle.swap(contents.DataFileTitle);
+    data_.GridTitle.swap(contents.GridTitle);
+    std::swap(data_.DataFileSize, contents.DataFileSize);
+    data_.DataFileModified.swap(contents.DataFileModified);
+    data_.CurrentRow = data_.CurrentColumn = 1;
+    for (std::size_t column = 1; column <= contents.matrix.ColumnCount(); ++column) {
+      contents.matrix.ColumnAt(column).ForgetNumbers();
+    }
+  }
+
+  static void ForgetNumbers(const std::vector<Column>& columns) {
+    for (const Column& column : columns) column.ForgetNumbers();
+  }
+
+  void KeepCursor() {
+    data_.CurrentRow = std::min(data_.CurrentRow, data_.RecordCount);
+    data_.CurrentColumn = std::min(data_.CurrentColumn, matrix_.ColumnCount());
+  }
+
+  DataSet& data_;
+  DataMatrix& matrix_;
+  DataChange& change_;
+};
+
 bool ApplyChange(DataSet& data, DataChange change) {
   if (!Fits(data, change)) return false;
   ChangeHistory::Steps step;
   step.push_back({.change = std::move(change)});
-  Exchange(data, step.front().change).Run();
+  ChangeExchange(data, step.front().change).Run();
   data.history.Taken(step, HeldBytes(data.matrix).Of(step.front().change), data.DataDirty);
   return true;
 }
@@ -251,7 +252,7 @@ bool ApplyChange(DataSet& data, DataChange change) {
 bool UndoChange(DataSet& data) {
   if (!data.history.CanUndo()) return false;
   DataChange& change = data.history.NextUndo();
-  Exchange(data, change).Run();
+  ChangeExchange(data, change).Run();
   data.history.Undone(HeldBytes(data.matrix).Of(change), data.DataDirty);
   return true;
 }
@@ -259,7 +260,7 @@ bool UndoChange(DataSet& data) {
 bool RedoChange(DataSet& data) {
   if (!data.history.CanRedo()) return false;
   DataChange& change = data.history.NextRedo();
-  Exchange(data, change).Run();
+  ChangeExchange(data, change).Run();
   data.history.Redone(HeldBytes(data.matrix).Of(change), data.DataDirty);
   return true;
 }
@@ -280,8 +281,8 @@ void MarkChanged(DataSet& data) noexcept {
 }
 
 void StoreFirstRow(DataSet& data, std::string_view banner, std::string_view notes) {
-  data.matrix.SetText(0, 1, banner);
-  data.matrix.SetText(kNotesRow, 2, notes);
+  data.matrix.matrix_.SetText(0, 1, banner);
+  data.matrix.matrix_.SetText(kNotesRow, 2, notes);
 }
 
 void BeginData(DataSet& data, DataContents contents) {
@@ -295,19 +296,19 @@ void DropData(DataSet& data) noexcept {
 }
 
 bool MatrixEditor::Set(std::size_t row, std::size_t column, const TaggedView& value) {
-  if (!data_.matrix.Set(row, column, value)) return false;
+  if (!data_.matrix.matrix_.Set(row, column, value)) return false;
   data_.notes.Add(row < kFirstRecordRow ? ChangeKind::kDictionary : ChangeKind::kCells, {row, 1, column, 1});
   return true;
 }
 
 std::size_t MatrixEditor::AddColumn() {
-  const std::size_t column = data_.matrix.AddColumn();
+  const std::size_t column = data_.matrix.matrix_.AddColumn();
   data_.notes.Add(ChangeKind::kColumnsAdded, {0, data_.matrix.RowCount(), column, 1});
   return column;
 }
 
 void MatrixEditor::Replace(DataMatrix matrix) noexcept {
-  std::swap<DataMatrix>(data_.matrix, matrix);
+  std::swap(data_.matrix.matrix_, matrix);
   data_.notes.Add(ChangeKind::kWholeData, {});
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/change_history.h"
@@ -31,8 +32,42 @@ struct ListedVariable {
   std::size_t column = 0;  // 0 in the entry "None"
 };
 
+struct DataSet;
+
+// The matrix of a data set: everybody reads it, the door for changes alone writes it (change_door.h).
+class HeldMatrix {
+ public:
+  operator const DataMatrix&() const { return matrix_; }  // NOLINT: implicit by design
+
+  std::size_t RowCount() const { return matrix_.RowCount(); }
+  std::size_t ColumnCount() const { return matrix_.ColumnCount(); }
+  TaggedView Cell(std::size_t row, std::size_t column) const { return matrix_.Cell(row, column); }
+  const Column& ColumnAt(std::size_t column) const { return matrix_.ColumnAt(column); }
+  const NumericColumn& Numbers(std::size_t column, std::size_t record_count) const {
+    return matrix_.Numbers(column, record_count);
+  }
+  std::size_t UsedRecords(std::size_t column, std::size_t record_count) const {
+    return matrix_.UsedRecords(column, record_count);
+  }
+  std::size_t LoadedColumns() const { return matrix_.LoadedColumns(); }
+  std::optional<std::string_view> LoadedLine(std::size_t row, std::size_t column_count) const {
+    return matrix_.LoadedLine(row, column_count);
+  }
+  template <typename Visit>
+  void ForEachRecord(std::size_t column, std::size_t record_count, Visit visit) const {
+    matrix_.ForEachRecord(column, record_count, visit);
+  }
+
+ private:
+  friend class ChangeExchange;
+  friend class MatrixEditor;
+  friend void StoreFirstRow(DataSet& data, std::string_view banner, std::string_view notes);
+
+  DataMatrix matrix_;
+};
+
 struct DataSet {
-  DataMatrix matrix;
+  HeldMatrix matrix;
   std::size_t RecordCount = 0;
   std::size_t VariableCount = 0;
   bool DataDirty = false;  // something has changed since the last load or save

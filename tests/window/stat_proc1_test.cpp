@@ -39,10 +39,10 @@ class StatProc1Test : public QObject {
 
   void Load(const std::vector<std::string>& names) {
     DataSet& data = session_->data;
-    data.matrix = DataMatrix(10 + kFirstRecordRow, names.size());
+    MatrixEditor(data).Replace(DataMatrix(10 + kFirstRecordRow, names.size()));
     data.RecordCount = 10;
     data.VariableCount = names.size();
-    for (std::size_t i = 0; i < names.size(); ++i) data.matrix.SetText(kVariableNameRow, i + 1, names[i]);
+    for (std::size_t i = 0; i < names.size(); ++i) MatrixEditor(data).SetText(kVariableNameRow, i + 1, names[i]);
     MatrixEditor(data).Replace(data.matrix);
     RebuildVariableLists(data);
     view_->ShowSession();
