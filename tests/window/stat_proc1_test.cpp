@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 #include "window/stat_procs/variable_lists.h"
 
@@ -38,11 +39,11 @@ class StatProc1Test : public QObject {
 
   void Load(const std::vector<std::string>& names) {
     DataSet& data = session_->data;
-    data.matrix = DataMatrix(10 + kFirstRecordRow, names.size());
+    MatrixEditor(data).Replace(DataMatrix(10 + kFirstRecordRow, names.size()));
     data.RecordCount = 10;
     data.VariableCount = names.size();
-    for (std::size_t i = 0; i < names.size(); ++i) data.matrix.SetText(kVariableNameRow, i + 1, names[i]);
-    ++data.Revision;
+    for (std::size_t i = 0; i < names.size(); ++i) MatrixEditor(data).SetText(kVariableNameRow, i + 1, names[i]);
+    MatrixEditor(data).Replace(data.matrix);
     RebuildVariableLists(data);
     view_->ShowSession();
   }

@@ -107,14 +107,16 @@ namespace {
 // equal to" as a comparison of numbers.
 void SaveZScores(DataSet& data, const CaseSource& source, std::size_t column, const DescriptiveStatistics& statistics) {
   const std::string name = data.VariableName(column);
-  const std::size_t target = AddSavedColumn(data, "Z-" + name);
-  for (std::size_t row = 1; row < kVariableNameRow; ++row) data.matrix.Set(row, target, data.matrix.Cell(row, column));
-  if (data.VariableLabel(column).empty()) data.matrix.SetText(kVariableLabelRow, target, name);
+  Column scores;
+  for (std::size_t row = 1; row < kVariableNameRow; ++row) scores.Set(row, data.matrix.Cell(row, column));
+  if (data.VariableLabel(column).empty()) scores.Set(kVariableLabelRow, name);
+  scores.Set(kVariableNameRow, "Z-" + name);
 
   ForEachAcceptedNumber(source, column, NotEqualReading::kAsNumber, [&](std::size_t record, double value, std::size_t) {
     const Checked z = (value - statistics.mean) / statistics.sample_deviation;
-    if (const auto text = Masked(z, "0.00000")) data.matrix.SetText(kFirstRecordRow + record, target, *text);
+    if (const auto text = Masked(z, "0.00000")) scores.Set(kFirstRecordRow + record, *text);
   });
+  AddSavedColumns(data, {std::move(scores)}, "Save Z-Scores");
 }
 
 std::string DescriptivesReport(const CaseSource& source, std::size_t column, const DescriptiveStatistics& s,

@@ -125,8 +125,8 @@ void SaveResiduals(DataSet& data, std::size_t dependent, const NumberCases& case
   for (std::size_t i = 0; i < y.size(); ++i) {
     residuals[i] = y[i] - (regression.intercept.value() + regression.slope.value() * x[i]);
   }
-  const std::size_t target = AddSavedColumn(data, "R-" + data.VariableName(dependent));
-  SaveCaseValues(data, target, cases.accepted, residuals);
+  const std::string name = "R-" + data.VariableName(dependent);
+  AddSavedColumns(data, {MakeSavedColumn(name, cases.accepted, residuals)}, "Save Residuals");
 }
 
 // Takes the values of the cases along, so that a chart of a million points costs no copy.
@@ -163,10 +163,7 @@ void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegre
   }
   const PairResults results = ComputePair(cases, options);
   run.AppendReport(CorrelationReport(source, roles, results, options));
-  if (options.regression && options.save_residuals) {
-    SaveResiduals(data, roles.main, cases, results.regression);
-    RebuildVariableLists(data);
-  }
+  if (options.regression && options.save_residuals) SaveResiduals(data, roles.main, cases, results.regression);
   if (run.wants_charts) LeaveCorrelationCharts(run, roles, std::move(cases));
 }
 

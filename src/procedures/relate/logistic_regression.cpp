@@ -284,11 +284,10 @@ void SavePredicted(DataSet& data, const ModelCases& cases, const LogisticOutcome
                    const LogisticModel& model) {
   std::vector<double> residuals(cases.n);
   for (std::size_t i = 0; i < cases.n; ++i) residuals[i] = outcomes.response[i] - model.probabilities[i];
-  const std::size_t predicted = AddSavedColumn(data, "Pi-" + cases.dependent_name);
-  SaveCaseValues(data, predicted, cases.accepted, model.probabilities);
-  const std::size_t residual = AddSavedColumn(data, "R-" + cases.dependent_name);
-  SaveCaseValues(data, residual, cases.accepted, residuals);
-  RebuildVariableLists(data);
+  AddSavedColumns(data,
+                  {MakeSavedColumn("Pi-" + cases.dependent_name, cases.accepted, model.probabilities),
+                   MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, residuals)},
+                  "Save Predicted and Residuals");
 }
 
 }  // namespace

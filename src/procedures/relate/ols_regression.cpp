@@ -1,5 +1,7 @@
 #include "procedures/relate/ols_regression.h"
 
+#include <utility>
+
 #include "numerics/masks.h"
 #include "numerics/probability.h"
 #include "numerics/report_text.h"
@@ -123,10 +125,9 @@ namespace {
 
 // A new variable with the label of the dependent one. The cells of excluded cases stay empty.
 void SaveResiduals(DataSet& data, const ModelCases& cases, const LeastSquaresModel& model) {
-  const std::size_t target = AddSavedColumn(data, "R-" + cases.dependent_name);
-  if (!cases.dependent_label.empty()) data.matrix.SetText(kVariableLabelRow, target, cases.dependent_label);
-  SaveCaseValues(data, target, cases.accepted, model.residuals);
-  RebuildVariableLists(data);
+  Column column = MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, model.residuals);
+  if (!cases.dependent_label.empty()) column.Set(kVariableLabelRow, cases.dependent_label);
+  AddSavedColumns(data, {std::move(column)}, "Save Residuals");
 }
 
 }  // namespace

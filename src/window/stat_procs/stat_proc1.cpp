@@ -174,8 +174,8 @@ void StatProc1::ShowSession() {
   example_->ShowPanel(session().panel);
   notes_->ShowData();
   const DataSet& shown = session().data;
-  if (statistics_of_ != shown.Revision) statistics_->ShowData(shown);
-  statistics_of_ = shown.Revision;
+  if (statistics_of_ != shown.Revision()) statistics_->ShowData(shown);
+  statistics_of_ = shown.Revision();
   ShowSummary();
 }
 
