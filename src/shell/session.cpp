@@ -50,6 +50,13 @@ Path Absolute(const Path& path) {
   return error ? path : whole;
 }
 
+// The lists and the control of the panel go with their variables.
+void FollowPanel(Session& session) {
+  if (const auto lost = FollowData(session.panel, session.data)) {
+    session.platform.ShowNote("the control variable " + *lost + " was reset");
+  }
+}
+
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
@@ -76,8 +83,8 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
       LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
   if (outcome == LoadOutcome::kLoaded) {
-    const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
-    if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
+    FollowPanel(session);
+    ClearPanelLists(session.panel);
   }
   return outcome;
 }
@@ -93,6 +100,7 @@ SaveOutcome SaveDataTo(Session& session, const Path& path) {
 void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.panel);
+  FollowPanel(session);
 }
 
 void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
@@ -104,6 +112,7 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 RunOutcome RunPanel(Session& session) {
+  FollowPanel(session);
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
@@ -135,6 +144,7 @@ std::string_view HelpPage(View view) {
 }
 
 void RefreshStatus(Session& session) {
+  FollowPanel(session);
   Platform& platform = session.platform;
   switch (session.ActiveView) {
     case View::ViewBrevarum:
