@@ -102,13 +102,13 @@ TEST(MeanTests, UnequalVariancesGiveTheNarrativeTheOtherP) {
 TEST(MeanTests, IdenticalVariancesUseTheFirstForm) {
   const auto test = ComputeTwoMeans(Boxes("5", "3", "10", "6", "3", "12"));
   ASSERT_TRUE(test);
-  EXPECT_EQ(test->f.value(), 1);
-  EXPECT_EQ(test->d1.value(), 11);
-  EXPECT_EQ(test->d2.value(), 9);
+  EXPECT_EQ(test->ratio.f.value(), 1);
+  EXPECT_EQ(test->ratio.numerator_df.value(), 11);
+  EXPECT_EQ(test->ratio.denominator_df.value(), 9);
   const auto first_larger = ComputeTwoMeans(Boxes("5", "4", "10", "6", "3", "12"));
   ASSERT_TRUE(first_larger);
-  EXPECT_EQ(first_larger->d1.value(), 9);
-  EXPECT_EQ(first_larger->d2.value(), 11);
+  EXPECT_EQ(first_larger->ratio.numerator_df.value(), 9);
+  EXPECT_EQ(first_larger->ratio.denominator_df.value(), 11);
 }
 
 // Both variances 0: F and t cannot be divided and stay 0, F keeps its degrees; scipy: f.sf(0, 14, 9) = 1, t.sf(0) = .5.
