@@ -63,13 +63,17 @@ void StartSession(Session& session, const Path& command_line_file) {
   // A relative path means the folder that the program was called from.
   const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
+  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.undo_memory) << 20);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, kReady);
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
-void StartBatchSession(Session& session) { PrepareSession(session); }
+void StartBatchSession(Session& session) {
+  PrepareSession(session);
+  session.data.history.SetLimit(0);  // a script has no way back
+}
 
 void TestDocumentationFiles(Session& session) {
   const Path program = session.platform.ProgramFolder();
