@@ -76,7 +76,7 @@ LoadedText SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Pr
 }
 
 // From the banner on. Yields how the file fits its banner.
-LoadFit LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
+LoadFit LoadBytes(DataSet& data, Platform& platform, FileBytes bytes, std::size_t selected_variables) {
   const WaitCursor wait(platform);
   data.DataBanner = std::string(FirstLine(bytes.text()));
   data.ProjectNotes.clear();
@@ -87,7 +87,7 @@ LoadFit LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
   const std::size_t rows = data.RecordCount + kFirstRecordRow;
   const double shown =
       data.WithinEditLimit() ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
-  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", data.SelectedVariableCount);
+  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", selected_variables);
   progress.ProgressStep(shown);
   LoadedText text = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
   const LoadFit fit = FitOf(text, banner, data.RecordCount, data.VariableCount);
@@ -112,8 +112,11 @@ void TakeFacts(DataSet& data, const FileFacts& facts) {
 // stretch.
 class LineWriter {
  public:
-  LineWriter(const DataSet& data, SafeFileWriter& file)
-      : data_(data), file_(file), loaded_columns_(std::min(data.matrix.LoadedColumns(), data.VariableCount)) {}
+  LineWriter(const DataSet& data, std::size_t variables, SafeFileWriter& file)
+      : data_(data),
+        file_(file),
+        variables_(variables),
+        loaded_columns_(std::min(data.matrix.LoadedColumns(), variables)) {}
 
   void Write(std::size_t row) {
     line_.clear();
@@ -124,7 +127,7 @@ class LineWriter {
         column = loaded_columns_ + 1;
       }
     }
-    for (; column <= data_.VariableCount; ++column) {
+    for (; column <= variables_; ++column) {
       if (column > 1) line_.push_back(kFieldSeparator);
       line_.append(TextOf(data_.matrix.Cell(row, column), buffer_));
     }
@@ -135,6 +138,7 @@ class LineWriter {
  private:
   const DataSet& data_;
   SafeFileWriter& file_;
+  const std::size_t variables_;
   const std::size_t loaded_columns_;
   std::string line_;
   NumberBuffer buffer_{};
@@ -145,23 +149,22 @@ bool IsSameFile(const Path& one, const Path& other) {
   return !one.empty() && std::filesystem::equivalent(one, other, none);
 }
 
-WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
+WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   SafeFileWriter file(path);
   if (file.result() != WriteResult::kWritten) return file.result();
   // What did not fit is not in the data: the file is kept before the save replaces it.
   const bool over_misfit = IsSameFile(data.MisfitFile, path);
   if (over_misfit && !KeepAsFound(path)) return WriteResult::kRefused;
-  const UsedRange used(data);
-  const std::string banner =
-      std::to_string(data.RecordCount) + " " + std::to_string(data.VariableCount) + " Tessara data";
+  const UsedRange used = TrimToUsedRange(data);
+  const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
   data.matrix.SetText(0, 1, banner);
   data.matrix.SetText(kNotesRow, 2, NotesToField(data.ProjectNotes));
 
   Progress progress(platform);
-  const std::size_t rows = data.RecordCount + kFirstRecordRow;
-  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", data.SelectedVariableCount);
+  const std::size_t rows = used.records + kFirstRecordRow;
+  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", selected_variables);
   const WaitCursor wait(platform);
-  LineWriter lines(data, file);
+  LineWriter lines(data, used.variables, file);
   for (std::size_t row = 0; row < rows; ++row) {
     progress.ProgressStep();
     lines.Write(row);
@@ -174,8 +177,8 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
   return result;
 }
 
-WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path) {
-  const WriteResult result = WriteDataFile(data, platform, path);
+WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  const WriteResult result = WriteDataFile(data, platform, path, selected_variables);
   data.DataDirty = false;  // also when it has failed
   return result;
 }
@@ -228,7 +231,8 @@ std::string NotesToField(std::string_view notes) {
 }
 std::string NotesFromField(std::string_view field) { return Replaced(field, kNotesLineEnd, kLineEnd); }
 
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick) {
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick,
+                         std::size_t selected_variables) {
   const auto facts = FactsOfFile(path);
   auto bytes = facts ? ReadWholeFile(path) : std::nullopt;
   if (!bytes) return LoadOutcome::kUnreadable;
@@ -238,17 +242,17 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   if (picked && facts->size == 0) return LoadOutcome::kEmptyFile;
   data.DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path));
   data.LoadedFile = path;
-  const LoadFit fit = LoadBytes(data, platform, std::move(*bytes));
+  const LoadFit fit = LoadBytes(data, platform, std::move(*bytes), selected_variables);
   data.MisfitFile = fit.Fits() ? Path() : path;
   if (!fit.Fits()) platform.ShowNote(FitNote(fit));
   return LoadOutcome::kLoaded;
 }
 
-SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
   // At the start the path is the folder of data files, also behind a file of the command line.
   const bool has_name = !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !IsFolder(data.DataFilePath);
   if (!has_name) return SaveOutcome::kNoName;
-  switch (WriteAndSettle(data, platform, data.DataFilePath)) {
+  switch (WriteAndSettle(data, platform, data.DataFilePath, selected_variables)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
     case WriteResult::kPathNotFound:
@@ -262,8 +266,8 @@ SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
   return SaveOutcome::kFailed;
 }
 
-SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path) {
-  if (WriteAndSettle(data, platform, path) != WriteResult::kWritten) {
+SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  if (WriteAndSettle(data, platform, path, selected_variables) != WriteResult::kWritten) {
     ShowSaveError(
         platform,
         "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "

@@ -54,8 +54,4 @@ void RebuildVariableLists(DataSet& data) {
   }
 }
 
-void LoadMissingSet(DataSet& data, std::size_t role) {
-  data.MissingSet[role] = UnpackMissingSpec(TextOf(data.matrix.Cell(kMissingSpecRow, data.RoleVariable[role])));
-}
-
 }  // namespace tessara

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "data/data_matrix.h"
-#include "data/missing_values.h"
 #include "platform/platform.h"
 
 // The one data set in memory, with all that belongs to it but its panel.
@@ -22,12 +21,6 @@ inline constexpr std::size_t kMostGridVariables = 300;
 inline constexpr std::size_t kGridRecordsAboveLimit = 100;
 inline constexpr std::string_view kUntitledGrid = "Data Grid";
 
-// The roles of a variable in a run. Role 1 is the main variable, role 2 the independent variable that it is compared
-// with, role 4 the control variable.
-inline constexpr std::size_t kMainRole = 1;
-inline constexpr std::size_t kIndependentRole = 2;
-inline constexpr std::size_t kControlRole = 4;
-
 struct ListedVariable {
   std::string name;        // as it stood when the lists were rebuilt
   std::size_t column = 0;  // 0 in the entry "None"
@@ -37,8 +30,6 @@ struct DataSet {
   DataMatrix matrix;
   std::size_t RecordCount = 0;
   std::size_t VariableCount = 0;
-  std::size_t WorkingRecordCount = 0;  // the counts as they were ahead of TrimToUsedRange
-  std::size_t WorkingVariableCount = 0;
   bool DataDirty = false;  // something has changed since the last load or save
   std::string DataBanner;
   std::string ProjectNotes;  // the notes box, with its line ends
@@ -54,10 +45,7 @@ struct DataSet {
   std::size_t CurrentRow = 1;  // grid cursor; row 0 is the heading
   std::size_t CurrentColumn = 1;
 
-  std::vector<ListedVariable> VarList;        // index 0 is "None", so an index is a column number
-  std::array<std::size_t, 5> RoleVariable{};  // column numbers of the roles 1 to 4; 0 for none
-  std::array<MissingValues, 5> MissingSet;    // of the roles 1 to 4
-  std::size_t SelectedVariableCount = 0;      // analysis variables chosen in the panel
+  std::vector<ListedVariable> VarList;  // index 0 is "None", so an index is a column number
 
   // Counts up whenever cells, shape or dictionary change, so that a view knows when to look again.
   std::uint64_t Revision = 0;
@@ -85,8 +73,5 @@ bool ShapeCanBeHeld(std::size_t record_count, std::size_t variable_count);
 
 // Rebuilds the list that names every variable, "None" first.
 void RebuildVariableLists(DataSet& data);
-
-// Unpacks the missing values of the variable in a role.
-void LoadMissingSet(DataSet& data, std::size_t role);
 
 }  // namespace tessara

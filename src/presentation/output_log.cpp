@@ -1,5 +1,6 @@
 #include "presentation/output_log.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "numerics/code_page.h"
@@ -62,6 +63,14 @@ void EditBox(OutputLog& output, std::string text) {
   output.OutputChanged = true;
 }
 
+void EditBox(OutputLog& output, std::size_t at, std::size_t removed, std::string_view text) {
+  if (!output.edited_box) output.edited_box = output.BoxText();
+  output.edited_box->replace(std::min(at, output.edited_box->size()), removed, text);
+  output.box_lineage = NewLineage(output);
+  output.box_made_from = 0;
+  output.OutputChanged = true;
+}
+
 void ReplaceBox(OutputLog& output, std::string text) {
   if (text == output.BoxText()) return;
   EditBox(output, std::move(text));
@@ -101,10 +110,10 @@ void BeginRun(OutputLog& output) {
   output.recent_lineage = NewLineage(output);
 }
 
-void AppendReport(OutputLog& output) {
+void AppendReport(OutputLog& output, std::string_view report) {
   const bool box_follows = !output.edited_box;
-  output.OutputLogText.append(output.ReportText).append(kReportSeparator);
-  output.MostRecentText.append(output.ReportText).append(kReportSeparator);
+  output.OutputLogText.append(report).append(kReportSeparator);
+  output.MostRecentText.append(report).append(kReportSeparator);
   if (box_follows) {
     output.OutputChanged = true;
   } else {
@@ -112,15 +121,14 @@ void AppendReport(OutputLog& output) {
   }
 }
 
-void ReplaceReport(OutputLog& output) {
+void ReplaceReport(OutputLog& output, std::string_view report) {
   BeginRun(output);
-  AppendReport(output);
+  AppendReport(output, report);
 }
 
-void ReplaceMostRecent(OutputLog& output, std::string report) {
+void ReplaceMostRecent(OutputLog& output, std::string_view report) {
   BeginRun(output);
-  output.ReportText = std::move(report);
-  output.MostRecentText.append(output.ReportText).append(kReportSeparator);
+  output.MostRecentText.append(report).append(kReportSeparator);
   RefreshOutputView(output);
 }
 
@@ -180,9 +188,6 @@ bool SaveOutputText(OutputLog& output, const Path& path, Platform& platform) {
   return true;
 }
 
-void ReportError(OutputLog& output, std::string_view pending_text) {
-  output.ReportText = ErrorFrame(pending_text);
-  AppendReport(output);
-}
+void ReportError(OutputLog& output, std::string_view pending_text) { AppendReport(output, ErrorFrame(pending_text)); }
 
 }  // namespace tessara

@@ -29,7 +29,6 @@ struct BoxVersion {
 struct OutputLog {
   std::string OutputLogText;
   std::string MostRecentText;
-  std::string ReportText;  // the report that a procedure has just assembled
   bool ShowLogMode = false;
   bool OutputGridMode = false;  // the table grid, not the text box, is the visible face
   bool OutputChanged = false;   // the text of the box has changed since it was saved
@@ -54,6 +53,8 @@ struct OutputLog {
 
 // The user has changed the text of the box. It is not compared with what was there.
 void EditBox(OutputLog& output, std::string text);
+// The same for a part of it: so many bytes from a place on have another text in their place.
+void EditBox(OutputLog& output, std::size_t at, std::size_t removed, std::string_view text);
 
 // The text of the box has been made anew by the program; neither of the two texts learns of it until it is stored back.
 void ReplaceBox(OutputLog& output, std::string text);
@@ -67,12 +68,12 @@ void StoreBoxText(OutputLog& output);
 void RefreshOutputView(OutputLog& output);
 // Empties the most recent text. The box keeps what it shows until the next refresh.
 void BeginRun(OutputLog& output);
-// ReportText, as it stands, at the end of both texts. Takes time for the report, not for the log.
-void AppendReport(OutputLog& output);
+// A report, as it stands, at the end of both texts. Takes time for the report, not for the log.
+void AppendReport(OutputLog& output, std::string_view report);
 // A calculator's result: at the end of the log, and alone as the most recent output.
-void ReplaceReport(OutputLog& output);
+void ReplaceReport(OutputLog& output, std::string_view report);
 // The report becomes the most recent output, and the log learns nothing of it.
-void ReplaceMostRecent(OutputLog& output, std::string report);
+void ReplaceMostRecent(OutputLog& output, std::string_view report);
 // Stores the box back and shows the other text.
 void ToggleOutputMode(OutputLog& output);
 // The caption of the command that toggles.

@@ -25,7 +25,7 @@ bool OutputMayGo(Session& session) {
   const Answer answer = AskToSave(session, "Do you wish to save the contents of the Output Viewer?");
   if (answer == Answer::kYes) {
     session.wanted_view = View::ViewOutput;
-    SaveOutput(session);
+    AskAndSaveOutput(session);
   }
   return answer == Answer::kNo;
 }

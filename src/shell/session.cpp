@@ -6,16 +6,19 @@
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
+#include "procedures/follow_data.h"
 
 namespace tessara {
 namespace {
+
+constexpr const char* kReady = "Ready";
 
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
 
 void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& path) {
   switch (outcome) {
     case LoadOutcome::kLoaded:
-      return session.platform.SetStatusPane(kMessagePane, "Ready");
+      return session.platform.SetStatusPane(kMessagePane, kReady);
     case LoadOutcome::kEmptyFile:
       return session.platform.SetStatusPane(kMessagePane, NameOf(path) + " is empty");
     case LoadOutcome::kUnreadable:
@@ -54,8 +57,7 @@ void StartSession(Session& session, const Path& command_line_file) {
   PrepareSession(session);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
-  session.platform.SetStatusPane(kMessagePane, "Ready");
-  RefreshStatus(session);
+  session.platform.SetStatusPane(kMessagePane, kReady);
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
@@ -69,29 +71,30 @@ void TestDocumentationFiles(Session& session) {
 }
 
 LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
-  const LoadOutcome outcome = LoadDataFile(session.data, session.platform, path, pick);
-  if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.data, session.panel);
+  const LoadOutcome outcome =
+      LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
-  RefreshStatus(session);
+  if (outcome == LoadOutcome::kLoaded) {
+    const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
+    if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
+  }
   return outcome;
 }
 
-SaveOutcome SaveData(Session& session) { return SaveDataFile(session.data, session.platform); }
+SaveOutcome SaveData(Session& session) {
+  return SaveDataFile(session.data, session.platform, session.panel.SelectedVariables.size());
+}
 
 SaveOutcome SaveDataTo(Session& session, const Path& path) {
-  return SaveDataFileTo(session.data, session.platform, path);
+  return SaveDataFileTo(session.data, session.platform, path, session.panel.SelectedVariables.size());
 }
 
 void NewData(Session& session) {
   NewDataFile(session.data);
-  ResetPanel(session.data, session.panel);
-  RefreshStatus(session);
+  ResetPanel(session.panel);
 }
 
-bool SaveOutput(Session& session) {
-  const auto path = AskOutputToSave(session.platform);
-  return path && SaveOutputText(session.output, *path, session.platform);
-}
+void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
 
 void SetProjectNotes(Session& session, std::string notes) {
   if (notes == session.data.ProjectNotes) return;
@@ -103,14 +106,10 @@ RunOutcome RunPanel(Session& session) {
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
-  RefreshStatus(session);  // a procedure may have added variables
   return outcome;
 }
 
-void ActivateView(Session& session, View view) {
-  session.ActiveView = view;
-  RefreshStatus(session);
-}
+void ActivateView(Session& session, View view) { session.ActiveView = view; }
 
 std::string_view HelpPage(View view) {
   switch (view) {

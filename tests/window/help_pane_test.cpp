@@ -180,6 +180,25 @@ class HelpPaneTest : public QObject {
     QCOMPARE(pages->zoomMode(), QPdfView::ZoomMode::FitToWidth);
   }
 
+  void ADocumentIsPrintedPageByPage() {
+    WriteDocument("Handbook.pdf", 2);
+    window().Start();
+    window().Trigger(504);
+    Click("Image1(2)");
+    QCOMPARE(window().script().print_dialogs.size(), std::size_t{1});
+    QVERIFY(window().platform().printed_pictures.empty());  // cancelled
+    window().script().print_answers.push_back(PrintChoice{2});
+    Click("Image1(2)");
+    const std::vector<QImage>& sheets = window().platform().printed_pictures;
+    QCOMPARE(sheets.size(), std::size_t{4});
+    QVERIFY(sheets[0] != sheets[1]);
+    QVERIFY(sheets[0] == sheets[2]);
+    window().script().printer_works = false;
+    window().script().print_answers.push_back(PrintChoice{1});
+    Click("Image1(2)");
+    QCOMPARE(window().script().messages.back().title, std::string("Printer Error"));
+  }
+
   void TheLinksArePagesOfThisMachine() {
     CopyHelpPages();
     window().Start();

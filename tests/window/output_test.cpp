@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <random>
 
 #include "window_fixture.h"
 
@@ -22,16 +23,14 @@ class OutputTest : public QObject {
   void MakeTwoReports() {
     for (const char* report : {"First report\r\n", "Second report\r\n"}) {
       BeginRun(Output());
-      Output().ReportText = report;
-      AppendReport(Output());
+      AppendReport(Output(), report);
     }
     window().ShowView(View::ViewOutput);
   }
   // A run whose report is shown at once.
   void AddReport(const std::string& report) {
     BeginRun(Output());
-    Output().ReportText = report;
-    AppendReport(Output());
+    AppendReport(Output(), report);
     dynamic_cast<ViewForm*>(window().Find("Output1"))->ShowSession();
   }
 
@@ -97,8 +96,7 @@ class OutputTest : public QObject {
 
   void ConvertTurnsTheSheetIntoTabsAndLeavesTheLog() {
     BeginRun(Output());
-    Output().ReportText = "Mean          -2.5\r\n";
-    AppendReport(Output());
+    AppendReport(Output(), "Mean          -2.5\r\n");
     window().ShowView(View::ViewOutput);
     window().Trigger(211);
     QVERIFY(Sheet()->toPlainText().startsWith("Mean\t2.5\n"));
@@ -171,6 +169,41 @@ class OutputTest : public QObject {
     QVERIFY(Sheet()->toPlainText().contains("Fourth report"));
     QCOMPARE(removed, 0);
     QVERIFY(Output().OutputLogText.starts_with("My remark. First report"));
+  }
+
+  // Whatever is typed, cut and taken back, the stored text is that of the sheet.
+  void EditsAreStoredAsTheyStand() {
+    AddReport("one\r\ntwo  three\r\n\r\nfour\r\n");
+    window().ShowView(View::ViewOutput);
+    std::mt19937 random(20261122);
+    const QStringList pieces = {"a", "aa", "\n", "\n\n", " ", "-", QString(QChar(0xE9)), QString(QChar(0x20AC)), "two"};
+    for (int round = 0; round < 400; ++round) {
+      QTextCursor cursor(Sheet()->document());
+      const auto place = [&] { return static_cast<int>(random() % Sheet()->document()->characterCount()); };
+      cursor.setPosition(place());
+      if (random() % 2 == 0) cursor.setPosition(std::min(cursor.position() + 3, place()), QTextCursor::KeepAnchor);
+      cursor.insertText(pieces[static_cast<int>(random() % pieces.size())]);
+      if (random() % 7 == 0) Sheet()->undo();
+      if (random() % 3 != 0) continue;
+      dynamic_cast<ViewForm*>(window().Find("Output1"))->StoreWidgets();
+      QCOMPARE(Output().BoxText(), FromQtLines(Sheet()->toPlainText()));
+    }
+  }
+
+  // A character that the code page lacks is one byte there and two places on the sheet.
+  void AnEditBehindAStrangeCharacterIsStoredToo() {
+    AddReport("one\r\ntwo\r\n");
+    window().ShowView(View::ViewOutput);
+    auto* form = dynamic_cast<ViewForm*>(window().Find("Output1"));
+    QTextCursor cursor(Sheet()->document());
+    cursor.insertText(QString::fromUtf8("\xF0\x9F\x98\x80"));
+    form->StoreWidgets();
+    QVERIFY(Output().BoxText().starts_with("?one\r\ntwo\r\n"));
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText("end");
+    form->StoreWidgets();
+    QVERIFY(Output().BoxText().starts_with("?one\r\ntwo\r\n"));
+    QVERIFY(Output().BoxText().ends_with("end"));
   }
 
   void AnEditOutlivesASelection() {

@@ -11,6 +11,7 @@
 #include <QtTest>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -70,7 +71,24 @@ class AnsweringPlatform : public QtPlatform {
     printed_pictures.push_back(sheet);
     return true;
   }
+  bool PrintPictures(int sheets, const std::function<void(QPainter&, const QRectF&, int)>& paint) override {
+    if (!script.printer_works) return false;
+    for (int i = 0; i < sheets; ++i) {
+      QImage sheet(800, 1100, QImage::Format_RGB32);
+      sheet.fill(Qt::white);
+      QPainter painter(&sheet);
+      paint(painter, QRectF(sheet.rect()), i);
+      painter.end();
+      printed_pictures.push_back(sheet);
+    }
+    return true;
+  }
   std::vector<QImage> printed_pictures;
+  void SetStatusPane(int pane, const std::string& text) override {
+    ++pane_writes[pane];
+    QtPlatform::SetStatusPane(pane, text);
+  }
+  std::map<int, int> pane_writes;
   bool PlaySoundFile(const Path& path) override { return script.PlaySoundFile(path); }
   bool OpenOnDesktop(const QString& address) override { return script.OpenDocument(address.toStdString()); }
   DateTime Now() override { return script.Now(); }

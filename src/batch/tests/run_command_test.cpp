@@ -36,8 +36,7 @@ class RunCommandTest : public testing::Test {
 };
 
 CommandResult ReportAndRunOutOfMemory(Batch& batch, const CommandWords&) {
-  batch.session.output.ReportText = "so far\r\n";
-  AppendReport(batch.session.output);
+  AppendReport(batch.session.output, "so far\r\n");
   throw std::bad_alloc();
 }
 

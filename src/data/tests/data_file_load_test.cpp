@@ -185,12 +185,6 @@ TEST_F(LoadDataFileTest, AWideAndLongFileLoadsWholeAndShowsAPart) {  // 250 reco
   EXPECT_EQ(Record(250, 1000), "1000");
 }
 
-TEST_F(LoadDataFileTest, TheRolesKeepTheirColumns) {
-  data.RoleVariable[kControlRole] = 3;
-  ASSERT_EQ(OpenText(ExampleText()), LoadOutcome::kLoaded);
-  EXPECT_EQ(data.RoleVariable[kControlRole], 3u);
-}
-
 TEST_F(LoadDataFileTest, TheWaitCursorEndsWithTheLoad) {
   ASSERT_EQ(OpenText(ExampleText()), LoadOutcome::kLoaded);
   EXPECT_EQ(platform.most_wait_cursors, 1);

@@ -112,28 +112,28 @@ TEST(DataSet, TheVariableListsNameEveryColumnBehindNone) {
 
 // Missing values.
 
-TEST(LoadMissingSet, UnpacksTheSpecOfTheRolesVariable) {
+TEST(LoadMissingSet, UnpacksTheSpecOfTheVariable) {
   DataSet data = MakeData({{"1"}, {"2"}}, 1);
   data.matrix.SetText(kMissingSpecRow, 2, "9|98|n/a||1|7.5|");
-  data.RoleVariable[kMainRole] = 2;
-  LoadMissingSet(data, kMainRole);
-  const auto& entries = data.MissingSet[kMainRole].entries;
+  const MissingValues missing = LoadMissingSet(data.matrix, 2);
+  const auto& entries = missing.entries;
   EXPECT_EQ(entries[0].view().text(), "9");
   EXPECT_EQ(entries[1].view().text(), "98");
   EXPECT_EQ(entries[2].view().text(), "n/a");
   EXPECT_TRUE(entries[3].view().is_blank());
   EXPECT_EQ(entries[4].view().text(), "1");
   EXPECT_EQ(entries[5].view().text(), "7.5");
-  data.RoleVariable[kMainRole] = 1;
-  LoadMissingSet(data, kMainRole);  // empties what the last variable had
-  EXPECT_FALSE(data.MissingSet[kMainRole].HasSingleValues());
-  EXPECT_FALSE(data.MissingSet[kMainRole].HasBounds());
+  EXPECT_FALSE(LoadMissingSet(data.matrix, 1).HasSingleValues());
+  EXPECT_FALSE(LoadMissingSet(data.matrix, 1).HasBounds());
 }
 
-TEST(LoadMissingSet, ARoleWithoutAVariableHasNoMissingValues) {
+TEST(LoadMissingSet, AColumnThatTheMatrixLacksHasNoMissingValues) {
   DataSet data = MakeData({{"1"}}, 1);
-  LoadMissingSet(data, kControlRole);
-  EXPECT_FALSE(data.MissingSet[kControlRole].HasSingleValues());
+  data.matrix.SetText(kMissingSpecRow, 1, "9||||1|7.5|");
+  for (const std::size_t column : {0u, 2u}) {
+    EXPECT_FALSE(LoadMissingSet(data.matrix, column).HasSingleValues());
+    EXPECT_FALSE(LoadMissingSet(data.matrix, column).HasBounds());
+  }
 }
 
 TEST(MissingValues, ASpecOfSixCharactersIsNoDefinition) {
@@ -267,14 +267,15 @@ TEST(ValueLabels, TheFirstOfTwoEqualValuesCounts) {
 
 // The used range.
 
+void ExpectUsed(const DataSet& data, std::size_t records, std::size_t variables) {
+  const UsedRange used = TrimToUsedRange(data);
+  EXPECT_EQ(used.records, records);
+  EXPECT_EQ(used.variables, variables);
+}
+
 TEST(TrimToUsedRange, CutsTheTrailingRunsOfBlankColumnsAndRecords) {
-  DataSet data = MakeData({{"1", nullptr, "3"}, {nullptr}, {"", "5", ""}, {"", nullptr}}, 6);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 3u);
-  EXPECT_EQ(data.VariableCount, 3u);  // the blank second one has data to its right
-  EXPECT_EQ(data.WorkingRecordCount, 6u);
-  EXPECT_EQ(data.WorkingVariableCount, 4u);
-  RestoreWorkingCounts(data);
+  const DataSet data = MakeData({{"1", nullptr, "3"}, {nullptr}, {"", "5", ""}, {"", nullptr}}, 6);
+  ExpectUsed(data, 3, 3);  // the blank second column has data to its right
   EXPECT_EQ(data.RecordCount, 6u);
   EXPECT_EQ(data.VariableCount, 4u);
 }
@@ -282,62 +283,36 @@ TEST(TrimToUsedRange, CutsTheTrailingRunsOfBlankColumnsAndRecords) {
 TEST(TrimToUsedRange, ANamedButEmptyLastColumnIsCut) {
   DataSet data = MakeData({{"1"}, {nullptr}}, 1);
   data.matrix.SetText(kVariableLabelRow, 2, "a label");
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.VariableCount, 1u);
+  ExpectUsed(data, 1, 1);
 }
 
 TEST(TrimToUsedRange, NumbersEqualToZeroAreBlank) {
   DataSet data = MakeData({{"1"}, {nullptr}}, 2);
   data.matrix.SetNumber(kFirstRecordRow, 2, 0);
   data.matrix.SetNumber(kFirstRecordRow + 1, 1, 0);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 1u);
-  EXPECT_EQ(data.VariableCount, 1u);
-  RestoreWorkingCounts(data);
+  ExpectUsed(data, 1, 1);
   data.matrix.SetText(kFirstRecordRow + 1, 2, "0");
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 2u);
-  EXPECT_EQ(data.VariableCount, 2u);
+  ExpectUsed(data, 2, 2);
 }
 
 TEST(TrimToUsedRange, WhereEveryColumnIsBlankBothCountsAreZero) {
   DataSet data;
   MakeEmptyDataSet(data);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 0u);
-  EXPECT_EQ(data.VariableCount, 0u);
-  RestoreWorkingCounts(data);
-  EXPECT_EQ(data.RecordCount, 1000u);
+  ExpectUsed(data, 0, 0);
 }
 
 TEST(TrimToUsedRange, NoRecordsOrNoVariablesAreNothing) {
   DataSet data = MakeData({{"1"}}, 1);
   data.RecordCount = 0;
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.VariableCount, 0u);
-  data = MakeData({}, 5);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 0u);
+  ExpectUsed(data, 0, 0);
+  ExpectUsed(MakeData({}, 5), 0, 0);
 }
 
 TEST(TrimToUsedRange, RecordsBehindTheCountsDoNotReachIn) {
   DataSet data = MakeData({{"1", nullptr, "3"}, {"2"}}, 3);
   data.RecordCount = 2;
   data.VariableCount = 1;
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 1u);
-  EXPECT_EQ(data.VariableCount, 1u);
-}
-
-TEST(UsedRange, LastsAsLongAsItsBlock) {
-  DataSet data = MakeData({{"1"}, {nullptr}}, 4);
-  {
-    const UsedRange used(data);
-    EXPECT_EQ(data.RecordCount, 1u);
-    EXPECT_EQ(data.VariableCount, 1u);
-  }
-  EXPECT_EQ(data.RecordCount, 4u);
-  EXPECT_EQ(data.VariableCount, 2u);
+  ExpectUsed(data, 1, 1);
 }
 
 }  // namespace

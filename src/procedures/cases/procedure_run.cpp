@@ -5,10 +5,7 @@
 
 namespace tessara {
 
-void ProcedureRun::AppendReport(std::string report) {
-  output.ReportText = std::move(report);
-  tessara::AppendReport(output);
-}
+void ProcedureRun::AppendReport(std::string_view report) { tessara::AppendReport(output, report); }
 
 void ProcedureRun::ReportError(std::string_view pending_text) {
   aborted = true;
@@ -17,15 +14,16 @@ void ProcedureRun::ReportError(std::string_view pending_text) {
 }
 
 void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {
-  if (!WantsCharts()) return;
+  if (!wants_charts) return;
   for (Chart& chart : made) chart.footnote = ChartFootnote;
   KeepCharts(charts, kind, std::move(made));
 }
 
-RunCases::RunCases(ProcedureRun& run) : used(run.data), control(run.data, run.panel.control) {
-  LoadMissingSet(run.data, kMainRole);
-  run.ChartFootnote = control.ChartFootnote();
+CaseSource BeginCases(ProcedureRun& run) {
   ClearCharts(run.charts);
+  CaseSource source = ReadableCases(run.data, run.control_variable.column, run.control);
+  run.ChartFootnote = source.control.ChartFootnote();
+  return source;
 }
 
 }  // namespace tessara

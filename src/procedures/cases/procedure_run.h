@@ -1,50 +1,48 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/data_set.h"
-#include "data/used_range.h"
 #include "platform/platform.h"
 #include "presentation/chart_data.h"
 #include "presentation/output_log.h"
-#include "procedures/cases/case_control.h"
-#include "procedures/panel.h"
+#include "procedures/cases/case_source.h"
 
 // What every procedure begins and ends with: the cases of a run, its report, its charts.
 
 namespace tessara {
 
+// The columns of the variables whose turn it is in a run; 0 for none.
+struct Roles {
+  std::size_t main = 0;         // the analysis variable
+  std::size_t independent = 0;  // the variable that it is compared with
+};
+
 // What a procedure works with, and what one run shares between its procedures.
 struct ProcedureRun {
   DataSet& data;
-  const ProcedurePanel& panel;
   OutputLog& output;
   ChartStore& charts;
   Platform& platform;
+  const ControlVariable& control_variable;
+  const ControlChoice& control;
+  bool wants_charts = true;  // whether it is worth the time to make charts: one analysis variable alone is selected
 
   bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
   std::string ChartFootnote = {};  // the words of the control caption
 
   // Sends a finished report to the output log.
-  void AppendReport(std::string report);
+  void AppendReport(std::string_view report);
   // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
   void ReportError(std::string_view pending_text);
-  // Leaves the charts of a procedure, with the run's footnote, once its report stands: only while a single variable is
-  // selected.
+  // Leaves the charts of a procedure, with the run's footnote, once its report stands: only where charts are wanted.
   void LeaveCharts(ChartKind kind, std::vector<Chart> made);
-  // Whether it is worth the time to make charts.
-  bool WantsCharts() const { return panel.SelectedVariables.size() < 2; }
 };
 
-// What every procedure that reads cases begins with: the counts cut to the used range for as long as the object lives,
-// the missing values of the main variable, the case control, and no charts.
-struct RunCases {
-  explicit RunCases(ProcedureRun& run);
-
-  UsedRange used;
-  CaseControl control;
-};
+// What every procedure that reads cases begins with: no charts, the footnote of those to come, and its cases.
+CaseSource BeginCases(ProcedureRun& run);
 
 }  // namespace tessara

@@ -11,8 +11,8 @@
 
 namespace tessara {
 
-// Adds an empty column behind the full data, names it and marks the data set as changed in shape. Called while the
-// counts are cut to the used range; the column stays when the full counts return. Yields its number. Names are not cut.
+// Adds an empty column behind the full data, names it and marks the data set as changed in shape. Yields its
+// number. Names are not cut.
 std::size_t AddSavedColumn(DataSet& data, const std::string& name);
 
 // Writes the values of the accepted cases, in grid order, into a saved column under "0.00000". The cells of the other

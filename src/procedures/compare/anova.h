@@ -7,6 +7,7 @@
 #include "numerics/checked.h"
 #include "procedures/cases/group_stats.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/compare/options.h"
 
 // One-way analysis of variance: compares the means of a continuous variable over the categories of a second one, and on
 // request tells which groups differ.
@@ -45,7 +46,8 @@ AnovaTable ComputeAnova(const GroupStats& stats);
 // once from either side. With G groups these are G (G - 1) rows: keep G to kMostPostHocGroups.
 std::vector<PostHocRow> ComputePostHoc(const GroupStats& stats);
 
-// Runs the procedure for the variables in the main and the independent role and appends its report. Leaves no chart.
-void RunAnova(ProcedureRun& run);
+// Runs the procedure for the main variable in the groups of the independent one and appends its report. Leaves no
+// chart.
+void RunAnova(ProcedureRun& run, const Roles& roles, const AnovaOptions& options);
 
 }  // namespace tessara

@@ -155,9 +155,9 @@ std::string LowCellsNote(const CountedTable& table, const TableStatistics& s) {
 }  // namespace
 
 std::string CrosstabulationReport(const DataSet& data, const TableVariables& variables, const CountedCases& cases,
-                                  const TableStatistics& statistics, const PanelChecks& checks) {
+                                  const TableStatistics& statistics, const CrosstabulationOptions& options) {
   const CountedTable& table = cases.table;
-  const bool with_risk = checks.Check12 && statistics.df == 1;
+  const bool with_risk = options.risk && statistics.df == 1;
   std::string report;
   report += "Crosstabulation: " + data.VariableName(variables.rows) + " (Rows)  by  " +
             data.VariableName(variables.columns) + " (Columns)\r\n\r\n";
@@ -171,15 +171,15 @@ std::string CrosstabulationReport(const DataSet& data, const TableVariables& var
     report += rule;
   }
   report += TotalsBlock(table);
-  if (checks.Check2) report += ChiSquareSection(table, statistics);
+  if (options.chi_square_tests) report += ChiSquareSection(table, statistics);
   if (with_risk) {
     report += RiskMeasuresText(statistics) + "\r\n\r\n";
-  } else if (checks.Check2) {
+  } else if (options.chi_square_tests) {
     report += "\r\n\r\n";  // they close the chi-square tests
   }
-  if (checks.Check1) report += AssociationSection(statistics);
-  if (checks.Check11 && table.rows == table.columns) report += AgreementSection(statistics);
-  if (checks.Check2) report += LowCellsNote(table, statistics);
+  if (options.association) report += AssociationSection(statistics);
+  if (options.agreement && table.rows == table.columns) report += AgreementSection(statistics);
+  if (options.chi_square_tests) report += LowCellsNote(table, statistics);
   report += "\r\n\r\n";
   return report;
 }
@@ -201,8 +201,8 @@ Chart CellsChart(const DataSet& data, const TableVariables& variables, const Cou
 }
 
 void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const CountedCases& cases) {
-  if (!run.WantsCharts()) return;
-  std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases);
+  if (!run.wants_charts) return;
+  std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases, "Column Variable");
   const bool few =
       cases.columns.size() <= kMostChartedColumns && cases.rows.size() * cases.columns.size() <= kMostChartedCells;
   if (few) charts.push_back(CellsChart(run.data, variables, cases));
@@ -211,17 +211,17 @@ void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const 
 
 }  // namespace
 
-void RunCrosstabulation(ProcedureRun& run) {
+void RunCrosstabulation(ProcedureRun& run, const Roles& roles, const CrosstabulationOptions& options) {
   constexpr std::string_view kTitle = "Crosstab Comparison: ";
   const DataSet& data = run.data;
-  const TableVariables variables{.rows = data.RoleVariable[kMainRole], .columns = data.RoleVariable[kIndependentRole]};
+  const TableVariables variables{.rows = roles.main, .columns = roles.independent};
   const std::string names = NamesOfPair(data, variables.rows, variables.columns);
   if (variables.rows < 1 || variables.columns < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "You must select an independent and dependent variable."));
     return;
   }
-  const RunCases begun(run);
-  const CountedCases cases = CountCases(data, begun.control, variables);
+  const CaseSource source = BeginCases(run);
+  const CountedCases cases = CountCases(source, variables);
   if (cases.n < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "There are no observations."));
     return;
@@ -230,9 +230,8 @@ void RunCrosstabulation(ProcedureRun& run) {
     run.ReportError(ErrorMessage(kTitle, names, "There are too many categories for a table."));
     return;
   }
-  run.AppendReport(begun.control.ControlCaption() + CrosstabulationReport(data, variables, cases,
-                                                                          ComputeTableStatistics(cases.table),
-                                                                          run.panel.checks));
+  run.AppendReport(source.control.ControlCaption() +
+                   CrosstabulationReport(data, variables, cases, ComputeTableStatistics(cases.table), options));
   LeaveTableCharts(run, variables, cases);
 }
 

@@ -161,17 +161,17 @@ std::string NotTwoCategories(const DataSet& data, const TableVariables& variable
 
 }  // namespace
 
-void RunDiagnostic(ProcedureRun& run) {
+void RunDiagnostic(ProcedureRun& run, const Roles& roles) {
   constexpr std::string_view kTitle = "Diagnostic Accuracy: ";
   const DataSet& data = run.data;
-  const TableVariables variables{.rows = data.RoleVariable[kMainRole], .columns = data.RoleVariable[kIndependentRole]};
+  const TableVariables variables{.rows = roles.main, .columns = roles.independent};
   const std::string names = NamesOfPair(data, variables.rows, variables.columns);
   if (variables.rows < 1 || variables.columns < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "You must select a reference standard variable and a test variable."));
     return;
   }
-  const RunCases begun(run);
-  const CountedCases cases = CountCases(data, begun.control, variables);
+  const CaseSource source = BeginCases(run);
+  const CountedCases cases = CountCases(source, variables);
   if (cases.n < 1) {
     run.ReportError(ErrorMessage("Diagnostic Accuracy Comparison: ", names, "There are no observations."));
     return;
@@ -184,9 +184,9 @@ void RunDiagnostic(ProcedureRun& run) {
     run.ReportError(ErrorMessage(kTitle, names, "There are too many categories for a table."));
     return;
   }
-  run.AppendReport(begun.control.ControlCaption() +
+  run.AppendReport(source.control.ControlCaption() +
                    DiagnosticReport(data, variables, cases, ComputeDiagnosticAccuracy(cases.table)));
-  if (run.WantsCharts()) run.LeaveCharts(ChartKind::kDiagnostic, FrequencyCharts(data, variables, cases));
+  if (run.wants_charts) run.LeaveCharts(ChartKind::kDiagnostic, FrequencyCharts(data, variables, cases, "Frequency"));
 }
 
 }  // namespace tessara

@@ -34,6 +34,6 @@ struct DiagnosticAccuracy {
 DiagnosticAccuracy ComputeDiagnosticAccuracy(const CountedTable& table);
 
 // Runs the procedure, the main variable as the test and the independent one as the reference, and appends its report.
-void RunDiagnostic(ProcedureRun& run);
+void RunDiagnostic(ProcedureRun& run, const Roles& roles);
 
 }  // namespace tessara

@@ -37,12 +37,11 @@ std::vector<std::uint8_t> SamplesOfCodes(const CodedColumn& coded, const std::ar
 
 }  // namespace
 
-TTestCases GatherTTest(const DataSet& data, const CaseControl& control, std::size_t continuous, std::size_t categorical,
-                       const std::array<std::string, 2>& values) {
-  const CodedColumn coded = ReadCodedColumn(data, categorical);
+TTestCases GatherTTest(const CaseSource& source, const Roles& roles, const std::array<std::string, 2>& values) {
+  const CodedColumn coded = ReadCodedColumn(source, roles.independent);
   const std::vector<std::uint8_t> samples = SamplesOfCodes(coded, values);
-  CaseFlags accepted = PassingRecords(data, control);
-  DropUnlessNumber(data, continuous, accepted);
+  CaseFlags accepted = PassingRecords(source);
+  DropUnlessNumber(source, roles.main, accepted);
 
   std::array<std::size_t, 3> sizes{};
   for (std::size_t record = 0; record < accepted.size(); ++record) {
@@ -53,7 +52,7 @@ TTestCases GatherTTest(const DataSet& data, const CaseControl& control, std::siz
   double nowhere = 0;
   std::array<double*, 3> places{cases[0].data(), cases[1].data(), &nowhere};
   constexpr std::array<std::ptrdiff_t, 3> kSteps{1, 1, 0};
-  const std::vector<double>& numbers = data.matrix.Numbers(continuous, data.RecordCount).values;
+  const std::vector<double>& numbers = source.data.matrix.Numbers(roles.main, source.used.records).values;
   for (std::size_t record = 0; record < accepted.size(); ++record) {
     const std::size_t sample = samples[2 * std::size_t{coded.codes[record]} + accepted[record]];
     *places[sample] = numbers[record];
@@ -127,22 +126,21 @@ TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two) {
 
 namespace {
 
-std::string TTestReport(const DataSet& data, const CaseControl& control, const std::array<std::string, 2>& values,
+std::string TTestReport(const CaseSource& source, const Roles& roles, const std::array<std::string, 2>& values,
                         const std::array<std::string, 2>& labels, const TTestSample& one, const TTestSample& two,
                         const TTestResult& result) {
-  const std::size_t dependent = data.RoleVariable[kMainRole];
-  const std::size_t independent = data.RoleVariable[kIndependentRole];
-  const std::string independent_head = data.VariableName(independent) + "\t" + data.VariableLabel(independent);
-  const std::string dependent_head = data.VariableName(dependent) + "\t" + data.VariableLabel(dependent);
+  const auto head = [&](std::size_t column) {
+    return source.data.VariableName(column) + "\t" + source.data.VariableLabel(column);
+  };
   const std::string degrees =
       "(" + GeneralText(result.numerator_df.value()) + ", " + GeneralText(result.denominator_df.value()) + ")";
   const TTestResult::Line& equal = result.equal;
   const TTestResult::Line& unequal = result.unequal;
 
-  std::string report = control.ControlCaption();
+  std::string report = source.control.ControlCaption();
   report += "Two-Sample Difference of Means\r\n\r\n\r\n";
-  report += "Independent Variable: " + independent_head + "\r\n";
-  report += "Dependent Variable: " + dependent_head + "\r\n\r\n";
+  report += "Independent Variable: " + head(roles.independent) + "\r\n";
+  report += "Dependent Variable: " + head(roles.main) + "\r\n\r\n";
   report += "Sample One: " + values[0] + " " + labels[0] + "\r\n";
   report += "Sample Two: " + values[1] + " " + labels[1] + "\r\n\r\n";
   report += "                         Sample 1         Sample 2\r\n";
@@ -167,8 +165,8 @@ std::string TTestReport(const DataSet& data, const CaseControl& control, const s
 }
 
 // The lists move into the charts: nothing reads them any more.
-void LeaveHistograms(ProcedureRun& run, const std::array<std::string, 2>& labels, TTestCases& cases) {
-  const std::string name = run.data.VariableName(run.data.RoleVariable[kMainRole]);
+void LeaveHistograms(ProcedureRun& run, const std::string& name, const std::array<std::string, 2>& labels,
+                     TTestCases& cases) {
   const auto histogram = [&](const std::string& title, std::size_t sample) {
     auto values = std::make_shared<const std::vector<double>>(std::move(cases[sample]));
     return IntervalChart(ChartType::kHistogram, title + " (" + labels[sample] + ")", name, std::move(values));
@@ -184,24 +182,22 @@ constexpr std::string_view kVerifyValues =
 
 }  // namespace
 
-void RunTTest(ProcedureRun& run) {
+void RunTTest(ProcedureRun& run, const Roles& roles, const TTestOptions& options) {
   constexpr std::string_view kTitle = "T-Test Comparison: ";
-  DataSet& data = run.data;
-  const std::size_t continuous = data.RoleVariable[kMainRole];
-  const std::size_t categorical = data.RoleVariable[kIndependentRole];
-  const std::string pair = NamesOfPair(data, continuous, categorical);
-  if (continuous < 1 || categorical < 1) {
+  const DataSet& data = run.data;
+  const std::string pair = NamesOfPair(data, roles.main, roles.independent);
+  if (roles.main < 1 || roles.independent < 1) {
     run.ReportError(ErrorMessage(kTitle, pair, "You must select an independent and dependent variable."));
     return;
   }
-  const std::array<std::string, 2> values{run.panel.Text5, run.panel.Text6};
+  const std::array<std::string, 2> values{options.group_a, options.group_b};
   if (values[0].empty() || values[1].empty()) {
     run.ReportError(ErrorMessage(kTitle, pair, "You must select two valid values."));
     return;
   }
-  const RunCases begun(run);
-  if (data.RecordCount == 0) return;
-  TTestCases cases = GatherTTest(data, begun.control, continuous, categorical, values);
+  const CaseSource source = BeginCases(run);
+  if (source.used.records == 0) return;
+  TTestCases cases = GatherTTest(source, roles, values);
   // No line ends follow the two messages below.
   const std::string head = std::string(kTitle).append(pair).append("\r\n\r\n");
   if (cases[0].size() < 5 || cases[1].size() < 5) {  // both must reach five, though the message says "in each"
@@ -216,10 +212,10 @@ void RunTTest(ProcedureRun& run) {
                     std::string(kVerifyValues));
     return;
   }
-  const ValueLabels value_labels = LoadValueLabels(data.matrix, categorical);
+  const ValueLabels value_labels = LoadValueLabels(data.matrix, roles.independent);
   const std::array<std::string, 2> labels{value_labels.Apply(values[0]), value_labels.Apply(values[1])};
-  run.AppendReport(TTestReport(data, begun.control, values, labels, one, two, ComputeTTest(one, two)));
-  if (run.WantsCharts()) LeaveHistograms(run, labels, cases);
+  run.AppendReport(TTestReport(source, roles, values, labels, one, two, ComputeTTest(one, two)));
+  if (run.wants_charts) LeaveHistograms(run, data.VariableName(roles.main), labels, cases);
 }
 
 }  // namespace tessara

@@ -6,8 +6,8 @@
 
 #include "data/data_set.h"
 #include "numerics/checked.h"
-#include "procedures/cases/case_control.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/compare/options.h"
 
 // The t-test: compares the means of a continuous variable in two groups of cases, the groups being two values of a
 // categorical variable that the user types in.
@@ -42,18 +42,17 @@ struct TTestResult {
   std::string f_p;
 };
 
-// The accepted numbers of `continuous` in the records whose cell of `categorical` reads like the first of the typed
-// values, or like the second; equal values leave the second sample empty. The missing values of `categorical` are not
-// tested.
-TTestCases GatherTTest(const DataSet& data, const CaseControl& control, std::size_t continuous, std::size_t categorical,
-                       const std::array<std::string, 2>& values);
+// The accepted numbers of the main variable in the records whose cell of the independent one reads like the first of
+// the typed values, or like the second; equal values leave the second sample empty. The missing values of the
+// independent variable are not tested.
+TTestCases GatherTTest(const CaseSource& source, const Roles& roles, const std::array<std::string, 2>& values);
 TTestSample ComputeTTestSample(const std::vector<double>& values);
 // Student's test, Welch's test with the degrees of freedom of B. L. Welch (Biometrika 34, 1947), and the ratio of the
 // variances.
 TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two);
 
-// Runs the procedure for the variables in the main and the independent role and appends its report. Leaves a histogram
-// of each sample.
-void RunTTest(ProcedureRun& run);
+// Runs the procedure for the main variable in two groups of the independent one and appends its report. Leaves a
+// histogram of each sample.
+void RunTTest(ProcedureRun& run, const Roles& roles, const TTestOptions& options);
 
 }  // namespace tessara

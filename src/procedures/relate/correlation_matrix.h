@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "data/data_set.h"
-#include "procedures/cases/case_control.h"
 #include "procedures/cases/procedure_run.h"
 
 // The correlation matrix: Pearson's coefficient of every pair of the selected variables in a square table. Deletion is
@@ -39,11 +38,10 @@ class CorrelationStore {
 };
 
 // Computes each unordered pair once, a variable with itself too.
-CorrelationStore ComputeCorrelationMatrix(const DataSet& data, const CaseControl& control,
-                                          std::span<const std::size_t> columns);
+CorrelationStore ComputeCorrelationMatrix(const CaseSource& source, std::span<const std::size_t> columns);
 
-// Runs the procedure for all selected variables and appends its report, behind an error frame for each pair of fewer
+// Runs the procedure for all analysis variables and appends its report, behind an error frame for each pair of fewer
 // than two cases.
-void RunCorrelationMatrix(ProcedureRun& run);
+void RunCorrelationMatrix(ProcedureRun& run, std::span<const std::size_t> columns);
 
 }  // namespace tessara

@@ -276,27 +276,29 @@ std::string ClassificationText(const LogisticModel& model) {
 }
 
 // Two new variables without labels. A case that is neither 0 nor 1 has the residual of a 0.
-void SavePredicted(ProcedureRun& run, const ModelCases& cases, const LogisticOutcomes& outcomes,
+void SavePredicted(DataSet& data, const ModelCases& cases, const LogisticOutcomes& outcomes,
                    const LogisticModel& model) {
   std::vector<double> residuals(cases.n);
   for (std::size_t i = 0; i < cases.n; ++i) residuals[i] = outcomes.response[i] - model.probabilities[i];
-  const std::size_t predicted = AddSavedColumn(run.data, "Pi-" + cases.dependent_name);
-  SaveCaseValues(run.data, predicted, cases.accepted, model.probabilities);
-  const std::size_t residual = AddSavedColumn(run.data, "R-" + cases.dependent_name);
-  SaveCaseValues(run.data, residual, cases.accepted, residuals);
+  const std::size_t predicted = AddSavedColumn(data, "Pi-" + cases.dependent_name);
+  SaveCaseValues(data, predicted, cases.accepted, model.probabilities);
+  const std::size_t residual = AddSavedColumn(data, "R-" + cases.dependent_name);
+  SaveCaseValues(data, residual, cases.accepted, residuals);
+  RebuildVariableLists(data);
 }
 
 }  // namespace
 
-void ReportLogistic(ProcedureRun& run, const CaseControl& control, const ModelCases& cases) {
+void ReportLogistic(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
+                    const LogisticOptions& options) {
   const LogisticOutcomes outcomes = ReadOutcomes(cases);
   if (outcomes.CountY0 < cases.k() || outcomes.CountY1 < cases.k()) {
     run.ReportError(TooFewOutcomes(cases, outcomes));
     return;
   }
   const LogisticModel model = ComputeLogistic(cases, outcomes);
-  if (run.panel.checks.Check1) SavePredicted(run, cases, outcomes, model);
-  run.AppendReport(ModelText(cases, outcomes, model, control, run.panel.checks.Check2) + ClassificationText(model));
+  if (options.save_predicted) SavePredicted(run.data, cases, outcomes, model);
+  run.AppendReport(ModelText(cases, outcomes, model, control, options.summary) + ClassificationText(model));
 }
 
 }  // namespace tessara

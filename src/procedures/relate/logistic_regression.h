@@ -7,6 +7,7 @@
 
 #include "numerics/checked.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/relate/options.h"
 #include "procedures/relate/regression_model.h"
 
 // Binary logistic regression: a dependent variable coded 1 and 0, explained through the odds of the 1. Maximum
@@ -43,7 +44,8 @@ struct LogisticModel {
 LogisticModel ComputeLogistic(const ModelCases& cases, const LogisticOutcomes& outcomes);
 
 // Appends the report of the model, or the refusal of outcomes that are too few, and adds the predicted probabilities
-// and the residuals as new variables when Check1 is on.
-void ReportLogistic(ProcedureRun& run, const CaseControl& control, const ModelCases& cases);
+// and the residuals as new variables when they are asked for.
+void ReportLogistic(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
+                    const LogisticOptions& options);
 
 }  // namespace tessara

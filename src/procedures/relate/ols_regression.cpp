@@ -121,19 +121,20 @@ std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel&
 namespace {
 
 // A new variable with the label of the dependent one. The cells of excluded cases stay empty.
-void SaveResiduals(ProcedureRun& run, const ModelCases& cases, const LeastSquaresModel& model) {
-  DataSet& data = run.data;
+void SaveResiduals(DataSet& data, const ModelCases& cases, const LeastSquaresModel& model) {
   const std::size_t target = AddSavedColumn(data, "R-" + cases.dependent_name);
-  data.matrix.Set(kVariableLabelRow, target, data.matrix.Cell(kVariableLabelRow, data.RoleVariable[kMainRole]));
+  if (!cases.dependent_label.empty()) data.matrix.SetText(kVariableLabelRow, target, cases.dependent_label);
   SaveCaseValues(data, target, cases.accepted, model.residuals);
+  RebuildVariableLists(data);
 }
 
 }  // namespace
 
-void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases) {
+void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
+                        const LeastSquaresOptions& options) {
   const LeastSquaresModel model = ComputeLeastSquares(cases);
-  if (run.panel.checks.Check1) SaveResiduals(run, cases, model);
-  run.AppendReport(LeastSquaresReport(cases, model, control, run.panel.checks.Check2));
+  if (options.save_residuals) SaveResiduals(run.data, cases, model);
+  run.AppendReport(LeastSquaresReport(cases, model, control, options.summary));
 }
 
 }  // namespace tessara

@@ -5,6 +5,7 @@
 
 #include "numerics/checked.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/relate/options.h"
 #include "procedures/relate/regression_model.h"
 
 // Ordinary least squares: one dependent variable explained by one or more others with a straight-line equation.
@@ -31,7 +32,8 @@ LeastSquaresModel ComputeLeastSquares(const ModelCases& cases);
 std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel& model, const CaseControl& control,
                                bool with_summary);
 
-// Appends the report of the model, and adds the residuals as a new variable when Check1 is on.
-void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases);
+// Appends the report of the model, and adds the residuals as a new variable when they are asked for.
+void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
+                        const LeastSquaresOptions& options);
 
 }  // namespace tessara

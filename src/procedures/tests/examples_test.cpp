@@ -138,25 +138,22 @@ void ExpectLive(std::string_view example, const std::string& report) {
 TEST(Examples, TheTTestPrintsItsExample) {
   ProcedurePanel panel;
   panel.selected = Procedure::kTTest;
-  panel.Text5 = "1";
-  panel.Text6 = "2";
+  panel.options.t_test = {"1", "2"};
   ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("survey.dcs", panel, "PRESSURE", {"SEX"}));
 }
 
 TEST(Examples, TheAnalysisOfVariancePrintsItsExample) {
   ProcedurePanel panel;
   panel.selected = Procedure::kAnova;
-  panel.checks.Check1 = true;
-  panel.checks.Check2 = true;
+  panel.options.anova = {.summary = true, .post_hoc = true};
   ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("iris.dcs", panel, "SEPWID", {"SPECIES"}));
 }
 
 TEST(Examples, TheCrosstabulationPrintsItsExample) {
   ProcedurePanel panel;
   panel.selected = Procedure::kCrosstabulation;
-  panel.checks.Check1 = true;
-  panel.checks.Check2 = true;
-  panel.checks.Check12 = true;
+  panel.options.crosstabulation.association = true;
+  panel.options.crosstabulation.risk = true;
   ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("titanic.dcs", panel, "SURVIVED", {"SEX"}));
 }
 
@@ -175,9 +172,8 @@ TEST(Examples, TheCorrelationPrintsItsExample) {
 TEST(Examples, RegressionsPrintTheirExamples) {
   ProcedurePanel panel;
   panel.selected = Procedure::kRegression;
-  panel.checks.Check2 = true;
+  panel.options.least_squares.summary = true;
   ExpectLive(ExampleOfOutput(panel.selected, kLeast), LiveReport("cars.dcs", panel, "MPG", {"WT", "HP"}));
-  panel.checks.Check2 = false;
   panel.regression = RegressionKind::kLogistic;
   ExpectLive(ExampleOfOutput(panel.selected, panel.regression),
              LiveReport("titanic.dcs", panel, "SURVIVED", {"SEX", "ADULT"}));

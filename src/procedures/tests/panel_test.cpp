@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
+#include <vector>
 
 #include "platform/scripted_platform.h"
 
@@ -30,7 +32,8 @@ class PanelTest : public testing::Test {
 std::string BoxesOf(const ProcedureRow& row) {
   std::string text;
   for (const auto& box : row.boxes) {
-    text.append(box.control).append("=").append(box.caption).append(box.set_on ? " (on);" : ";");
+    ProcedureOptions options;
+    text.append(box.control).append("=").append(box.caption).append(box.option(options) ? " (on);" : ";");
   }
   return text;
 }
@@ -39,6 +42,16 @@ std::string FieldsOf(const ProcedureRow& row) {
   std::string text;
   for (const auto& field : row.fields) text.append(field.control).append("=").append(field.caption).append(";");
   return text;
+}
+
+// The rows of all procedures, regression as that of each of its kinds.
+std::vector<const ProcedureRow*> AllRows() {
+  std::vector<const ProcedureRow*> rows = {&RegressionRow(RegressionKind::kLeastSquares),
+                                           &RegressionRow(RegressionKind::kLogistic)};
+  for (const ProcedureRow& row : ProcedureRows()) {
+    if (row.procedure != Procedure::kRegression) rows.push_back(&row);
+  }
+  return rows;
 }
 
 struct ExpectedRow {
@@ -130,49 +143,51 @@ TEST(ProcedureRows, RegressionHasARowForEachKind) {
   EXPECT_EQ(logistic.control, "Option22");
   EXPECT_EQ(logistic.caption, "Logistic");
   EXPECT_EQ(logistic.tooltip, "For dichotomous dependent variables");
-  EXPECT_EQ(BoxesOf(logistic), "Check1=Save Predicted;");
+  EXPECT_EQ(BoxesOf(logistic), "Check1=Save Predicted;Check2=Summary Statistics;");
   EXPECT_EQ(logistic.boxes[0].tooltip, "Save predicted values as another variable");
   EXPECT_EQ(logistic.first_heading, "Variable Y");
   EXPECT_EQ(logistic.second_heading, "Variable X");
   EXPECT_EQ(logistic.example_heading, "  Logistic Regression    [Example]");
 }
 
-TEST_F(PanelTest, SelectingAProcedureTurnsAllBoxesOffAndClearsTheGroupValues) {
-  panel.checks = {true, true, true, true, true, true, true, true, true, true, true, true};
-  panel.Text5 = "1";
-  panel.Text6 = "2";
-  panel.Text7 = "30";
+// Every box and field of every procedure, set and then left for another one.
+TEST_F(PanelTest, SelectingAProcedureTurnsItsBoxesOffAndClearsTheGroupValues) {
+  const auto rows = AllRows();
+  for (const ProcedureRow* row : rows) {
+    for (const auto& box : row->boxes) box.option(panel.options) = true;
+    for (const auto& field : row->fields) field.option(panel.options) = "30";
+  }
   SelectProcedure(panel, Procedure::kTTest);
   EXPECT_EQ(panel.selected, Procedure::kTTest);
-  const PanelChecks& checks = panel.checks;
-  for (const bool check :
-       {checks.Check1, checks.Check2, checks.Check3, checks.Check4, checks.Check5, checks.Check6, checks.Check7,
-        checks.Check8, checks.Check9, checks.Check10, checks.Check11, checks.Check12}) {
-    EXPECT_FALSE(check);
+  for (const ProcedureRow* row : rows) {
+    for (const auto& box : row->boxes) {
+      EXPECT_EQ(box.option(panel.options), box.caption == "Chi-Square Tests") << row->caption << " " << box.caption;
+    }
   }
-  EXPECT_EQ(panel.Text5, "");
-  EXPECT_EQ(panel.Text6, "");
-  EXPECT_EQ(panel.Text7, "30");
+  EXPECT_EQ(panel.options.t_test.group_a, "");
+  EXPECT_EQ(panel.options.t_test.group_b, "");
+  EXPECT_EQ(panel.options.list.max_observations, "30");
 }
 
-TEST_F(PanelTest, CrosstabulationStartsWithChiSquareTestsAlone) {
-  panel.checks.Check1 = true;
-  SelectProcedure(panel, Procedure::kCrosstabulation);
-  EXPECT_FALSE(panel.checks.Check1);
-  EXPECT_TRUE(panel.checks.Check2);
-  EXPECT_FALSE(panel.checks.Check11);
-  EXPECT_FALSE(panel.checks.Check12);
-  SelectProcedure(panel, Procedure::kFrequencies);
-  EXPECT_FALSE(panel.checks.Check2);
+TEST_F(PanelTest, NoTwoBoxesOfAPanelStandForTheSameOption) {
+  std::set<const void*> options;
+  for (const ProcedureRow* row : AllRows()) {
+    for (const auto& box : row->boxes) {
+      EXPECT_TRUE(options.insert(&box.option(panel.options)).second) << row->caption << " " << box.caption;
+    }
+    for (const auto& field : row->fields) {
+      EXPECT_TRUE(options.insert(&field.option(panel.options)).second) << row->caption << " " << field.caption;
+    }
+  }
 }
 
 TEST_F(PanelTest, TheKindOfRegressionSelectsRegression) {
-  panel.checks.Check2 = true;
+  panel.options.least_squares.summary = true;
   EXPECT_EQ(ShownRow(panel), nullptr);
   SelectRegression(panel, RegressionKind::kLogistic);
   EXPECT_EQ(panel.selected, Procedure::kRegression);
   EXPECT_EQ(ShownRow(panel)->control, "Option22");
-  EXPECT_FALSE(panel.checks.Check2);
+  EXPECT_FALSE(panel.options.least_squares.summary);
   SelectRegression(panel, RegressionKind::kLeastSquares);
   EXPECT_EQ(ShownRow(panel)->control, "Option21");
   SelectProcedure(panel, Procedure::kExplore);
@@ -180,136 +195,136 @@ TEST_F(PanelTest, TheKindOfRegressionSelectsRegression) {
 }
 
 TEST_F(PanelTest, AClickTakesTheMainVariable) {
-  PickVariable(data, 7);
-  EXPECT_EQ(data.RoleVariable[kMainRole], 7u);
-  PickVariable(data, 0);
-  EXPECT_EQ(data.RoleVariable[kMainRole], 0u);
+  PickVariable(panel, 7);
+  EXPECT_EQ(panel.PickedVariable, 7u);
+  PickVariable(panel, 0);
+  EXPECT_EQ(panel.PickedVariable, 0u);
 }
 
 TEST_F(PanelTest, ChosenVariablesAreAddedInListOrder) {
-  AddAnalysisVariable(data, panel, platform, {2, 5});
-  AddAnalysisVariable(data, panel, platform, {1});
+  AddAnalysisVariable(panel, platform, {2, 5});
+  AddAnalysisVariable(panel, platform, {1});
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 5, 1}));
-  EXPECT_EQ(data.SelectedVariableCount, 3u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 3u);
   AddIndependentVariable(panel, platform, {4, 6});
   EXPECT_EQ(panel.IndependentVariables, (Columns{4, 6}));
-  EXPECT_EQ(data.SelectedVariableCount, 3u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 3u);
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, AVariableCanBeChosenTwice) {
-  AddAnalysisVariable(data, panel, platform, {3});
-  AddAnalysisVariable(data, panel, platform, {3});
+  AddAnalysisVariable(panel, platform, {3});
+  AddAnalysisVariable(panel, platform, {3});
   EXPECT_EQ(panel.SelectedVariables, (Columns{3, 3}));
 }
 
 TEST_F(PanelTest, NoneIsNoVariableOfAList) {
-  AddAnalysisVariable(data, panel, platform, {0, 3});
+  AddAnalysisVariable(panel, platform, {0, 3});
   AddIndependentVariable(panel, platform, {0});
   EXPECT_EQ(panel.SelectedVariables, Columns{3});
-  EXPECT_EQ(data.SelectedVariableCount, 1u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 1u);
   EXPECT_TRUE(panel.IndependentVariables.empty());
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, WithoutASelectionEachOperationAsksForOne) {
-  AddAnalysisVariable(data, panel, platform, {});
+  AddAnalysisVariable(panel, platform, {});
   ExpectOneBox("Procedure Aborted", "You must select a variable from the list");
   platform.messages.clear();
   AddIndependentVariable(panel, platform, {});
   ExpectOneBox("Procedure Aborted", "You must select a variable from the list");
   platform.messages.clear();
-  SetControlVariable(data, platform, {});
+  SetControlVariable(panel, data, platform, {});
   ExpectOneBox("Procedure Aborted", "You must select a variable from the list");
 }
 
 TEST_F(PanelTest, AnEighthVariableForListVariablesIsRefused) {
   SelectProcedure(panel, Procedure::kListVariables);
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4, 5, 6, 7});
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4, 5, 6, 7});
   EXPECT_TRUE(platform.messages.empty());
-  AddAnalysisVariable(data, panel, platform, {8});
+  AddAnalysisVariable(panel, platform, {8});
   ExpectOneBox("Maximum Reached", "The list variables procedure is limited to seven variables.");
   EXPECT_EQ(panel.SelectedVariables.size(), 7u);
-  EXPECT_EQ(data.SelectedVariableCount, 7u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 7u);
 }
 
 TEST_F(PanelTest, AddingStopsAtTheSeventhWithOneBox) {
   SelectProcedure(panel, Procedure::kListVariables);
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
   EXPECT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(panel.SelectedVariables, (Columns{1, 2, 3, 4, 5, 6, 7}));
 }
 
 TEST_F(PanelTest, OtherProceduresTakeMoreThanSevenVariables) {
   SelectProcedure(panel, Procedure::kFrequencies);
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4, 5, 6, 7, 8});
-  EXPECT_EQ(data.SelectedVariableCount, 8u);
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4, 5, 6, 7, 8});
+  EXPECT_EQ(panel.SelectedVariables.size(), 8u);
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, RemovingKeepsTheRestInOrder) {
-  AddAnalysisVariable(data, panel, platform, {1, 2, 3, 4});
-  RemoveAnalysisVariables(data, panel, {0, 2, 2, 9});
+  AddAnalysisVariable(panel, platform, {1, 2, 3, 4});
+  RemoveAnalysisVariables(panel, {0, 2, 2, 9});
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 4}));
-  EXPECT_EQ(data.SelectedVariableCount, 2u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 2u);
   AddIndependentVariable(panel, platform, {5, 6});
   RemoveIndependentVariables(panel, {1});
   EXPECT_EQ(panel.IndependentVariables, Columns{5});
 }
 
 TEST_F(PanelTest, AnArrowWithoutASelectionRemovesFromItsTarget) {
-  PressAnalysisArrow(data, panel, platform, {1, 2, 3}, {});
-  PressAnalysisArrow(data, panel, platform, {}, {0});
+  PressAnalysisArrow(panel, platform, {1, 2, 3}, {});
+  PressAnalysisArrow(panel, platform, {}, {0});
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 3}));
-  PressAnalysisArrow(data, panel, platform, {}, {});
+  PressAnalysisArrow(panel, platform, {}, {});
   EXPECT_EQ(panel.SelectedVariables, Columns{2});
-  EXPECT_EQ(data.SelectedVariableCount, 1u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 1u);
 
   PressIndependentArrow(panel, platform, {4, 5}, {});
   PressIndependentArrow(panel, platform, {}, {1});
   EXPECT_EQ(panel.IndependentVariables, Columns{4});
 
-  PressControlArrow(data, platform, {6});
-  EXPECT_EQ(data.RoleVariable[kControlRole], 6u);
-  PressControlArrow(data, platform, {});
-  EXPECT_EQ(data.RoleVariable[kControlRole], 0u);
+  PressControlArrow(panel, data, platform, {6});
+  EXPECT_EQ(panel.control_variable.column, 6u);
+  PressControlArrow(panel, data, platform, {});
+  EXPECT_EQ(panel.control_variable.column, 0u);
   EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(PanelTest, AnArrowWithASelectionAddsWhateverIsMarked) {
-  PressAnalysisArrow(data, panel, platform, {1}, {});
-  PressAnalysisArrow(data, panel, platform, {2}, {0});
+  PressAnalysisArrow(panel, platform, {1}, {});
+  PressAnalysisArrow(panel, platform, {2}, {0});
   EXPECT_EQ(panel.SelectedVariables, (Columns{1, 2}));
 }
 
 TEST_F(PanelTest, AnArrowWithNothingOnEitherSideAsksForASelection) {
-  PressAnalysisArrow(data, panel, platform, {}, {});
+  PressAnalysisArrow(panel, platform, {}, {});
   PressIndependentArrow(panel, platform, {}, {});
-  PressControlArrow(data, platform, {});
+  PressControlArrow(panel, data, platform, {});
   ASSERT_EQ(platform.messages.size(), 3u);
   for (const auto& box : platform.messages) EXPECT_EQ(box.text, "You must select a variable from the list");
 }
 
 TEST_F(PanelTest, NoneAsControlVariableClearsIt) {
-  SetControlVariable(data, platform, {9});
-  EXPECT_TRUE(ControlIsSet(data));
-  SetControlVariable(data, platform, {0});
-  EXPECT_FALSE(ControlIsSet(data));
+  SetControlVariable(panel, data, platform, {9});
+  EXPECT_TRUE(ControlIsSet(panel, data));
+  SetControlVariable(panel, data, platform, {0});
+  EXPECT_FALSE(ControlIsSet(panel, data));
 }
 
 TEST_F(PanelTest, AControlVariableBeyondTheDataCountsAsNone) {
-  data.RoleVariable[kControlRole] = data.VariableCount;
-  EXPECT_TRUE(ControlIsSet(data));
-  data.RoleVariable[kControlRole] = data.VariableCount + 1;
-  EXPECT_FALSE(ControlIsSet(data));
+  panel.control_variable.column = data.VariableCount;
+  EXPECT_TRUE(ControlIsSet(panel, data));
+  panel.control_variable.column = data.VariableCount + 1;
+  EXPECT_FALSE(ControlIsSet(panel, data));
 }
 
 TEST_F(PanelTest, ResettingTheControlClearsVariableRelationAndValue) {
-  SetControlVariable(data, platform, {2});
+  SetControlVariable(panel, data, platform, {2});
   panel.control = {ControlRelation::kLessThan, "4"};
-  AddAnalysisVariable(data, panel, platform, {1});
-  ResetControl(data, panel);
-  EXPECT_EQ(data.RoleVariable[kControlRole], 0u);
+  AddAnalysisVariable(panel, platform, {1});
+  ResetControl(panel);
+  EXPECT_EQ(panel.control_variable.column, 0u);
   EXPECT_EQ(panel.control.relation, ControlRelation::kNone);
   EXPECT_EQ(panel.control.value, "");
   EXPECT_EQ(panel.SelectedVariables, Columns{1});
@@ -317,54 +332,75 @@ TEST_F(PanelTest, ResettingTheControlClearsVariableRelationAndValue) {
 
 TEST_F(PanelTest, AControlValueOfAComparisonTakesNumbersOnly) {
   for (const char* entry : {"", "5", "-1.5", "1e3", " 7 ", "1,234"}) {
-    std::string text = entry;
-    EXPECT_TRUE(AcceptControlNumber(platform, text)) << entry;
-    EXPECT_EQ(text, entry);
+    EXPECT_TRUE(AcceptControlNumber(platform, entry)) << entry;
   }
   EXPECT_TRUE(platform.messages.empty());
   for (const char* entry : {"abc", "1 2", "-", "5%"}) {
     platform.messages.clear();
-    std::string text = entry;
-    EXPECT_FALSE(AcceptControlNumber(platform, text)) << entry;
-    EXPECT_EQ(text, "");
+    EXPECT_FALSE(AcceptControlNumber(platform, entry)) << entry;
     ExpectOneBox("Warning", "Only numerical entries are allowed.");
   }
 }
 
+TEST_F(PanelTest, WhatARunDoesWithASecondList) {
+  const std::tuple<Procedure, bool> expected[] = {
+      {Procedure::kNone, false},          {Procedure::kFrequencies, true},
+      {Procedure::kDescriptives, true},   {Procedure::kExplore, true},
+      {Procedure::kTTest, true},          {Procedure::kAnova, true},
+      {Procedure::kCorrelation, true},    {Procedure::kCrosstabulation, true},
+      {Procedure::kRegression, true},     {Procedure::kDiagnostic, true},
+      {Procedure::kListVariables, false}, {Procedure::kSummaryTables, true},
+      {Procedure::kRandomSample, false},  {Procedure::kRepeatedSampling, false}};
+  for (const auto& [procedure, uses] : expected) {
+    SelectProcedure(panel, procedure);
+    EXPECT_EQ(RunUsesIndependents(panel), uses) << static_cast<int>(procedure);
+  }
+  SelectProcedure(panel, Procedure::kCorrelation);
+  panel.options.correlation.create_matrix = true;
+  EXPECT_FALSE(RunUsesIndependents(panel));
+}
+
+TEST_F(PanelTest, ASecondListCanBeEmptiedUnderAProcedureThatDoesNotUseIt) {
+  AddIndependentVariable(panel, platform, {3, 5, 7});
+  SelectProcedure(panel, Procedure::kListVariables);
+  PressIndependentArrow(panel, platform, {}, {});
+  EXPECT_EQ(panel.IndependentVariables, (Columns{3, 5}));
+  RemoveIndependentVariables(panel, {0, 1});
+  EXPECT_TRUE(panel.IndependentVariables.empty());
+}
+
 TEST_F(PanelTest, ALoadEmptiesTheListsAndKeepsTheControl) {
-  AddAnalysisVariable(data, panel, platform, {1, 2});
+  AddAnalysisVariable(panel, platform, {1, 2});
   AddIndependentVariable(panel, platform, {3});
-  SetControlVariable(data, platform, {4});
+  SetControlVariable(panel, data, platform, {4});
   panel.control = {ControlRelation::kEqualTo, "x"};
-  ClearPanelLists(data, panel);
+  ClearPanelLists(panel);
   EXPECT_TRUE(panel.SelectedVariables.empty());
   EXPECT_TRUE(panel.IndependentVariables.empty());
-  EXPECT_EQ(data.SelectedVariableCount, 0u);
-  EXPECT_EQ(data.RoleVariable[kControlRole], 4u);
+  EXPECT_EQ(panel.SelectedVariables.size(), 0u);
+  EXPECT_EQ(panel.control_variable.column, 4u);
   EXPECT_EQ(panel.control.value, "x");
 }
 
 TEST_F(PanelTest, AResetLeavesTheProcedureAlone) {
   SelectProcedure(panel, Procedure::kDescriptives);
-  AddAnalysisVariable(data, panel, platform, {1, 2});
+  AddAnalysisVariable(panel, platform, {1, 2});
   AddIndependentVariable(panel, platform, {3});
-  SetControlVariable(data, platform, {4});
+  SetControlVariable(panel, data, platform, {4});
   panel.control = {ControlRelation::kEqualTo, "x"};
-  data.RoleVariable[2] = 5;
-  data.RoleVariable[3] = 6;
-  PickVariable(data, 1);
-  panel.Text5 = "1";
-  panel.Text6 = "2";
-  ResetPanel(data, panel);
+  PickVariable(panel, 1);
+  panel.options.t_test = {"1", "2"};
+  ResetPanel(panel);
   EXPECT_EQ(panel.selected, Procedure::kDescriptives);
   EXPECT_TRUE(panel.SelectedVariables.empty());
   EXPECT_TRUE(panel.IndependentVariables.empty());
-  EXPECT_EQ(data.SelectedVariableCount, 0u);
-  EXPECT_EQ(data.RoleVariable, (std::array<std::size_t, 5>{}));
+  EXPECT_EQ(panel.SelectedVariables.size(), 0u);
+  EXPECT_EQ(panel.PickedVariable, 0u);
+  EXPECT_FALSE(ControlIsSet(panel, data));
   EXPECT_EQ(panel.control.relation, ControlRelation::kNone);
   EXPECT_EQ(panel.control.value, "");
-  EXPECT_EQ(panel.Text5, "");
-  EXPECT_EQ(panel.Text6, "");
+  EXPECT_EQ(panel.options.t_test.group_a, "");
+  EXPECT_EQ(panel.options.t_test.group_b, "");
 }
 
 }  // namespace

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "data/data_set.h"
 #include "platform/scripted_platform.h"
 #include "presentation/output_log.h"
 #include "procedures/cases/procedure_run.h"
-#include "procedures/panel.h"
+#include "procedures/options.h"
 
 // A small data set from columns of cells, and one run on it.
 
@@ -47,26 +49,66 @@ inline DataSet MakeTestData(const std::vector<TestColumn>& columns) {
 
 inline std::vector<TaggedValue> Texts(const std::vector<const char*>& texts) { return {texts.begin(), texts.end()}; }
 
-// A data set with its panel, and what comes of running one procedure on column 1.
+// All records of the data set as cases, filtered by the variable of a column.
+inline CaseSource CasesOfAllRecords(const DataSet& data, std::size_t control_column = 0,
+                                    const ControlChoice& choice = {}) {
+  return {data, {data.RecordCount, data.VariableCount}, CaseControl(data, control_column, choice)};
+}
+
+// The options of one procedure.
+template <typename Options>
+const Options& PartOf(const ProcedureOptions& all) {
+  if constexpr (std::is_same_v<Options, FrequenciesOptions>) return all.frequencies;
+  if constexpr (std::is_same_v<Options, DescriptivesOptions>) return all.descriptives;
+  if constexpr (std::is_same_v<Options, CrosstabulationOptions>) return all.crosstabulation;
+  if constexpr (std::is_same_v<Options, TTestOptions>) return all.t_test;
+  if constexpr (std::is_same_v<Options, AnovaOptions>) return all.anova;
+  if constexpr (std::is_same_v<Options, LeastSquaresOptions>) return all.least_squares;
+  if constexpr (std::is_same_v<Options, LogisticOptions>) return all.logistic;
+  if constexpr (std::is_same_v<Options, ListOptions>) return all.list;
+}
+
+// A data set with all that a run of one procedure takes, and what comes of it. Column 1 is the main variable, and no
+// section is asked for.
 struct TestRun {
   explicit TestRun(const std::vector<TestColumn>& columns) : data(MakeTestData(columns)) {
-    data.RoleVariable[kMainRole] = 1;
+    options.crosstabulation.chi_square_tests = false;
   }
 
   void Control(std::size_t column, ControlRelation relation = ControlRelation::kNone, const std::string& value = {}) {
-    data.RoleVariable[kControlRole] = column;
-    panel.control = {relation, value};
+    control_variable = {column, data.VariableName(column)};
+    control = {relation, value};
   }
 
   // The variable that the main one is compared with.
-  void Independent(std::size_t column) {
-    data.RoleVariable[kIndependentRole] = column;
-    panel.IndependentVariables = {column};
-  }
+  void Independent(std::size_t column) { roles.independent = column; }
 
   // The report without its separator.
-  std::string Report(void (*procedure)(ProcedureRun&)) {
-    ProcedureRun run{.data = data, .panel = panel, .output = output, .charts = charts, .platform = platform};
+  std::string Report(void (*procedure)(ProcedureRun&, const Roles&)) {
+    return ReportOf([&](ProcedureRun& run) { procedure(run, roles); });
+  }
+  template <typename Options>
+  std::string Report(void (*procedure)(ProcedureRun&, const Roles&, const Options&)) {
+    return ReportOf([&](ProcedureRun& run) { procedure(run, roles, PartOf<Options>(options)); });
+  }
+
+  std::string Report(void (*procedure)(ProcedureRun&, std::span<const std::size_t>)) {
+    return ReportOf([&](ProcedureRun& run) { procedure(run, variables); });
+  }
+  template <typename Options>
+  std::string Report(void (*procedure)(ProcedureRun&, std::span<const std::size_t>, const Options&)) {
+    return ReportOf([&](ProcedureRun& run) { procedure(run, variables, PartOf<Options>(options)); });
+  }
+
+  template <typename Procedure>
+  std::string ReportOf(Procedure procedure) {
+    ProcedureRun run{.data = data,
+                     .output = output,
+                     .charts = charts,
+                     .platform = platform,
+                     .control_variable = control_variable,
+                     .control = control,
+                     .wants_charts = wants_charts};
     procedure(run);
     aborted = run.aborted;
     footnote = run.ChartFootnote;
@@ -76,7 +118,12 @@ struct TestRun {
   }
 
   DataSet data;
-  ProcedurePanel panel;
+  Roles roles{.main = 1};
+  std::vector<std::size_t> variables;  // of a procedure that takes many at once
+  ControlVariable control_variable;
+  ControlChoice control;
+  ProcedureOptions options;
+  bool wants_charts = true;
   OutputLog output;
   ChartStore charts;
   ScriptedPlatform platform;

@@ -47,9 +47,8 @@ struct TTestRun : TestRun {
                     const std::string& second = "2")
       : TestRun(columns) {
     Independent(2);
-    panel.SelectedVariables = {1};
-    panel.Text5 = first;
-    panel.Text6 = second;
+    options.t_test.group_a = first;
+    options.t_test.group_b = second;
   }
   std::string Report() { return TestRun::Report(RunTTest); }
 };
@@ -164,10 +163,10 @@ TEST(TTest, ExchangedGroupsFlipTheSignOfT) {
 TEST(TTest, BothVariablesMustBeSelected) {
   TTestRun run({{"Y", Texts({"1"})}, {"G", Texts({"1"})}});
   const char* sentence = "You must select an independent and dependent variable.";
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison:  by G", sentence));
-  run.data.RoleVariable[kMainRole] = 1;
-  run.data.RoleVariable[kIndependentRole] = 0;
+  run.roles.main = 1;
+  run.roles.independent = 0;
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison: Y by ", sentence));
   EXPECT_TRUE(run.aborted);
 }
@@ -184,7 +183,7 @@ TEST(TTest, WithoutCasesThereIsNoMessage) {
   TTestRun run({{"Y"}, {"G"}});
   EXPECT_EQ(run.Report(), "");
   EXPECT_FALSE(run.aborted);
-  run.panel.Text5 = "";  // the check of the values stands ahead
+  run.options.t_test.group_a = "";  // the check of the values stands ahead
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison: Y by G", "You must select two valid values."));
 }
 
@@ -209,7 +208,7 @@ TEST(TTest, BothGroupsMustReachFive) {
 TEST(TTest, EqualGroupValuesMatchTheFirstGroup) {
   TTestRun run(TwoGroups({1, 2, 3, 4, 5, 6}, {2, 3, 4, 5, 6, 7}), "1", "1");
   EXPECT_EQ(run.Report(), FramedText(kFiveMessage));
-  const TTestCases cases = GatherTTest(run.data, CaseControl(run.data, {}), 1, 2, {"1", "1"});
+  const TTestCases cases = GatherTTest(CasesOfAllRecords(run.data), run.roles, {"1", "1"});
   EXPECT_EQ(cases[0].size(), 6u);
   EXPECT_EQ(cases[1].size(), 0u);
 }
@@ -322,13 +321,13 @@ TEST(TTest, HugeValuesLeaveTheFailingFiguresAtZero) {
 TEST(TTest, TypedValuesMeetTextsAndNumbersByTheirText) {
   const DataSet data = MakeTestData(
       {{"Y", Texts({"1", "2", "3", "4", "5", "6"})}, {"G", {"0.5", 0.5, ".5", 2.0, "2", "2.0"}, "", "2||||||"}});
-  DataSet copy = MakeTestData({});
-  const CaseControl control(copy, {});
-  const TTestCases cases = GatherTTest(data, control, 1, 2, {"0.5", "2"});
+  const CaseSource source = CasesOfAllRecords(data);
+  const Roles roles{.main = 1, .independent = 2};
+  const TTestCases cases = GatherTTest(source, roles, {"0.5", "2"});
   EXPECT_EQ(cases[0], (std::vector<double>{1, 2}));
   EXPECT_EQ(cases[1], (std::vector<double>{4, 5}));  // though 2 is a missing value of the variable
-  EXPECT_EQ(GatherTTest(data, control, 1, 2, {".5", "2.0"})[0], (std::vector<double>{3}));
-  EXPECT_TRUE(GatherTTest(data, control, 1, 2, {" 2", "x"})[0].empty());
+  EXPECT_EQ(GatherTTest(source, roles, {".5", "2.0"})[0], (std::vector<double>{3}));
+  EXPECT_TRUE(GatherTTest(source, roles, {" 2", "x"})[0].empty());
 }
 
 TEST(TTest, EachSampleLeavesAHistogram) {
@@ -350,16 +349,16 @@ TEST(TTest, EachSampleLeavesAHistogram) {
   EXPECT_EQ(run.charts.charts[1].beside, run.charts.charts[0].values);
 }
 
-TEST(TTest, SeveralVariablesOrAnErrorLeaveNoChart) {
+TEST(TTest, NoChartBehindAnErrorOrWhereNoneIsWanted) {
   TTestRun run(Weights());
   run.Report();
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report();
   EXPECT_TRUE(run.charts.charts.empty());
-  run.panel.SelectedVariables = {1};
+  run.wants_charts = true;
   run.Report();
   EXPECT_EQ(run.charts.charts.size(), 2u);
-  run.panel.Text6 = "4";
+  run.options.t_test.group_b = "4";
   run.Report();
   EXPECT_TRUE(run.charts.charts.empty());
 }

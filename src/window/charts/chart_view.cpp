@@ -1,11 +1,11 @@
 #include "window/charts/chart_view.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 
 #include "window/charts/chart_drawing.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/hint_label.h"
 #include "window/widgets/text.h"
 
@@ -16,6 +16,7 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent) {
   setFrameShape(QFrame::NoFrame);
   setRenderHint(QPainter::Antialiasing);
   viewport()->setMouseTracking(true);  // for the hints over bars
+  FollowFont(this, [this] { setMinimumSize(fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 9); });
   words_ = new HintLabel(QPalette::Text, viewport());
   words_->setObjectName("EmptyText");
   words_->setAlignment(Qt::AlignCenter);
@@ -57,7 +58,7 @@ void ChartView::Draw() {
   QChart* before = chart();
   QChart* drawn = nullptr;
   if (has_chart_) {
-    drawn = new DrawnChart(shown_, colours, QApplication::font());
+    drawn = new DrawnChart(shown_, colours, font());
   } else {
     drawn = new QChart;
     drawn->setBackgroundBrush(colours.ground);
@@ -70,7 +71,7 @@ void ChartView::Draw() {
 
 void ChartView::changeEvent(QEvent* event) {
   QChartView::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange) Draw();
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Draw();
 }
 
 void ChartView::focusInEvent(QFocusEvent* event) {

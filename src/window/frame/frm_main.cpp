@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -33,6 +34,7 @@
 #include "window/widgets/focus_outline.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
+#include "window/widgets/zoom.h"
 
 namespace tessara {
 namespace {
@@ -53,6 +55,17 @@ PageText HandbookPage() {
   return {"documentation", QObject::tr("Handbook"),
           QObject::tr("The research methods handbook has its place here: short chapters on design, sampling and the "
                       "choice of a procedure.")};
+}
+
+// Whether enough of a window is in sight to take hold of it.
+bool OnSomeScreen(const QRect& window) {
+  constexpr int kHold = 48;
+  const QRect hold(window.topLeft(), QSize(window.width(), kHold));
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRect seen = screen->availableGeometry().intersected(hold);
+    if (seen.width() >= kHold && seen.height() >= kHold / 2) return true;
+  }
+  return false;
 }
 
 // The data file of a drag, if it brings one.
@@ -83,8 +96,9 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   setAcceptDrops(true);
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
+  UseHintsOfPalette();
   setWindowIcon(LogoIcon(palette()));
-  setMinimumSize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+  BoundLeastSize();
   setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
   if (start.splash) {
     splash_ = std::make_unique<FrmSplash2>();
@@ -102,7 +116,12 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   BuildHelpPane();
   ConnectClipboard();
   FocusOutline::Watch(this);
+  AddViewKeys();
+  zoom_ = new Zoom(store, this);
+  connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
+  ApplyZoom();
   ApplyAppearance();
+  RestorePlace();
   NoteRecentFile();
   TabChanged();
   StartTimers(start);
@@ -173,6 +192,8 @@ void FrmMain::AddView(ViewForm* view, const char* name, const QString& caption, 
   views_[view->view()] = view;
   workspace_->addTab(view, ThemeIcon(icon), caption);
   connect(view, &ViewForm::CommandRequested, this, &FrmMain::Execute);
+  connect(view, &ViewForm::HelpAsked, this, &FrmMain::ShowHelpOfView);
+  connect(view, &ViewForm::ZoomAsked, this, [this](int steps) { zoom_->Step(steps); });
   connect(view, &ViewForm::SessionChanged, this, [this] {
     if (busy_ != 0) return;
     const Busy busy(*this);
@@ -254,14 +275,15 @@ void FrmMain::ShowWantedView() { ShowView(std::exchange(session_.wanted_view, Vi
 void FrmMain::TabChanged() {
   ViewForm* form = current_view();
   if (!form) return;
-  if (busy_ == 0) StoreViews();
+  const bool by_user = busy_ == 0;
+  if (by_user) StoreViews();
   ActivateView(session_, form->view());
   const Busy busy(*this);
   form->ShowSession();
   if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
   // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.
   if (form->view() == View::ViewDataGrid || !workspace_->tabBar()->hasFocus()) form->FocusFirst();
-  RefreshCommands();
+  if (by_user) RefreshCommands();  // an operation that brings a view to the front does so at its end
 }
 
 void FrmMain::StoreViews() {
@@ -286,7 +308,6 @@ void FrmMain::Execute(int id) {
   NoteRecentFile();
   ShowSession();
   Perform(action);
-  if (id == kRefreshDocumentationCommand) help_pane_->RefreshLists();
   if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
   if (id == kRunCommand) current_view()->FocusInput();
   RefreshCommands();
@@ -294,8 +315,9 @@ void FrmMain::Execute(int id) {
 
 void FrmMain::OpenFile(const Path& path) {
   if (busy_ != 0) return;
-  ShowView(View::ViewDataGrid);
+  StoreViews();
   const Busy busy(*this);
+  ShowView(View::ViewDataGrid);
   {
     const WaitCursor wait(platform_);
     platform_.WithinMemory([&] {
@@ -329,15 +351,18 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCut:
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
+    case WidgetAction::kPrintPage:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
       showNormal();
       resize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
       return;
+    case WidgetAction::kRefreshHelpLists:
+      return help_pane_->RefreshLists();
     case WidgetAction::kToggleHelpPane:
     case WidgetAction::kOpenHelp:
-      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : HelpPage(session_.ActiveView));
+      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : PageOfView());
     case WidgetAction::kShowAbout:
       return ShowAbout();
     case WidgetAction::kNone:
@@ -351,6 +376,39 @@ void FrmMain::ShowHelpPane(std::string_view page) {
   help_pane_->RefreshLists();
   help_pane_->ShowPage(page);
   help_pane_->raise();
+}
+
+std::string_view FrmMain::PageOfView() const {
+  if (session_.ActiveView == View::ViewBrevarum) return CurrentRow(session_.brevarum).help_page;
+  return HelpPage(session_.ActiveView);
+}
+
+// The key for help: a pane that is open goes to the page, one that shows it already is closed.
+void FrmMain::ShowHelpOfView() {
+  if (!session_.help_pane_visible || help_pane_->Shows(PageOfView())) return Execute(kToggleHelpCommand);
+  ShowHelpPane(PageOfView());
+}
+
+// Ctrl and a digit bring the tab of that place to the front.
+void FrmMain::AddViewKeys() {
+  for (int place = 0; place < workspace_->count(); ++place) {
+    const QKeySequence key(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + place));
+    auto* action = new QAction(workspace_->tabText(place), this);
+    action->setObjectName(QString("View%1").arg(place + 1));
+    action->setShortcut(key);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [form = QPointer(workspace_->widget(place)), this] {
+      if (form) workspace_->setCurrentWidget(form);
+    });
+    workspace_->setTabToolTip(place, action->text() + " (" + key.toString(QKeySequence::NativeText) + ")");
+  }
+}
+
+void FrmMain::ApplyZoom() {
+  for (const auto& [id, form] : views_) {
+    if (form) form->SetZoom(zoom_->percent());
+  }
+  ZoomType(help_pane_->widget(), zoom_->percent());
 }
 
 void FrmMain::ShowAbout() {
@@ -391,11 +449,31 @@ void FrmMain::ApplyAppearance() {
   if (!isMaximized() && !isFullScreen()) resize(Pixels(size.width), Pixels(size.height));
 }
 
-void FrmMain::StoreSize() {
+// A place that no screen shows any more is left to the window system; a maximised window knows the size to go back to.
+void FrmMain::RestorePlace() {
+  const auto place = WindowPlaceOf(store_.Read(std::string(kWindowPlaceSetting)).value_or(""));
+  if (!place) return;
+  const QRect frame(place->x, place->y, place->width, place->height);
+  if (OnSomeScreen(frame)) move(frame.topLeft());
+  if (!place->maximised) return;
+  resize(frame.size().expandedTo(minimumSize()));
+  setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+// On a small screen the frame may be made as small as that.
+void FrmMain::BoundLeastSize() {
+  const QSize least(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+  setMinimumSize(least.boundedTo(screen()->availableSize()));
+}
+
+void FrmMain::StorePlace() {
   session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
   session_.settings.Op8 = width() * kTwipsPerPixel;
   WriteSetting(store_, platform_, "Op7", std::to_string(session_.settings.Op7));
   WriteSetting(store_, platform_, "Op8", std::to_string(session_.settings.Op8));
+  const QRect usual = isMaximized() || isFullScreen() ? normalGeometry() : QRect(pos(), size());
+  const WindowPlace place = {usual.x(), usual.y(), usual.width(), usual.height(), isMaximized()};
+  WriteSetting(store_, platform_, std::string(kWindowPlaceSetting), WindowPlaceText(place));
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -410,7 +488,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     RefreshCommands();
     return;
   }
-  StoreSize();
+  StorePlace();
   timer1_->stop();
   timer2_->stop();
   splash_.reset();
@@ -431,7 +509,11 @@ void FrmMain::FitTabs() {
 
 void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) UseIconsOfPalette(palette());
+  if (event->type() == QEvent::PaletteChange) {
+    UseIconsOfPalette(palette());
+    UseHintsOfPalette();
+  }
+  if (event->type() == QEvent::ApplicationFontChange && zoom_) ApplyZoom();
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {

@@ -23,6 +23,7 @@ class HelpPane;
 class Output1;
 class QtPlatform;
 class RecentFiles;
+class Zoom;
 
 // How a frame starts. Tests leave the splash out and shorten the timers.
 struct FrameStart {
@@ -80,9 +81,17 @@ class FrmMain : public QMainWindow {
   void ShowSession();
   void Perform(WidgetAction action);
   void ShowHelpPane(std::string_view page);
+  // The help page of the current view, of the calculators that of the one in front.
+  std::string_view PageOfView() const;
+  void ShowHelpOfView();
+  void AddViewKeys();
+  void ApplyZoom();
+  void BoundLeastSize();
   void ShowAbout();
   void NoteRecentFile();
-  void StoreSize();
+  void RestorePlace();
+  // The size in force as told by Op7 and Op8, and where the window stands.
+  void StorePlace();
   void ShowTitle();
   WidgetState State() const;
 
@@ -96,6 +105,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<RecentFiles> recent_files_;
   std::unique_ptr<CommandBars> bars_;
   HelpPane* help_pane_ = nullptr;
+  Zoom* zoom_ = nullptr;
   Output1* output_ = nullptr;
   std::unique_ptr<FrmSplash2> splash_;
   Path noted_file_;

@@ -97,12 +97,8 @@ GridView::GridView(DataSet& data_set, QWidget* parent)
   setFrameShape(NoFrame);
   setHorizontalScrollMode(ScrollPerPixel);
 
-  const int row_height = fontMetrics().height() + fontMetrics().height() / 2;
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setMinimumSectionSize(row_height);
-  verticalHeader()->setDefaultSectionSize(row_height);
   horizontalHeader()->setMinimumSectionSize(kDefaultColumnTwips / kTwipsPerPixel / 2);
-  horizontalHeader()->setFixedHeight(row_height + row_height / 6);
 
   // A click on a heading takes the cursor into the heading row, one on a record number into the number column: whole
   // columns and whole rows are told from cells by that.
@@ -115,9 +111,17 @@ GridView::GridView(DataSet& data_set, QWidget* parent)
   hint_->setAlignment(Qt::AlignCenter);
   hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
   hint_->setAutoFillBackground(true);
-  hint_->setMargin(fontMetrics().height());
   hint_->hide();
+  MeasureRows();
   ApplyColours();
+}
+
+void GridView::MeasureRows() {
+  const int row_height = fontMetrics().height() + fontMetrics().height() / 2;
+  verticalHeader()->setMinimumSectionSize(row_height);
+  verticalHeader()->setDefaultSectionSize(row_height);
+  horizontalHeader()->setFixedHeight(row_height + row_height / 6);
+  hint_->setMargin(fontMetrics().height());
 }
 
 void GridView::ShowData() {
@@ -233,6 +237,11 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) ApplyColours();
+  if (event->type() == QEvent::FontChange && hint_ && model()) {
+    MeasureRows();
+    ApplyWidths();
+    PlaceHint();
+  }
 }
 
 }  // namespace tessara

@@ -66,6 +66,7 @@ class GridView : public QTableView {
   void MoveCursor(std::size_t row, std::size_t column);
   void ApplyColours();
   void ApplyWidths();
+  void MeasureRows();
   void PlaceHint();
 
   DataSet& data_;

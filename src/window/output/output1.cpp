@@ -41,9 +41,10 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   layout->addWidget(MakeHead());
   layout->addWidget(page_, 1);
   layout->addWidget(MakeFindBar());
-  AddZoomShortcuts();
 
   connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
+  connect(page_->document(), &QTextDocument::contentsChange, this,
+          [this](int position, int, int added) { changes_.Note(*page_->document(), position, added); });
   connect(page_, &QPlainTextEdit::copyAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &QPlainTextEdit::undoAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &QPlainTextEdit::redoAvailable, this, &ViewForm::SessionChanged);
@@ -109,15 +110,15 @@ QWidget* Output1::MakeHead() {
   QAction* convert = MakeAction("ConvertOutput", "document-export-table", tr("Convert Output to Tab Delimited"));
   connect(convert, &QAction::triggered, this, [this] { emit CommandRequested(kConvertCommand); });
   page_->addAction(convert);
-  connect(smaller, &QAction::triggered, this, [this] { page_->ZoomStep(-1); });
-  connect(larger, &QAction::triggered, this, [this] { page_->ZoomStep(1); });
+  connect(smaller, &QAction::triggered, this, [this] { emit ZoomAsked(-1); });
+  connect(larger, &QAction::triggered, this, [this] { emit ZoomAsked(1); });
   zoom_ = new QToolButton(this);
   zoom_->setObjectName("Zoom");
   zoom_->setAutoRaise(true);
   zoom_->setFocusPolicy(Qt::TabFocus);
   zoom_->setToolTip(tr("Usual Size (Ctrl+0)"));
   zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height() / 2);
-  connect(zoom_, &QToolButton::clicked, this, [this] { page_->SetZoom(100); });
+  connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
   layout->addWidget(MakeTool(find));
   layout->addWidget(MakeTool(smaller));
   layout->addWidget(zoom_);
@@ -167,18 +168,8 @@ QWidget* Output1::MakeFindBar() {
   return find_bar_;
 }
 
-void Output1::AddZoomShortcuts() {
-  const auto zoom = [this](std::initializer_list<QKeySequence> keys, auto act) {
-    for (const QKeySequence& key : keys) {
-      auto* made = new QShortcut(key, this);
-      made->setContext(Qt::WidgetWithChildrenShortcut);
-      connect(made, &QShortcut::activated, this, act);
-    }
-  };
-  zoom({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { page_->ZoomStep(1); });
-  zoom({Qt::CTRL | Qt::Key_Minus}, [this] { page_->ZoomStep(-1); });
-  zoom({Qt::CTRL | Qt::Key_0}, [this] { page_->SetZoom(100); });
-}
+// The sheet alone: the buttons above it keep their size.
+void Output1::SetZoom(int percent) { page_->SetZoom(percent); }
 
 void Output1::ShowZoom(int percent) { zoom_->setText(tr("%1 %").arg(percent)); }
 
@@ -205,6 +196,7 @@ void Output1::ShowBox(const BoxVersion& now) {
     page_->ShowText(ToQtLines(text));
   }
   shown_ = now;
+  changes_.Begin(*page_->document(), now.size);
 }
 
 void Output1::UserChangedText() {
@@ -221,8 +213,14 @@ void Output1::UserChangedText() {
 void Output1::StoreWidgets() {
   if (!edited_) return;
   edited_ = false;
-  EditBox(session().output, FromQtLines(page_->Text()));
-  shown_ = session().output.Version();
+  OutputLog& output = session().output;
+  if (auto edit = changes_.Edit(*page_->document())) {
+    EditBox(output, edit->at, edit->removed, edit->text);
+  } else {
+    EditBox(output, FromQtLines(page_->Text()));
+  }
+  shown_ = output.Version();
+  changes_.Begin(*page_->document(), shown_.size);
 }
 
 void Output1::FocusFirst() { page_->setFocus(); }

@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include "window/output/sheet_changes.h"
 #include "window/widgets/view_form.h"
 
 class QAction;
@@ -29,6 +30,7 @@ class Output1 : public ViewForm {
   void FocusFirst() override;
   WidgetState State() const override;
   void Perform(WidgetAction action) override;
+  void SetZoom(int percent) override;
 
   // Print preview and PDF, which have no command of their own.
   QList<QAction*> PrintActions() const { return {preview_, pdf_}; }
@@ -39,7 +41,6 @@ class Output1 : public ViewForm {
   QToolButton* MakeSwitch(const char* name, const QString& caption, QButtonGroup* group);
   QToolButton* MakeTool(QAction* action);
   QAction* MakeAction(const char* name, const char* icon, const QString& caption);
-  void AddZoomShortcuts();
   void ShowBox(const BoxVersion& now);
   void UserChangedText();
   void ShowZoom(int percent);
@@ -61,6 +62,7 @@ class Output1 : public ViewForm {
   QAction* preview_ = nullptr;
   QAction* pdf_ = nullptr;
 
+  SheetChanges changes_;
   BoxVersion shown_;      // what has been put on the sheet last
   bool showing_ = false;  // the sheet changes by the program's hand
   bool edited_ = false;   // the user has changed the sheet since it was stored

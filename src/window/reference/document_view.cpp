@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPdfDocument>
 #include <QPdfPageNavigator>
 #include <QPdfView>
@@ -14,6 +15,8 @@
 #include <cmath>
 #include <memory>
 
+#include "presentation/print_pages.h"
+#include "window/system/qt_platform.h"
 #include "window/widgets/theme.h"
 
 namespace tessara {
@@ -22,6 +25,7 @@ namespace {
 constexpr qreal kZoomStep = 1.2;
 constexpr qreal kLeastZoom = 0.2;
 constexpr qreal kMostZoom = 5;
+constexpr qreal kMostDots = 3500;  // of a page's longer side in print: 300 an inch
 
 }  // namespace
 
@@ -98,6 +102,19 @@ bool DocumentView::Open(const QString& file) {
 }
 
 int DocumentView::page() const { return view_->pageNavigator()->currentPage(); }
+
+void DocumentView::Print(QtPlatform& platform) const {
+  if (!document_) return;
+  const auto choice = platform.AskPrint({.title = "Print"});
+  if (!choice) return;
+  const int pages = document_->pageCount();
+  const auto paint = [&](QPainter& painter, const QRectF& place, int sheet) {
+    const QSizeF fitted = document_->pagePointSize(sheet % pages).scaled(place.size(), Qt::KeepAspectRatio);
+    const QSizeF sharp = fitted.boundedTo(fitted.scaled(kMostDots, kMostDots, Qt::KeepAspectRatio));
+    painter.drawImage(QRectF(place.topLeft(), fitted), document_->render(sheet % pages, sharp.toSize()));
+  };
+  if (!platform.PrintPictures(pages * choice->copies, paint)) ShowPrinterError(platform);
+}
 
 void DocumentView::GoToPage(int page) {
   if (!document_) return;

@@ -12,6 +12,8 @@ class QToolButton;
 
 namespace tessara {
 
+class QtPlatform;
+
 class DocumentView : public QWidget {
   Q_OBJECT
 
@@ -23,6 +25,8 @@ class DocumentView : public QWidget {
   bool has_document() const { return document_ != nullptr; }
   QPdfDocument* document() const { return document_; }
   int page() const;  // counted from 0
+  // Asks for the printer and prints all pages. A printer that refuses gets its box.
+  void Print(QtPlatform& platform) const;
   void GoToPage(int page);
   void ZoomStep(int steps);
   void FitWidth();

@@ -211,7 +211,12 @@ void HelpPane::RefreshButtons() {
   buttons_.forward->setEnabled(!document && (browser_->isForwardAvailable() || document_->has_document()));
 }
 
-void HelpPane::Print() { browser_->PrintPage(); }
+void HelpPane::Print() {
+  if (shown_->currentWidget() == document_) return document_->Print(platform_);
+  browser_->PrintPage();
+}
+
+bool HelpPane::Shows(std::string_view page) const { return browser_->source().toString().endsWith(ToQt(page)); }
 
 void HelpPane::RefreshLists() { FillLabels(); }
 

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include "window/stat_procs/variable_lists.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -99,7 +100,7 @@ void ControlBox::AddRelation(std::size_t place, QGridLayout* layout) {
   value->setObjectName(relation.value);
   value->setToolTip(relation.tooltip);
   value->setAccessibleName(QString(relation.caption) + " value");
-  value->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfAValue);
+  FollowFont(value, [value] { value->setMinimumWidth(value->fontMetrics().averageCharWidth() * kCharactersOfAValue); });
   values_[place] = value;
   layout->addWidget(value, row, column + 1);
   if (relation.number) connect(value, &QLineEdit::editingFinished, this, [this, place] { CheckNumber(place); });
@@ -136,10 +137,9 @@ void ControlBox::EnableFields() {
 void ControlBox::CheckNumber(std::size_t place) {
   if (refusing_) return;  // the box takes the focus away, which ends the entry once more
   refusing_ = true;
-  std::string text = FromQt(values_[place]->text());
-  if (!AcceptControlNumber(platform_, text)) {
-    values_[place]->setText(ToQt(text));
-    emit Changed();
+  if (!AcceptControlNumber(platform_, FromQt(values_[place]->text()))) {
+    values_[place]->setFocus();
+    values_[place]->selectAll();
   }
   refusing_ = false;
 }
@@ -167,7 +167,6 @@ ControlChoice ControlBox::Choice() {
   const std::size_t place = Selected();
   known_ = {};
   if (place == kRelations) return known_;
-  if (kRelationTable[place].number) CheckNumber(place);
   known_.relation = kRelationTable[place].relation;
   if (values_[place]) known_.value = FromQt(values_[place]->text());
   return known_;

@@ -190,6 +190,18 @@ bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)
   return printed;
 }
 
+bool QtPlatform::PrintPictures(int sheets, const std::function<void(QPainter&, const QRectF&, int)>& paint) {
+  if (!printer_) NewPrinter();
+  if (!printer_->isValid()) return false;
+  QPainter painter;
+  if (!painter.begin(printer_.get())) return false;
+  for (int sheet = 0; sheet < sheets; ++sheet) {
+    if (sheet > 0 && !printer_->newPage()) return false;
+    paint(painter, QRectF(0, 0, printer_->width(), printer_->height()), sheet);
+  }
+  return painter.end() && printer_->printerState() != QPrinter::Error;
+}
+
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
   BeforeDialog();
   const PlainCursor cursor;

@@ -57,6 +57,10 @@ class QtPlatform : public Platform {
   // Prints one sheet across on the system's own printer: calls paint with the place to fill. False when the printer
   // refuses.
   virtual bool PrintPicture(const std::function<void(QPainter& painter, const QRectF& sheet)>& paint);
+  // Prints so many sheets on the printer that was asked for: calls paint for each, counted from 0, with the place to
+  // fill. False when the printer refuses.
+  virtual bool PrintPictures(int sheets,
+                             const std::function<void(QPainter& painter, const QRectF& place, int sheet)>& paint);
   // A picture, or what else is more than text. Takes the content over.
   void SetClipboardContent(QMimeData* content);
 
