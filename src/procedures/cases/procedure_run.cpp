@@ -3,14 +3,16 @@
 #include <string>
 #include <utility>
 
+#include "numerics/report_text.h"
+
 namespace tessara {
 
-void ProcedureRun::AppendReport(std::string_view report) { tessara::AppendReport(output, report); }
+void ProcedureRun::AppendReport(std::string report) { reports.push_back(std::move(report)); }
 
 void ProcedureRun::ReportError(std::string_view pending_text) {
   aborted = true;
   ClearCharts(charts);
-  tessara::ReportError(output, pending_text);
+  AppendReport(ErrorFrame(pending_text));
 }
 
 void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {

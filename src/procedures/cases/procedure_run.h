@@ -8,7 +8,6 @@
 #include "data/data_set.h"
 #include "platform/platform.h"
 #include "presentation/chart_data.h"
-#include "presentation/output_log.h"
 #include "procedures/cases/case_source.h"
 
 // What every procedure begins and ends with: the cases of a run, its report, its charts.
@@ -24,7 +23,6 @@ struct Roles {
 // What a procedure works with, and what one run shares between its procedures.
 struct ProcedureRun {
   DataSet& data;
-  OutputLog& output;
   ChartStore& charts;
   Platform& platform;
   const ControlVariable& control_variable;
@@ -33,10 +31,11 @@ struct ProcedureRun {
 
   bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
   std::string ChartFootnote = {};  // the words of the control caption
+  // They reach the output log together, when the run is over.
+  std::vector<std::string> reports = {};
 
-  // Sends a finished report to the output log.
-  void AppendReport(std::string_view report);
-  // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
+  void AppendReport(std::string report);
+  // Makes a report of a title and message in the error frame, and marks the run. No chart stands beside it.
   void ReportError(std::string_view pending_text);
   // Leaves the charts of a procedure, with the run's footnote, once its report stands: only where charts are wanted.
   void LeaveCharts(ChartKind kind, std::vector<Chart> made);
