@@ -3,6 +3,7 @@
 #include <system_error>
 #include <utility>
 
+#include "data/change_door.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
@@ -99,7 +100,7 @@ void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessageP
 void SetProjectNotes(Session& session, std::string notes) {
   if (notes == session.data.ProjectNotes) return;
   session.data.ProjectNotes = std::move(notes);
-  session.data.DataDirty = true;
+  MarkChanged(session.data);
 }
 
 RunOutcome RunPanel(Session& session) {

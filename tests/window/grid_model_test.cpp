@@ -3,12 +3,14 @@
 #include <QAbstractItemModelTester>
 #include <QtTest>
 
+#include "data/change_door.h"
+
 namespace tessara {
 namespace {
 
 DataSet Shaped(std::size_t records, std::size_t variables) {
   DataSet data;
-  data.matrix = DataMatrix(records + kFirstRecordRow, variables);
+  MatrixEditor(data).Replace(DataMatrix(records + kFirstRecordRow, variables));
   data.RecordCount = records;
   data.VariableCount = variables;
   return data;
@@ -24,8 +26,9 @@ class GridModelTest : public QObject {
     DataSet data = Shaped(12, 3);
     GridModel model(data);
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    data = Shaped(4, 5);
-    data.Revision = 7;
+    MatrixEditor(data).Replace(DataMatrix(4 + kFirstRecordRow, 5));
+    data.RecordCount = 4;
+    data.VariableCount = 5;
     QVERIFY(model.Refresh());
     QCOMPARE(model.rowCount(), 4);
     QCOMPARE(model.columnCount(), 5);
@@ -34,10 +37,10 @@ class GridModelTest : public QObject {
 
   void ShowsRecordsBehindTheDictionary() {
     DataSet data = Shaped(2, 2);
-    data.matrix.SetText(kVariableNameRow, 2, "SEX");
-    data.matrix.SetText(kVariableLabelRow, 2, "Sex of the respondent");
-    data.matrix.SetText(kFirstRecordRow + 1, 2, "caf\xE9");
-    data.matrix.SetNumber(kFirstRecordRow, 1, 2.5);
+    MatrixEditor(data).SetText(kVariableNameRow, 2, "SEX");
+    MatrixEditor(data).SetText(kVariableLabelRow, 2, "Sex of the respondent");
+    MatrixEditor(data).SetText(kFirstRecordRow + 1, 2, "caf\xE9");
+    MatrixEditor(data).SetNumber(kFirstRecordRow, 1, 2.5);
     const GridModel model(data);
     QCOMPARE(model.index(1, 1).data().toString(), QString::fromUtf8("caf\u00E9"));
     QCOMPARE(model.index(0, 0).data().toString(), QString("2.5"));
@@ -48,8 +51,8 @@ class GridModelTest : public QObject {
 
   void NumbersStandRightAndTextsLeft() {
     DataSet data = Shaped(1, 2);
-    data.matrix.SetText(kFirstRecordRow, 1, "1,234.5");
-    data.matrix.SetText(kFirstRecordRow, 2, "12abc");
+    MatrixEditor(data).SetText(kFirstRecordRow, 1, "1,234.5");
+    MatrixEditor(data).SetText(kFirstRecordRow, 2, "12abc");
     const GridModel model(data);
     const auto alignment = [&](int column) {
       return model.index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>();
@@ -60,9 +63,9 @@ class GridModelTest : public QObject {
 
   void ACellTellsItsValueLabel() {
     DataSet data = Shaped(2, 1);
-    data.matrix.SetText(kFirstValueLabelRow, 1, "1=Male");
-    data.matrix.SetText(kFirstRecordRow, 1, "1");
-    data.matrix.SetText(kFirstRecordRow + 1, 1, "2");
+    MatrixEditor(data).SetText(kFirstValueLabelRow, 1, "1=Male");
+    MatrixEditor(data).SetText(kFirstRecordRow, 1, "1");
+    MatrixEditor(data).SetText(kFirstRecordRow + 1, 1, "2");
     const GridModel model(data);
     QCOMPARE(model.index(0, 0).data(Qt::ToolTipRole).toString(), QString("1 = Male"));
     QVERIFY(model.index(1, 0).data(Qt::ToolTipRole).toString().isEmpty());

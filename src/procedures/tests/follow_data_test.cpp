@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 #include "procedures/tests/test_data.h"
 
@@ -98,7 +99,7 @@ TEST_F(FollowDataTest, AddedColumnsMoveWhatStandsBehindThem) {
 
 // A variable that was renamed is looked for by its new name.
 TEST_F(FollowDataTest, ANewNameOfTheControlIsRemembered) {
-  data.matrix.SetText(kVariableNameRow, 2, "YEARS");
+  MatrixEditor(data).SetText(kVariableNameRow, 2, "YEARS");
   EXPECT_EQ(FollowData(panel, data, ColumnChange::kNamed), "");
   ExpectControl(2);
   EXPECT_EQ(FollowData(panel, MakeTestData({{"A"}, {"YEARS"}}), ColumnChange::kOtherData), "");
