@@ -129,20 +129,26 @@ void AppendReport(OutputLog& output, std::string_view report) {
   }
 }
 
-void AppendRun(OutputLog& output, const std::vector<std::string>& reports, BoxOfRun box) {
+RoomForReports MakeRoom(OutputLog& output, const std::vector<std::string>& reports) {
   std::size_t size = 0;
   for (const std::string& report : reports) size += report.size() + kReportSeparator.size();
+  RoomForReports room;
+  room.recent.reserve(size);
   Reserve(output.OutputLogText, size);
-  std::string recent;
-  recent.reserve(size);
-  // From here on no memory is asked for.
+  return room;
+}
+
+void AppendRun(OutputLog& output, const std::vector<std::string>& reports, RoomForReports room, BoxOfRun box) noexcept {
   if (box == BoxOfRun::kEmptied) ClearBox(output);
   BeginRun(output);
-  output.MostRecentText.swap(recent);  // empty still, but with room
+  output.MostRecentText.swap(room.recent);  // empty still, but with room
   for (const std::string& report : reports) AppendReport(output, report);
 }
 
-void ReplaceReport(OutputLog& output, std::string_view report) { AppendRun(output, {std::string(report)}); }
+void ReplaceReport(OutputLog& output, std::string_view report) {
+  const std::vector<std::string> reports = {std::string(report)};
+  AppendRun(output, reports, MakeRoom(output, reports));
+}
 
 void ReplaceMostRecent(OutputLog& output, std::string_view report) {
   std::string recent;

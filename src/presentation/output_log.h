@@ -74,9 +74,14 @@ void AppendReport(OutputLog& output, std::string_view report);
 // What the box shows while a run has no report.
 enum class BoxOfRun { kKept, kEmptied };
 
-// The reports of a run that has ended: begins anew with MostRecentText and appends them all. Where the memory does not
-// suffice, std::bad_alloc leaves everything as it was.
-void AppendRun(OutputLog& output, const std::vector<std::string>& reports, BoxOfRun box = BoxOfRun::kKept);
+// Room for the reports of a run, taken before anything else changes.
+struct RoomForReports {
+  std::string recent;
+};
+RoomForReports MakeRoom(OutputLog& output, const std::vector<std::string>& reports);
+// The reports of a run that has ended: begins anew with MostRecentText and appends them all. Asks for no memory.
+void AppendRun(OutputLog& output, const std::vector<std::string>& reports, RoomForReports room,
+               BoxOfRun box = BoxOfRun::kKept) noexcept;
 // A calculator's result: at the end of the log, and alone as the most recent output.
 void ReplaceReport(OutputLog& output, std::string_view report);
 // The report becomes the most recent output, and the log learns nothing of it.

@@ -1,5 +1,7 @@
 #include "procedures/run.h"
 
+#include <utility>
+
 #include "procedures/cases/procedure_run.h"
 #include "procedures/compare/anova.h"
 #include "procedures/compare/crosstabulation.h"
@@ -161,7 +163,9 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     return outcome;
   }
   // Reports and charts reach the outside when the run is over: one that ends for want of memory leaves all as it was.
-  ChartStore made{.SelectedVariableCount = panel.SelectedVariables.size(), .Revision = charts.Revision};
+  ChartStore made;
+  made.SelectedVariableCount = panel.SelectedVariables.size();
+  made.Revision = charts.Revision;
   ClearCharts(made);
   ProcedureRun run{.data = data,
                    .charts = made,
@@ -170,7 +174,7 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
                    .control = panel.control,
                    .wants_charts = panel.SelectedVariables.size() < 2};
   outcome.refused = PanelRun(run, panel).RunForAllVariables() == Step::kEndRun;
-  AppendRun(output, run.reports, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
+  FinishRun(run, data, output, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
   charts = std::move(made);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
