@@ -19,7 +19,7 @@ std::string WrongWords(const CommandRow& command, const CommandWords& words) {
 }
 
 CommandResult RunFreshly(Batch& batch, const CommandRow& command, const CommandWords& words) {
-  batch.platform.answers = {};
+  batch.platform.answer = Answer::kYes;
   batch.platform.refused = false;
   CommandResult result = command.run(batch, words);
   if (result.status == BatchStatus::kAllWell && batch.platform.refused) result.status = BatchStatus::kRefused;

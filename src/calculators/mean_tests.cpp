@@ -10,23 +10,22 @@
 namespace tessara {
 namespace {
 
-void TestEqualVariances(TwoMeansTest& test) {
-  const Number& n1 = test.n1;
-  const Number& n2 = test.n2;
-  test.df = n1 + n2 - 2;
-  const Number error = Sqrt(((n1 - 1) * Square(test.deviation1) + (n2 - 1) * Square(test.deviation2)) / test.df) *
-                       Sqrt((n1 + n2) / (n1 * n2));
+SampleSpread SpreadOf(const Number& n, const Number& deviation) {
+  return {.n = n, .squares = (n - 1) * Square(deviation), .mean_variance = Square(deviation) / n};
+}
+
+void TestEqualVariances(const SampleSpread& one, const SampleSpread& two, TwoMeansTest& test) {
+  test.df = PooledDf(one, two);
+  const Number error = PooledError(one, two);
   test.t = (test.mean1 - test.mean2) / error;
   const Checked p = TDistP(test.df, test.t);
   Keep(test.p_text, Masked(p, "0.000"));
   test.p = p;
 }
 
-void TestUnequalVariances(TwoMeansTest& test) {
-  const Number a = Square(test.deviation1) / test.n1;
-  const Number b = Square(test.deviation2) / test.n2;
-  test.unequal_df = RoundedBy(Square(a + b) / (Square(a) / (test.n1 + 1) + Square(b) / (test.n2 + 1)) - 2, ".00");
-  test.unequal_t = (test.mean1 - test.mean2) / Sqrt(a + b);
+void TestUnequalVariances(const SampleSpread& one, const SampleSpread& two, TwoMeansTest& test) {
+  test.unequal_df = RoundedBy(WelchDf(one, two), ".00");
+  test.unequal_t = (test.mean1 - test.mean2) / WelchError(one, two);
   if (test.unequal_df < 5) {
     test.unequal_err = true;
     test.unequal_text = "Err";
@@ -37,27 +36,17 @@ void TestUnequalVariances(TwoMeansTest& test) {
   test.unequal_p = p;
 }
 
-// The larger variance stands above; a quotient that fails leaves F at 0, with the degrees that belong to it.
 void TestHomogeneity(TwoMeansTest& test) {
-  const Checked square1 = Square(test.deviation1);
-  const Checked square2 = Square(test.deviation2);
-  if (square1 <= square2) {
-    test.f = square2 / square1;
-    test.d1 = test.n2 - 1;
-    test.d2 = test.n1 - 1;
-  } else {
-    test.f = square1 / square2;
-    test.d1 = test.n1 - 1;
-    test.d2 = test.n2 - 1;
-  }
-  test.f_p = FDistP(test.d1, test.d2, test.f);
+  test.ratio = CompareVariances(test.n1, Square(test.deviation1), test.n2, Square(test.deviation2));
+  test.f_p = FDistP(test.ratio.numerator_df, test.ratio.denominator_df, test.ratio.f);
 }
 
 // A p of 0 is shown as 0.0001, and so is one that could not be computed.
 Number ShownP(const Number& p) { return p.value() == 0 ? Number(0.0001) : p; }
 
 std::string DegreesText(const TwoMeansTest& test) {
-  return "DF= (" + GeneralText(test.d1.value()) + ", " + GeneralText(test.d2.value()) + ")";
+  return "DF= (" + GeneralText(test.ratio.numerator_df.value()) + ", " +
+         GeneralText(test.ratio.denominator_df.value()) + ")";
 }
 
 std::string UnequalDf(const TwoMeansTest& test) {
@@ -130,8 +119,10 @@ std::optional<TwoMeansTest> ComputeTwoMeans(const TwoMeansBoxes& boxes) {
   test.deviation2 = TypedNumber(boxes.deviation2);
   test.label1 = SampleLabel(boxes.label1);
   test.label2 = SampleLabel(boxes.label2);
-  TestEqualVariances(test);
-  TestUnequalVariances(test);
+  const SampleSpread one = SpreadOf(test.n1, test.deviation1);
+  const SampleSpread two = SpreadOf(test.n2, test.deviation2);
+  TestEqualVariances(one, two, test);
+  TestUnequalVariances(one, two, test);
   TestHomogeneity(test);
   return test;
 }
@@ -143,7 +134,7 @@ std::string TwoMeansReport(const TwoMeansTest& test) {
   report += "Std Deviation   " + FormatCol(test.deviation1, 15, 4) + FormatCol(test.deviation2, 15, 4) + "\r\n";
   report += "Sample Size (n) " + FormatCol(test.n1, 10, 0) + "     " + FormatCol(test.n2, 10, 0) + "\r\n\r\n\r\n";
   report += "              Homogeneity of Variance\r\n";
-  report += "     F= " + MaskedNumber(test.f.value(), "0.00") + "     " + DegreesText(test) + "     p < " +
+  report += "     F= " + MaskedNumber(test.ratio.f.value(), "0.00") + "     " + DegreesText(test) + "     p < " +
             MaskedNumber(test.f_p.value(), "0.0000") + "\r\n\r\n\r\n";
   report += "                     T-statistic        DF      p < (2-tailed)\r\n";
   report += DashedRule(63) + "\r\n";
@@ -157,7 +148,7 @@ std::string TwoMeansReport(const TwoMeansTest& test) {
 std::string TwoMeansShortReport(const TwoMeansTest& test) {
   std::string report = "Two-Sample Difference of Means (2-tailed)\r\n\r\n";
   report += "            Homogeneity of Variance\r\n";
-  report += "    F= " + MaskedNumber(test.f.value(), "0.00") + "    " + DegreesText(test) + "     p < " +
+  report += "    F= " + MaskedNumber(test.ratio.f.value(), "0.00") + "    " + DegreesText(test) + "     p < " +
             MaskedNumber(test.f_p.value(), "0.0000") + "\r\n\r\n";
   report += "             T-statistic      DF          p < \r\n";
   report += "Equal   " + FormatCol(test.t, 15, 4) + " " + FormatCol(test.df, 8, 0) + FormatCol(ShownP(test.p), 16, 4) +

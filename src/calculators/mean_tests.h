@@ -9,6 +9,7 @@
 
 #include "calculators/calculation.h"
 #include "numerics/checked.h"
+#include "numerics/student_t.h"
 
 // The tests of typed means: Student's t of one and of two samples, and the one-way analysis of variance of up to four.
 // Boxes are read with their commas left out, and a text that is not numeric counts as 0.
@@ -34,7 +35,8 @@ struct TwoMeansTest {
   Number unequal_p;
   std::string unequal_text;  // "Err" where there is no p
   bool unequal_err = false;  // the row shows "Err" in the place of df and p
-  Number f, d1, d2, f_p;     // homogeneity of the variances
+  VarianceRatio ratio;       // homogeneity of the variances
+  Number f_p;
 };
 
 // Nothing unless both samples have a number of cases other than 0.

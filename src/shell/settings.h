@@ -67,6 +67,9 @@ struct SettingRow {
 
 inline constexpr std::string_view kRecentFilesSetting = "RecentFiles";
 inline constexpr std::string_view kWindowPlaceSetting = "WindowPlace";
+inline constexpr std::string_view kZoomSetting = "Zoom";
+inline constexpr int kLeastZoom = 40;  // percent
+inline constexpr int kMostZoom = 400;
 
 // Every setting, in the order in which they are read.
 std::span<const SettingRow> SettingRows();

@@ -67,6 +67,20 @@ TEST_F(RunCommandTest, NamesTheCommandInWhatIsWrong) {
   EXPECT_EQ(RunLine({"nonsense"}).status, BatchStatus::kNotUnderstood);
 }
 
+CommandResult TellANote(Batch& batch, const CommandWords&) {
+  batch.platform.ShowNote("the file has 2 records,\r\nits first line says \x80 3\x1B");
+  return Done();
+}
+
+constexpr CommandRow kTelling{.name = "telling", .summary = "", .details = "", .example = "", .run = TellANote};
+
+TEST_F(RunCommandTest, ANoteGoesToStandardErrorAndChangesNoStatus) {
+  EXPECT_EQ(RunCommand(batch_, kTelling, {}).status, BatchStatus::kAllWell);
+  EXPECT_EQ(Content(err_),
+            "tessara-cli: note: the file has 2 records,\nits first line says \xE2\x82\xAC 3\xE2\x90\x9B\n");
+  EXPECT_EQ(Content(out_), "");
+}
+
 TEST_F(RunCommandTest, ARefusalDoesNotStickToTheNextCommand) {
   EXPECT_EQ(RunLine({"control", "V1", "--gt", "x"}).status, BatchStatus::kRefused);
   EXPECT_EQ(Content(err_), "Warning: Only numerical entries are allowed.\n");

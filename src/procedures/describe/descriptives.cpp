@@ -95,7 +95,7 @@ DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases) {
   result.skewness = cubes / n / Power(result.population_deviation, 3);
   result.kurtosis = fourths / n / Power(result.population_deviation, 4);
   result.t = result.mean / result.standard_error;
-  Keep(result.p, Masked(TDistP(n - 1, result.t), "0.0000"));
+  result.p = Computed(TDistP(n - 1, result.t));
   Number critical_n = n;  // comes back as the degrees of freedom
   result.interval = TCritical95(critical_n) * result.standard_error;
   return result;
@@ -132,7 +132,8 @@ std::string DescriptivesReport(const CaseSource& source, std::size_t column, con
   report += "Min          " + value(s.minimum) + "    " + "Std Error    " + value(s.standard_error) + "\r\n";
   report += "Max          " + value(s.maximum) + "    " + "CV%          " + value(s.coefficient_of_variation) + "\r\n";
   report += "Range        " + value(s.range) + "    " + "95% CI (+/-) " + value(s.interval) + "\r\n";
-  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " + s.p + "\r\n";
+  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " +
+            MaskedOrEmpty(s.p, "0.0000") + "\r\n";
   report += DashedRule() + "\r\n\r\n";
   report += "Missing Cases    " + std::to_string(s.excluded) + "\r\n";
   report += chart;

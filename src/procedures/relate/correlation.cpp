@@ -31,7 +31,7 @@ SimpleRegression ComputeSimpleRegression(std::span<const double> y, std::span<co
   result.x_deviation = Sqrt(x_squares / (n - 1));
   result.slope = pearson.numerator / pearson.x_spread;
   result.intercept = result.y_mean - result.slope * result.x_mean;
-  const Number r = ToNumber(pearson.r);
+  const Number r = pearson.r;
   result.r_squared = r * r;
 
   const double a = result.intercept.value();
@@ -104,15 +104,16 @@ std::string CorrelationReport(const CaseSource& source, const Roles& roles, cons
                               const SimpleRegressionOptions& options) {
   const DataSet& data = source.data;
   const std::size_t x = roles.independent;
+  const std::string p = ShownP(results.pearson.r, results.pearson.p);
   std::string report = source.control.ControlCaption();
-  report += options.regression ? RegressionBlock(data, roles, results.regression, results.pearson.p)  //
+  report += options.regression ? RegressionBlock(data, roles, results.regression, p)  //
                                : "Pearson's Correlation\r\n";
   report += NameAndLabel(data, roles.main, ": ") + "\r\n";
   report += ScattergramText(results.drawing, data.VariableName(x), data.VariableLabel(x));
   report += "Number of cases: " + std::to_string(results.pearson.n) + "\r\n";
   report += "Missing: " + std::to_string(results.missing) + "\r\n";
-  report += "Pearson Correlation: " + results.pearson.r + "\r\n";
-  report += "p < (2-tailed signif.): " + results.pearson.p + "\r\n\r\n";
+  report += "Pearson Correlation: " + ShownR(results.pearson.r) + "\r\n";
+  report += "p < (2-tailed signif.): " + p + "\r\n\r\n";
   return report;
 }
 

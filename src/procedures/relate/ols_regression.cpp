@@ -39,7 +39,7 @@ void ComputeFit(const VariableSpread& y, LeastSquaresModel& model) {
   model.adjusted_r_square = (model.r_square - m / (n - 1)) * (n - 1) / (n - 1 - m);
   model.mean_square = model.SSR / m;
   model.f = model.mean_square / model.MSE;
-  Keep(model.f_p, Masked(FDistP(m, model.degrees_of_freedom, model.f), "0.000"));
+  model.f_p = Computed(RoundedBy(FDistP(m, model.degrees_of_freedom, model.f), "0.000"));
   model.standard_error = Sqrt(model.MSE);
 }
 
@@ -105,7 +105,8 @@ std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel&
             PadLeftBlank("F", 10) + PadLeftBlank("p < ", 10) + "\r\n";
   report += rule;
   report += PadLeftBlank("Regression", 12) + FormatCol(model.SSR, 18, 3) + count(model.m) +
-            FormatCol(model.mean_square, 18, 3) + FormatCol(model.f, 11, 3) + FormatCol(model.f_p, 10, 4) + "\r\n";
+            FormatCol(model.mean_square, 18, 3) + FormatCol(model.f, 11, 3) +
+            (model.f_p ? FormatCol(*model.f_p, 10, 4) : FormatCol("NA", 10, 4)) + "\r\n";
   report += PadLeftBlank("Residual", 12) + FormatCol(model.SSE, 18, 3) + count(model.degrees_of_freedom) +
             FormatCol(model.MSE, 18, 3) + "\r\n";
   report += PadLeftBlank("Total", 12) + FormatCol(model.SST, 18, 3) + count(model.n - 1) + "\r\n\r\n";
