@@ -32,6 +32,7 @@ void PrepareSession(Session& session) {
   ReadSettings(session.settings, session.settings_store, session.platform);
   TestDocumentationFiles(session);
   session.help_pane_visible = session.settings.help_pane_at_start();
+  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.UndoMegabytes) << 20);
   MakeEmptyDataSet(session.data);
   session.data.DataFilePath = session.settings.Op14;
 }
@@ -62,7 +63,10 @@ void StartSession(Session& session, const Path& command_line_file) {
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
-void StartBatchSession(Session& session) { PrepareSession(session); }
+void StartBatchSession(Session& session) {
+  PrepareSession(session);
+  session.data.history.SetLimit(0);  // nobody undoes a step of a script
+}
 
 void TestDocumentationFiles(Session& session) {
   const Path program = session.platform.ProgramFolder();

@@ -28,6 +28,8 @@ struct Settings {
   Path Op15;     // path of the glossary file
   int Op16 = 0;  // 0 loads the quick tips module at start
 
+  int UndoMegabytes = 256;  // what the steps that can be undone may hold
+
   bool sounds() const { return Op3 == 0; }
   bool help_pane_at_start() const { return Op4 == 1; }
   bool show_output() const { return Op10 == 0; }
@@ -65,6 +67,8 @@ struct SettingRow {
   std::string_view default_path = {};  // below the program folder
 };
 
+inline constexpr std::string_view kUndoSetting = "UndoMegabytes";
+inline constexpr int kMostUndoMegabytes = 1 << 20;
 inline constexpr std::string_view kRecentFilesSetting = "RecentFiles";
 inline constexpr std::string_view kWindowPlaceSetting = "WindowPlace";
 inline constexpr std::string_view kZoomSetting = "Zoom";

@@ -93,6 +93,18 @@ TEST_F(StartTest, ARelativePathOfTheCommandLineMeansTheFolderOfTheCall) {
   EXPECT_EQ(session.data.DataFileTitle, session.data.LoadedFile.string());
 }
 
+TEST_F(StartTest, TheMemoryForUndoIsThatOfTheSettings) {
+  ASSERT_TRUE(store.Write("UndoMegabytes", "3"));
+  StartSession(session, {});
+  EXPECT_EQ(session.data.history.limit(), std::size_t{3} << 20);
+  EXPECT_FALSE(session.data.history.CanUndo());
+}
+
+TEST_F(StartTest, TheBatchProgramKeepsNothingToUndo) {
+  StartBatchSession(session);
+  EXPECT_EQ(session.data.history.limit(), 0u);
+}
+
 TEST_F(StartTest, TheBatchProgramTouchesNoDocuments) {
   StartBatchSession(session);
   EXPECT_TRUE(platform.entered_folders.empty());

@@ -81,7 +81,8 @@ TEST_F(StoredSettings, LaterStartWritesNothing) {
 TEST_F(StoredSettings, AreReadInTheirOrderWithoutTheFrameSize) {
   Store("Op3", "0");
   Read();
-  EXPECT_EQ(store.reads, (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4"}));
+  EXPECT_EQ(store.reads,
+            (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4", "UndoMegabytes"}));
 }
 
 TEST_F(StoredSettings, StoredFlagsTurnOptionsOff) {
@@ -145,6 +146,16 @@ TEST_F(StoredSettings, UnknownToolbarStyleGivesTheDefault) {
     Store("Op6", text);
     Read();
     EXPECT_EQ(settings.Op6, 0) << text;
+  }
+}
+
+TEST_F(StoredSettings, TheMemoryForUndoIsSetInMegabytes) {
+  Read();
+  EXPECT_EQ(settings.UndoMegabytes, 256);
+  for (const auto& [text, megabytes] : std::vector<std::pair<const char*, int>>{{"0", 0}, {"12", 12}, {"-1", 12}}) {
+    Store("UndoMegabytes", text);
+    Read();
+    EXPECT_EQ(settings.UndoMegabytes, megabytes) << text;
   }
 }
 
