@@ -242,9 +242,10 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
                         .DataFileSize = facts->size,
                         .DataFileModified = ShortDateTime(facts->modified)};
   const LoadFit fit = ReadContents(data, platform, std::move(*bytes), selected_variables, contents);
+  const std::string note = FitNote(fit);
   if (!fit.Fits()) contents.MisfitFile = path;
   ApplyChange(data, ReplaceData(std::move(contents), "Open"));
-  if (!fit.Fits()) platform.ShowNote(FitNote(fit));
+  if (!note.empty()) platform.ShowNote(note);
   return LoadOutcome::kLoaded;
 }
 

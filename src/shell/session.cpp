@@ -32,7 +32,6 @@ void PrepareSession(Session& session) {
   ReadSettings(session.settings, session.settings_store, session.platform);
   TestDocumentationFiles(session);
   session.help_pane_visible = session.settings.help_pane_at_start();
-  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.UndoMegabytes) << 20);
   MakeEmptyDataSet(session.data);
   session.data.DataFilePath = session.settings.Op14;
 }
@@ -51,12 +50,20 @@ Path Absolute(const Path& path) {
   return error ? path : whole;
 }
 
+// The lists and the control of the panel go with their variables.
+void FollowPanel(Session& session) {
+  if (const auto lost = FollowData(session.panel, session.data)) {
+    session.platform.ShowNote("the control variable " + *lost + " was reset");
+  }
+}
+
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
   // A relative path means the folder that the program was called from.
   const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
+  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.undo_memory) << 20);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, kReady);
@@ -65,7 +72,7 @@ void StartSession(Session& session, const Path& command_line_file) {
 
 void StartBatchSession(Session& session) {
   PrepareSession(session);
-  session.data.history.SetLimit(0);  // nobody undoes a step of a script
+  session.data.history.SetLimit(0);  // a script has no way back
 }
 
 void TestDocumentationFiles(Session& session) {
@@ -80,8 +87,8 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
       LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
   if (outcome == LoadOutcome::kLoaded) {
-    const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
-    if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
+    FollowPanel(session);
+    ClearPanelLists(session.panel);
   }
   return outcome;
 }
@@ -97,6 +104,7 @@ SaveOutcome SaveDataTo(Session& session, const Path& path) {
 void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.panel);
+  FollowPanel(session);
 }
 
 void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
@@ -108,6 +116,7 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 RunOutcome RunPanel(Session& session) {
+  FollowPanel(session);
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
@@ -139,6 +148,7 @@ std::string_view HelpPage(View view) {
 }
 
 void RefreshStatus(Session& session) {
+  FollowPanel(session);
   Platform& platform = session.platform;
   switch (session.ActiveView) {
     case View::ViewBrevarum:

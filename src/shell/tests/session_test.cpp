@@ -94,19 +94,17 @@ TEST_F(StartTest, ARelativePathOfTheCommandLineMeansTheFolderOfTheCall) {
 }
 
 TEST_F(StartTest, TheMemoryForUndoIsThatOfTheSettings) {
-  ASSERT_TRUE(store.Write("UndoMegabytes", "3"));
   StartSession(session, {});
-  EXPECT_EQ(session.data.history.limit(), std::size_t{3} << 20);
-  EXPECT_FALSE(session.data.history.CanUndo());
-}
-
-TEST_F(StartTest, TheBatchProgramKeepsNothingToUndo) {
-  StartBatchSession(session);
-  EXPECT_EQ(session.data.history.limit(), 0u);
+  EXPECT_EQ(session.data.history.limit(), std::size_t{256} << 20);
+  store.Write("UndoMemory", "5");
+  Session second(platform, store);
+  StartSession(second, {});
+  EXPECT_EQ(second.data.history.limit(), std::size_t{5} << 20);
 }
 
 TEST_F(StartTest, TheBatchProgramTouchesNoDocuments) {
   StartBatchSession(session);
+  EXPECT_EQ(session.data.history.limit(), 0u);
   EXPECT_TRUE(platform.entered_folders.empty());
   EXPECT_TRUE(std::filesystem::is_empty(platform.documents_folder));
   EXPECT_EQ(session.data.RecordCount, 1000u);

@@ -82,7 +82,7 @@ TEST_F(StoredSettings, AreReadInTheirOrderWithoutTheFrameSize) {
   Store("Op3", "0");
   Read();
   EXPECT_EQ(store.reads,
-            (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4", "UndoMegabytes"}));
+            (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4", "UndoMemory"}));
 }
 
 TEST_F(StoredSettings, StoredFlagsTurnOptionsOff) {
@@ -149,14 +149,17 @@ TEST_F(StoredSettings, UnknownToolbarStyleGivesTheDefault) {
   }
 }
 
-TEST_F(StoredSettings, TheMemoryForUndoIsSetInMegabytes) {
-  Read();
-  EXPECT_EQ(settings.UndoMegabytes, 256);
-  for (const auto& [text, megabytes] : std::vector<std::pair<const char*, int>>{{"0", 0}, {"12", 12}, {"-1", 12}}) {
-    Store("UndoMegabytes", text);
-    Read();
-    EXPECT_EQ(settings.UndoMegabytes, megabytes) << text;
+TEST_F(StoredSettings, MemoryForUndoIsANumberOfMegabytes) {
+  Store("Op3", "0");
+  for (const char* text : {"", "-1", "65537", "much"}) {
+    Store("UndoMemory", text);
+    Settings read;
+    ReadSettings(read, store, platform);
+    EXPECT_EQ(read.undo_memory, 256) << text;
   }
+  Store("UndoMemory", "0");
+  Read();
+  EXPECT_EQ(settings.undo_memory, 0);
 }
 
 TEST_F(StoredSettings, WrittenValueIsReadAgain) {
