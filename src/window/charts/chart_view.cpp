@@ -70,6 +70,7 @@ void ChartView::Draw() {
 
 void ChartView::changeEvent(QEvent* event) {
   QChartView::changeEvent(event);
+  if (event->type() == QEvent::FontChange) SetLow(low_);
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange) Draw();
 }
 
