@@ -21,7 +21,6 @@ void BenchData::Run(Procedure procedure, std::vector<std::size_t> columns, std::
   panel.selected = procedure;
   panel.SelectedVariables = std::move(columns);
   panel.IndependentVariables = std::move(independents);
-  data.SelectedVariableCount = panel.SelectedVariables.size();
   tessara::Run(data, panel, output, charts, platform);
   output = {};
 }

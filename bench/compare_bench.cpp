@@ -23,23 +23,22 @@ void Time(benchmark::State& state, BenchData& bench, Procedure procedure, const 
 
 void Crosstab5By6(benchmark::State& state) {
   BenchData bench;
-  bench.panel.checks.Check1 = bench.panel.checks.Check2 = true;
-  bench.panel.checks.Check11 = bench.panel.checks.Check12 = true;
+  bench.panel.options.crosstabulation = {
+      .association = true, .chi_square_tests = true, .agreement = true, .risk = true};
   Time(state, bench, Procedure::kCrosstabulation, {kCodedColumn}, {kRegionColumn});
 }
 BENCHMARK(Crosstab5By6)->Unit(benchmark::kMillisecond);
 
 void TTest(benchmark::State& state) {
   BenchData bench;
-  bench.panel.Text5 = "1";
-  bench.panel.Text6 = "2";
+  bench.panel.options.t_test = {"1", "2"};
   Time(state, bench, Procedure::kTTest, {kX1}, {kSexColumn});
 }
 BENCHMARK(TTest)->Unit(benchmark::kMillisecond);
 
 void AnovaOver5Groups(benchmark::State& state) {
   BenchData bench;
-  bench.panel.checks.Check1 = bench.panel.checks.Check2 = true;
+  bench.panel.options.anova = {.summary = true, .post_hoc = true};
   Time(state, bench, Procedure::kAnova, {kX1}, {kCodedColumn});
 }
 BENCHMARK(AnovaOver5Groups)->Unit(benchmark::kMillisecond);
@@ -53,7 +52,7 @@ BENCHMARK(Correlation)->Unit(benchmark::kMillisecond);
 // A group for every case.
 void AnovaOverAMillionGroups(benchmark::State& state) {
   BenchData bench;
-  bench.panel.checks.Check1 = bench.panel.checks.Check2 = true;
+  bench.panel.options.anova = {.summary = true, .post_hoc = true};
   for (auto _ : state) bench.Run(Procedure::kAnova, {kX1}, {kIdColumn});
 }
 BENCHMARK(AnovaOverAMillionGroups)->Unit(benchmark::kMillisecond)->Iterations(2);
@@ -67,7 +66,7 @@ BENCHMARK(CorrelationOfUnrelatedVariables)->Unit(benchmark::kMillisecond);
 
 void CorrelationMatrix6By6(benchmark::State& state) {
   BenchData bench;
-  bench.panel.checks.Check2 = true;
+  bench.panel.options.correlation.create_matrix = true;
   Time(state, bench, Procedure::kCorrelation, {kX1, kX2, kX3, kX4, kX5, kX6}, {});
 }
 BENCHMARK(CorrelationMatrix6By6)->Unit(benchmark::kMillisecond);

@@ -15,7 +15,7 @@ BENCHMARK(Frequencies)->Unit(benchmark::kMillisecond);
 
 void FrequenciesWithControl(benchmark::State& state) {
   BenchData bench;
-  bench.data.RoleVariable[kControlRole] = kSexColumn;
+  bench.panel.control_variable.column = kSexColumn;
   bench.panel.control = {ControlRelation::kEqualTo, "1"};
   for (auto _ : state) bench.Run(Procedure::kFrequencies, kCodedColumn);
 }
@@ -40,7 +40,7 @@ BENCHMARK(DescriptivesAgain)->Unit(benchmark::kMillisecond);
 
 void DescriptivesWithControl(benchmark::State& state) {
   BenchData bench;
-  bench.data.RoleVariable[kControlRole] = kAgeColumn;
+  bench.panel.control_variable.column = kAgeColumn;
   bench.panel.control = {ControlRelation::kGreaterThan, "40"};
   bench.Run(Procedure::kDescriptives, kNumberColumn);
   for (auto _ : state) bench.Run(Procedure::kDescriptives, kNumberColumn);
@@ -49,7 +49,7 @@ BENCHMARK(DescriptivesWithControl)->Unit(benchmark::kMillisecond);
 
 void ZScores(benchmark::State& state) {
   BenchData bench;
-  bench.panel.checks.Check2 = true;
+  bench.panel.options.descriptives.save_z_scores = true;
   for (auto _ : state) bench.Run(Procedure::kDescriptives, kNumberColumn);
 }
 BENCHMARK(ZScores)->Unit(benchmark::kMillisecond)->Iterations(5);

@@ -28,6 +28,19 @@ else()
     target_compile_options(tessara_options INTERFACE -Wno-restrict)
   endif()
 endif()
+if(UNIX AND NOT APPLE)
+  # What is shipped: guarded stacks, checked calls of the C library, an address of its own at each start, and tables of
+  # the linker that nobody can write.
+  set(shipped $<CONFIG:Release>)
+  set(in_program $<NOT:$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>>)
+  target_compile_options(
+    tessara_options
+    INTERFACE $<${shipped}:-fstack-protector-strong> $<${shipped}:-U_FORTIFY_SOURCE> $<${shipped}:-D_FORTIFY_SOURCE=2>
+              $<$<AND:${shipped},${in_program}>:-fPIE>)
+  target_link_options(
+    tessara_options INTERFACE $<${shipped}:-Wl,-z,relro> $<${shipped}:-Wl,-z,now>
+    $<$<AND:${shipped},$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>>:-pie>)
+endif()
 if(TESSARA_SANITIZE AND NOT MSVC)
   target_compile_options(tessara_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                                                    -fno-omit-frame-pointer)

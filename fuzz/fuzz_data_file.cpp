@@ -76,14 +76,14 @@ void CheckLoadAndSave(const std::string& text) {
   if (data.CellCount() > 100000) return;  // a sparse shape: saving it takes long and tells nothing new
 
   Require(SaveDataFileTo(data, platform, FuzzFile()) == SaveOutcome::kSaved);
-  TrimToUsedRange(data);
+  const UsedRange used = TrimToUsedRange(data);
   DataSet again;
   MakeEmptyDataSet(again);
   LoadDataFile(again, platform, FuzzFile(), FilePick::kCommandLine);
-  if (data.VariableCount == 0) return;  // sixteen empty lines, whose banner tells no counts
-  Require(again.RecordCount == data.RecordCount && again.VariableCount == data.VariableCount);
-  for (std::size_t row = 1; row < data.RecordCount + kFirstRecordRow; ++row) {
-    for (std::size_t column = 1; column <= data.VariableCount; ++column) {
+  if (used.variables == 0) return;  // sixteen empty lines, whose banner tells no counts
+  Require(again.RecordCount == used.records && again.VariableCount == used.variables);
+  for (std::size_t row = 1; row < used.records + kFirstRecordRow; ++row) {
+    for (std::size_t column = 1; column <= used.variables; ++column) {
       const std::string_view cell = data.matrix.Cell(row, column).text();
       Require(again.matrix.Cell(row, column).text() == cell);
     }

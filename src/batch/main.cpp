@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "batch/batch.h"
+#include "platform/temporary_files.h"
 
 #if !defined(_WIN32)
 #include <fcntl.h>
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away ends the printing, not the program
 #endif
   HoldClosedStreams();
+  tessara::RemoveTemporariesOnSignals();
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return tessara::RunBatch(arguments, {stdin, stdout, stderr});
 }

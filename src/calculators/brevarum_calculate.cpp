@@ -159,9 +159,9 @@ Calculation Calculate(BrevarumPanel& panel, OutputLog& output, Platform& platfor
   Keep(panel.Label43, result.results_title);
   Keep(panel.T5, result.short_report);
   if (result.report) {
-    output.ReportText = *result.report + "\r\n";
-    ShowBrevarumResult(panel, panel.CurrentPanel, output);
-    ReplaceReport(output);
+    const std::string report = *result.report + "\r\n";
+    ShowBrevarumResult(panel, panel.CurrentPanel, report);
+    ReplaceReport(output, report);
   }
   StoreSharedBoxes(panel);
   return result;

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <vector>
 
+#include "calculators/counts_walk.h"
 #include "calculators/empty_results.h"
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
@@ -142,9 +143,9 @@ void StoreSharedBoxes(BrevarumPanel& panel) {
   }
 }
 
-void ShowBrevarumResult(BrevarumPanel& panel, int number, const OutputLog& output) {
+void ShowBrevarumResult(BrevarumPanel& panel, int number, std::string_view report) {
   const auto row = static_cast<std::size_t>(number);
-  panel.BrevarumResults[row] = "\r\n" + output.ReportText + "\r\n";
+  panel.BrevarumResults[row] = std::string("\r\n").append(report).append("\r\n");
   panel.BrevarumPanelText[row] = TaggedValue(panel.T5);
 }
 
@@ -200,8 +201,9 @@ std::string_view BoxKeyReleased(BrevarumPanel& panel, Platform& platform, std::s
   if (found == order.end()) return {};
   if (key == kKeyEnter) {
     SetBox(panel, box, WithoutLineEnds(panel.Box(box)));
+    if (panel.CurrentPanel == kCountsPanel) return BoxBehindInCounts(panel, box);
     const auto next = std::next(found);
-    return next == order.end() ? order.front().name : next->name;
+    return next == order.end() ? kCalculateNext : next->name;
   }
   const bool tested =
       found->kind == BrevarumBoxKind::kNumber && key != kKeyMinus && key != kKeyPoint && key != kKeyBackspace;

@@ -136,8 +136,8 @@ bool SetBox(BrevarumPanel& panel, std::string_view name, std::string_view text);
 Calculation Calculate(BrevarumPanel& panel, OutputLog& output, Platform& platform);
 // The shared frame's boxes into the memory of the panel in force; a panel with boxes of its own needs none.
 void StoreSharedBoxes(BrevarumPanel& panel);
-// The common ending of a calculation: the panel remembers the report that the log has just got, and T5.
-void ShowBrevarumResult(BrevarumPanel& panel, int number, const OutputLog& output);
+// The common ending of a calculation: the panel remembers the report that the log gets, and T5.
+void ShowBrevarumResult(BrevarumPanel& panel, int number, std::string_view report);
 
 // Empties the panel in force: its boxes, its results and what it remembers. T5 shows the same report with zeros.
 void ClearPanel(BrevarumPanel& panel);
@@ -156,8 +156,9 @@ inline constexpr int kKeyMinus = 45;
 inline constexpr int kKeyPoint = 46;
 
 // A key has been released in a box of the panel in force. Enter cleans the box of line ends; any other key has a box of
-// numbers tested at once, but for those that may stand where no number is yet. Yields the name of the box to go to:
-// behind the last one the first; nothing to stay.
+// numbers tested at once, but for those that may stand where no number is yet. Yields the name of the box to go to,
+// kCalculateNext behind the last one; nothing to stay.
+inline constexpr std::string_view kCalculateNext = "Calculate";
 std::string_view BoxKeyReleased(BrevarumPanel& panel, Platform& platform, std::string_view box, int key);
 
 }  // namespace tessara

@@ -1,6 +1,30 @@
 #include "data/cell_key.h"
 
+#include <bit>
+
+#include "platform/files.h"
+
 namespace tessara {
+
+CellSeed CellSeed::OfProcess() {
+  static const CellSeed seed{SystemEntropy(), SystemEntropy() | 1U};
+  return seed;
+}
+
+std::size_t CellSeed::operator()(std::string_view text) const {
+  std::uint64_t sum = text.size();
+  for (; text.size() > kShortText; text.remove_prefix(kShortText)) {
+    sum = Spread(sum ^ ShortTextKey(text.substr(0, kShortText)));
+    sum ^= sum >> 32;
+  }
+  sum = Spread(sum ^ ShortTextKey(text));
+  return sum ^ sum >> 32;
+}
+
+std::size_t CellSeed::operator()(double number) const {
+  const std::uint64_t sum = Spread(number == 0 ? 0 : std::bit_cast<std::uint64_t>(number));  // zero of either sign
+  return sum ^ sum >> 32;
+}
 
 std::size_t CellDictionary::AddShort(const TaggedView& cell, std::size_t at) {
   const std::size_t id = cells_.size();
@@ -13,7 +37,7 @@ std::size_t CellDictionary::AddShort(const TaggedView& cell, std::size_t at) {
     shift_ -= 2;
     for (const Slot& slot : old) {
       if (slot.id_and_one == 0) continue;
-      std::size_t place = SpreadKey(slot.key, slot.length) >> shift_;
+      std::size_t place = seed_.Spread(slot.key, slot.length) >> shift_;
       while (slots_[place].id_and_one != 0) place = (place + 1) & (slots_.size() - 1);
       slots_[place] = slot;
     }

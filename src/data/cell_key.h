@@ -35,9 +35,31 @@ inline std::uint64_t ShortTextKey(std::string_view text) {
   return byte(0) | byte(length / 2) << 8 | byte(length - 1) << 16;
 }
 
+// Where a text of such a key is remembered or looked up first: the upper bits of the number.
 inline std::uint64_t SpreadKey(std::uint64_t key, std::size_t length) {
   return (key ^ length * 0x9E3779B97F4A7C15U) * 0xD6E8FEB86659FD93U;
 }
+
+// A secret of the process, so that nobody can make a file of cells that all fall into one place. Multiplying by an odd
+// number that is drawn at random is universal hashing (Dietzfelbinger and others, 1997): any two keys meet no more
+// often than by chance.
+struct CellSeed {
+  std::uint64_t start = 0;
+  std::uint64_t factor = 1;  // odd
+
+  static CellSeed OfProcess();
+
+  std::uint64_t Spread(std::uint64_t key) const {
+    const std::uint64_t mixed = (key ^ start) * 0xD6E8FEB86659FD93U;
+    return (mixed ^ mixed >> 32) * factor;
+  }
+  std::uint64_t Spread(std::uint64_t key, std::size_t length) const {
+    return Spread(key ^ length * 0x9E3779B97F4A7C15U);
+  }
+
+  std::size_t operator()(std::string_view text) const;
+  std::size_t operator()(double number) const;
+};
 
 // A decision about a cell, remembered for the short texts met last.
 template <typename T>
@@ -70,6 +92,10 @@ class CellMemo {
 // look are two different cells. Refers to the texts, so the matrix must not change while it lives.
 class CellDictionary {
  public:
+  // What it yields does not depend on the seed.
+  explicit CellDictionary(const CellSeed& seed = CellSeed::OfProcess())
+      : seed_(seed), long_texts_(0, seed), numbers_(0, seed) {}
+
   std::size_t Find(const TaggedView& cell) {
     if (cell.is_text() && cell.text().size() <= kShortText) return FindShort(cell);
     return FindOther(cell);
@@ -88,7 +114,7 @@ class CellDictionary {
   std::size_t FindShort(const TaggedView& cell) {
     const auto length = static_cast<std::uint32_t>(cell.text().size());
     const std::uint64_t key = ShortTextKey(cell.text());
-    for (std::size_t at = SpreadKey(key, length) >> shift_;; at = (at + 1) & (slots_.size() - 1)) {
+    for (std::size_t at = seed_.Spread(key, length) >> shift_;; at = (at + 1) & (slots_.size() - 1)) {
       Slot& slot = slots_[at];
       if (slot.id_and_one == 0) return AddShort(cell, at);
       if (slot.key == key && slot.length == length) return slot.id_and_one - 1;
@@ -98,12 +124,13 @@ class CellDictionary {
   std::size_t AddShort(const TaggedView& cell, std::size_t at);
   std::size_t FindOther(const TaggedView& cell);
 
+  CellSeed seed_;
   std::vector<TaggedView> cells_;
   std::vector<Slot> slots_ = std::vector<Slot>(256);
   int shift_ = 64 - 8;
   std::size_t short_texts_ = 0;
-  std::unordered_map<std::string_view, std::size_t> long_texts_;
-  std::unordered_map<double, std::size_t> numbers_;
+  std::unordered_map<std::string_view, std::size_t, CellSeed> long_texts_;
+  std::unordered_map<double, std::size_t, CellSeed> numbers_;
   std::size_t empty_and_one_ = 0;
 };
 

@@ -1,10 +1,11 @@
 #include "data/data_file.h"
 
 #include <algorithm>
-#include <new>
 #include <optional>
 #include <utility>
 
+#include "data/change_door.h"
+#include "data/load_fit.h"
 #include "data/progress.h"
 #include "data/used_range.h"
 #include "numerics/code_page.h"
@@ -48,71 +49,65 @@ std::optional<std::size_t> ParseCount(std::string_view text) {
 }
 
 // Record count: the text up to the first blank. Variable count: between the first and the second one.
-void ParseBanner(std::string_view banner, std::size_t& record_count, std::size_t& variable_count) {
+Banner ParseBanner(std::string_view banner, std::size_t& record_count, std::size_t& variable_count) {
   const std::size_t first_blank = banner.find(' ');
-  if (first_blank == std::string_view::npos) return;
+  if (first_blank == std::string_view::npos) return Banner::kNoBanner;
   std::size_t records = record_count;
   std::size_t variables = variable_count;
-  Keep(records, ParseCount(banner.substr(0, first_blank)));
+  const auto announced_records = ParseCount(banner.substr(0, first_blank));
+  std::optional<std::size_t> announced_variables;
+  Keep(records, announced_records);
   const std::size_t second_blank = banner.find(' ', first_blank + 1);
   if (second_blank != std::string_view::npos) {
-    Keep(variables, ParseCount(banner.substr(first_blank + 1, second_blank - first_blank - 1)));
+    announced_variables = ParseCount(banner.substr(first_blank + 1, second_blank - first_blank - 1));
+    Keep(variables, announced_variables);
   }
-  if (!ShapeCanBeHeld(records, variables)) return;  // sizing the matrix would fail: both counts stay as they were
+  if (!ShapeCanBeHeld(records, variables)) return Banner::kTooLarge;  // both counts stay as they were
   record_count = records;
   variable_count = variables;
+  return announced_records && announced_variables ? Banner::kRead : Banner::kNoBanner;
 }
 
-// The matrix of a file. An index that the memory cannot hold leaves all cells empty.
-DataMatrix SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Progress& progress) {
+LoadedText SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Progress& progress) {
   std::size_t split = 0;
-  try {
-    LoadedText text(std::move(bytes), rows, columns, [&](std::size_t lines) {
-      progress.ProgressStep(static_cast<double>(lines - split));
-      split = lines;
-    });
-    return DataMatrix(rows, columns, std::move(text));
-  } catch (const std::bad_alloc&) {
-    return DataMatrix(rows, columns);
-  }
+  return LoadedText(std::move(bytes), rows, columns, [&](std::size_t lines) {
+    progress.ProgressStep(static_cast<double>(lines - split));
+    split = lines;
+  });
 }
 
-// From the banner on.
-void LoadBytes(DataSet& data, Platform& platform, FileBytes bytes) {
+// From the banner on. Yields how the file fits its banner; a count that the banner lacks stays as the data have it.
+LoadFit ReadContents(const DataSet& data, Platform& platform, FileBytes bytes, std::size_t selected_variables,
+                     DataContents& contents) {
   const WaitCursor wait(platform);
-  data.DataBanner = std::string(FirstLine(bytes.text()));
-  data.ProjectNotes.clear();
-  data.matrix = DataMatrix();  // the old data go first, so that the two never stand in memory together
-  ParseBanner(data.DataBanner, data.RecordCount, data.VariableCount);
+  contents.DataBanner = std::string(FirstLine(bytes.text()));
+  contents.RecordCount = data.RecordCount;
+  contents.VariableCount = data.VariableCount;
+  const Banner banner = ParseBanner(contents.DataBanner, contents.RecordCount, contents.VariableCount);
 
   Progress progress(platform);
-  const std::size_t rows = data.RecordCount + kFirstRecordRow;
-  const double shown =
-      data.WithinEditLimit() ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
-  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", data.SelectedVariableCount);
+  const std::size_t rows = contents.RecordCount + kFirstRecordRow;
+  const bool within_limit = CellsOf(contents.RecordCount, contents.VariableCount) <= kEditLimit;
+  const double shown = within_limit ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
+  progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", selected_variables);
   progress.ProgressStep(shown);
-  data.matrix = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
-
-  RebuildVariableLists(data);
-  data.CurrentRow = 1;
-  data.CurrentColumn = 1;
-  data.ProjectNotes = NotesFromField(TextOf(data.matrix.Cell(kNotesRow, 2)));
-  data.DataDirty = false;
-  data.GridTitle = data.DataFileTitle;
-  ++data.Revision;
-}
-
-void TakeFacts(DataSet& data, const FileFacts& facts) {
-  data.DataFileSize = facts.size;
-  data.DataFileModified = ShortDateTime(facts.modified);
+  LoadedText text = SplitLines(std::move(bytes), rows, contents.VariableCount, progress);
+  const LoadFit fit = FitOf(text, banner, contents.RecordCount, contents.VariableCount);
+  contents.matrix = DataMatrix(rows, contents.VariableCount, std::move(text));
+  contents.ProjectNotes = NotesFromField(TextOf(contents.matrix.Cell(kNotesRow, 2)));
+  contents.GridTitle = contents.DataFileTitle;
+  return fit;
 }
 
 // Joins rows of the matrix as the file has them. The columns that still stand as they were loaded are copied in one
 // stretch.
 class LineWriter {
  public:
-  LineWriter(const DataSet& data, SafeFileWriter& file)
-      : data_(data), file_(file), loaded_columns_(std::min(data.matrix.LoadedColumns(), data.VariableCount)) {}
+  LineWriter(const DataSet& data, std::size_t variables, SafeFileWriter& file)
+      : data_(data),
+        file_(file),
+        variables_(variables),
+        loaded_columns_(std::min(data.matrix.LoadedColumns(), variables)) {}
 
   void Write(std::size_t row) {
     line_.clear();
@@ -123,7 +118,7 @@ class LineWriter {
         column = loaded_columns_ + 1;
       }
     }
-    for (; column <= data_.VariableCount; ++column) {
+    for (; column <= variables_; ++column) {
       if (column > 1) line_.push_back(kFieldSeparator);
       line_.append(TextOf(data_.matrix.Cell(row, column), buffer_));
     }
@@ -134,34 +129,47 @@ class LineWriter {
  private:
   const DataSet& data_;
   SafeFileWriter& file_;
+  const std::size_t variables_;
   const std::size_t loaded_columns_;
   std::string line_;
   NumberBuffer buffer_{};
 };
 
-WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path) {
+bool IsSameFile(const Path& one, const Path& other) {
+  std::error_code none;
+  return !one.empty() && std::filesystem::equivalent(one, other, none);
+}
+
+WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   SafeFileWriter file(path);
   if (file.result() != WriteResult::kWritten) return file.result();
-  const UsedRange used(data);
-  const std::string banner =
-      std::to_string(data.RecordCount) + " " + std::to_string(data.VariableCount) + " Tessara data";
-  data.matrix.SetText(0, 1, banner);
-  data.matrix.SetText(kNotesRow, 2, NotesToField(data.ProjectNotes));
+  // What did not fit is not in the data: the file is kept before the save replaces it.
+  const bool over_misfit = IsSameFile(data.MisfitFile, path);
+  if (over_misfit && !KeepAsFound(path)) return WriteResult::kRefused;
+  const UsedRange used = TrimToUsedRange(data);
+  const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
+  StoreFirstRow(data, banner, NotesToField(data.ProjectNotes));
 
   Progress progress(platform);
-  const std::size_t rows = data.RecordCount + kFirstRecordRow;
-  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", data.SelectedVariableCount);
+  const std::size_t rows = used.records + kFirstRecordRow;
+  progress.ProgressOpen(0, static_cast<double>(rows), "Saving data file...", selected_variables);
   const WaitCursor wait(platform);
-  LineWriter lines(data, file);
+  LineWriter lines(data, used.variables, file);
   for (std::size_t row = 0; row < rows; ++row) {
     progress.ProgressStep();
     lines.Write(row);
   }
-  return file.Commit();
+  const WriteResult result = file.Commit();
+  if (result == WriteResult::kWritten) {
+    if (over_misfit) data.MisfitFile.clear();
+    NoteWhatWasNotKept(file, platform);
+  }
+  return result;
 }
 
-WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path) {
-  const WriteResult result = WriteDataFile(data, platform, path);
+WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  const WriteResult result = WriteDataFile(data, platform, path, selected_variables);
+  if (result == WriteResult::kWritten) MarkSaved(data);
   data.DataDirty = false;  // also when it has failed
   return result;
 }
@@ -214,25 +222,38 @@ std::string NotesToField(std::string_view notes) {
 }
 std::string NotesFromField(std::string_view field) { return Replaced(field, kNotesLineEnd, kLineEnd); }
 
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick) {
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick,
+                         std::size_t selected_variables) {
   const auto facts = FactsOfFile(path);
   auto bytes = facts ? ReadWholeFile(path) : std::nullopt;
   if (!bytes) return LoadOutcome::kUnreadable;
   const bool picked = pick == FilePick::kPicked;
-  if (picked) data.DataFilePath = path;
-  TakeFacts(data, *facts);
-  if (picked && facts->size == 0) return LoadOutcome::kEmptyFile;
-  data.DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path));
-  data.LoadedFile = path;
-  LoadBytes(data, platform, std::move(*bytes));
+  if (picked && facts->size == 0) {
+    data.DataFilePath = path;
+    data.DataFileSize = facts->size;
+    data.DataFileModified = ShortDateTime(facts->modified);
+    return LoadOutcome::kEmptyFile;
+  }
+  // The data that stand in memory go when the new ones are whole.
+  DataContents contents{.matrix = {},
+                        .DataFilePath = picked ? path : data.DataFilePath,
+                        .LoadedFile = path,
+                        .DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path)),
+                        .DataFileSize = facts->size,
+                        .DataFileModified = ShortDateTime(facts->modified)};
+  const LoadFit fit = ReadContents(data, platform, std::move(*bytes), selected_variables, contents);
+  const std::string note = FitNote(fit);
+  if (!fit.Fits()) contents.MisfitFile = path;
+  ApplyChange(data, ReplaceData(std::move(contents), "Open"));
+  if (!note.empty()) platform.ShowNote(note);
   return LoadOutcome::kLoaded;
 }
 
-SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
   // At the start the path is the folder of data files, also behind a file of the command line.
   const bool has_name = !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !IsFolder(data.DataFilePath);
   if (!has_name) return SaveOutcome::kNoName;
-  switch (WriteAndSettle(data, platform, data.DataFilePath)) {
+  switch (WriteAndSettle(data, platform, data.DataFilePath, selected_variables)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
     case WriteResult::kPathNotFound:
@@ -246,8 +267,8 @@ SaveOutcome SaveDataFile(DataSet& data, Platform& platform) {
   return SaveOutcome::kFailed;
 }
 
-SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path) {
-  if (WriteAndSettle(data, platform, path) != WriteResult::kWritten) {
+SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
+  if (WriteAndSettle(data, platform, path, selected_variables) != WriteResult::kWritten) {
     ShowSaveError(
         platform,
         "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "
@@ -259,16 +280,7 @@ SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path) 
   return SaveOutcome::kSaved;
 }
 
-void NewDataFile(DataSet& data) {
-  MakeEmptyDataSet(data);
-  data.DataFilePath.clear();
-  data.LoadedFile.clear();
-  data.DataFileSize.reset();
-  data.DataFileModified.clear();
-  data.ProjectNotes.clear();
-  data.GridTitle = kUntitledGrid;
-  data.DataDirty = false;
-}
+void NewDataFile(DataSet& data) { ApplyChange(data, ReplaceData(EmptyContents(), "New")); }
 
 void RepairSampleFiles(Platform& platform) {
   const Answer answer =

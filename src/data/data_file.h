@@ -22,8 +22,11 @@ enum class FilePick {
 };
 
 // There is no validation at all: missing fields and lines are empty, surplus ones are dropped, a banner without two
-// numbers leaves the counts at their earlier values, and no message is shown.
-LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick);
+// numbers leaves the counts at their earlier values, and no message is shown; a note says what did not fit. When the
+// memory does not suffice std::bad_alloc comes out. `selected_variables`, here and below, are the analysis variables
+// chosen in the panel: the progress display asks.
+LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick,
+                         std::size_t selected_variables = 0);
 
 enum class SaveOutcome {
   kSaved,
@@ -33,10 +36,11 @@ enum class SaveOutcome {
 };
 
 // Saves to DataFilePath, unless there is none, it is a folder, or the grid still has no title of its own. The trailing
-// blank records and variables are not written. DataDirty is cleared also by a save that fails.
-SaveOutcome SaveDataFile(DataSet& data, Platform& platform);
+// blank records and variables are not written. DataDirty is cleared also by a save that fails. The first save over a
+// file that did not fit its first line keeps it beside the new one.
+SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables = 0);
 // Saves to another path, which becomes DataFilePath and gives the grid its title: kSaved or kFailed.
-SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path);
+SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables = 0);
 
 // Replaces the data by the empty data set. The panel is reset by the caller.
 void NewDataFile(DataSet& data);

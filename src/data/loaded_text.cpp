@@ -24,6 +24,12 @@ std::optional<std::string_view> ScanField(std::string_view line, std::size_t col
   return line.substr(0, line.find(kFieldSeparator));
 }
 
+std::size_t CountLines(std::string_view text) {
+  const std::size_t last = text.find_last_not_of("\r\n");
+  if (last == std::string_view::npos) return 0;
+  return static_cast<std::size_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(last), '\n')) + 1;
+}
+
 }  // namespace
 
 // Lays the index down in one pass. The ends of a chunk's fields are collected line by line and turned into columns when
@@ -58,6 +64,7 @@ class LoadedText::Splitter {
     // A last line without a line end; a CR at its end has no LF behind it and stays.
     if (target_.row_count_ < row_limit_ && line_start_ < text + size) EndLine(text + size, text + size);
     FinishChunk();
+    target_.dropped_lines_ = CountLines({line_start_, static_cast<std::size_t>(text + size - line_start_)});
   }
 
  private:
@@ -72,11 +79,15 @@ class LoadedText::Splitter {
 
   void StartLine() {
     line_fields_ = 0;
+    is_long_ = false;
     starts_.push_back(line_start_);
   }
 
   void EndField(const char* end) {
-    if (line_fields_ == target_.column_limit_) return;
+    if (line_fields_ == target_.column_limit_) {
+      is_long_ = true;
+      return;
+    }
     ++line_fields_;
     ends_.push_back(static_cast<std::uint32_t>(end - base_));  // runs over in a chunk that is too long for 32 bits
   }
@@ -85,6 +96,7 @@ class LoadedText::Splitter {
     EndField(end);
     counts_.push_back(static_cast<std::uint32_t>(line_fields_));
     fields_ = std::max(fields_, line_fields_);
+    target_.long_lines_ += is_long_ ? 1U : 0U;
     last_line_end_ = end;
     line_start_ = next;
     ++target_.row_count_;
@@ -150,6 +162,7 @@ class LoadedText::Splitter {
   const char* base_ = nullptr;
   const char* last_line_end_ = nullptr;
   std::size_t line_fields_ = 0;
+  bool is_long_ = false;  // the line at work has more fields than the limit
   std::size_t fields_ = 0;
   std::vector<std::uint32_t> ends_;
   std::vector<std::uint32_t> counts_;  // fields of each finished line of the chunk
@@ -165,6 +178,17 @@ LoadedText::LoadedText(FileBytes bytes, std::size_t row_limit, std::size_t colum
   }
   line_bits_ = static_cast<std::size_t>(std::countr_zero(lines));
   if (bytes_.size() > 0 && row_limit > 0) Splitter(*this, row_limit, progress).Run();
+}
+
+std::size_t LoadedText::Bytes() const {
+  std::size_t bytes = bytes_.size();
+  for (const Chunk& chunk : chunks_) bytes += sizeof chunk + chunk.IndexBytes();
+  return bytes;
+}
+
+std::size_t LoadedText::Chunk::IndexBytes() const {
+  return (ends ? (fields + 1) * stride : line_ends.capacity()) * sizeof(std::uint32_t) +
+         lines.capacity() * sizeof(Line);
 }
 
 std::optional<std::string_view> LoadedText::Field(std::size_t row, std::size_t column) const {

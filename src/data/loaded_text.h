@@ -30,8 +30,16 @@ class LoadedText {
   // Indexes the first row_limit lines and of each the first column_limit fields.
   LoadedText(FileBytes bytes, std::size_t row_limit, std::size_t column_limit, const Progress& progress = {});
 
+  // Bytes of memory that the text and its index take.
+  std::size_t Bytes() const;
+
   // Lines that are there, at most row_limit.
   std::size_t row_count() const { return row_count_; }
+
+  // Lines with more fields than column_limit, and lines of the text behind row_limit; line ends alone at the end of the
+  // text do not count.
+  std::size_t long_lines() const { return long_lines_; }
+  std::size_t dropped_lines() const { return dropped_lines_; }
 
   // Field `column`, from 1, of line `row`, from 0; nothing when the line has fewer fields.
   std::optional<std::string_view> Field(std::size_t row, std::size_t column) const;
@@ -65,6 +73,7 @@ class LoadedText {
     std::vector<Line> lines;
     std::vector<std::uint32_t> line_ends;
 
+    std::size_t IndexBytes() const;
     std::optional<std::string_view> FieldOfLine(const Line& line, std::size_t column) const;
   };
 
@@ -73,6 +82,8 @@ class LoadedText {
   FileBytes bytes_;
   std::size_t row_count_ = 0;
   std::size_t column_limit_ = 0;
+  std::size_t long_lines_ = 0;
+  std::size_t dropped_lines_ = 0;
   std::size_t line_bits_ = 0;  // a chunk has 2 to this power lines
   std::vector<Chunk> chunks_;
 };

@@ -56,4 +56,8 @@ MissingValues UnpackMissingSpec(std::string_view missing_spec) {
   return missing;
 }
 
+MissingValues LoadMissingSet(const DataMatrix& matrix, std::size_t column) {
+  return UnpackMissingSpec(TextOf(matrix.Cell(kMissingSpecRow, column)));
+}
+
 }  // namespace tessara

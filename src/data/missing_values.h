@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
+#include "data/data_matrix.h"
 #include "numerics/checked.h"
 #include "numerics/tagged_value.h"
 
@@ -30,5 +32,8 @@ struct MissingValues {
 };
 
 MissingValues UnpackMissingSpec(std::string_view missing_spec);
+
+// The missing values of a variable; none of a column that the matrix does not have.
+MissingValues LoadMissingSet(const DataMatrix& matrix, std::size_t column);
 
 }  // namespace tessara

@@ -4,23 +4,15 @@
 
 namespace tessara {
 
-void TrimToUsedRange(DataSet& data) {
-  data.WorkingRecordCount = data.RecordCount;
-  data.WorkingVariableCount = data.VariableCount;
+UsedRange TrimToUsedRange(const DataSet& data) {
+  UsedRange used;
+  used.variables = data.VariableCount;
   // From the back, so that as a rule only the last column and the last record are looked at.
-  while (data.VariableCount > 0 && data.matrix.UsedRecords(data.VariableCount, data.RecordCount) == 0) {
-    --data.VariableCount;
+  while (used.variables > 0 && data.matrix.UsedRecords(used.variables, data.RecordCount) == 0) --used.variables;
+  for (std::size_t column = 1; column <= used.variables && used.records < data.RecordCount; ++column) {
+    used.records = std::max(used.records, data.matrix.UsedRecords(column, data.RecordCount));
   }
-  std::size_t used = 0;
-  for (std::size_t column = 1; column <= data.VariableCount && used < data.RecordCount; ++column) {
-    used = std::max(used, data.matrix.UsedRecords(column, data.RecordCount));
-  }
-  data.RecordCount = used;
-}
-
-void RestoreWorkingCounts(DataSet& data) {
-  data.RecordCount = data.WorkingRecordCount;
-  data.VariableCount = data.WorkingVariableCount;
+  return used;
 }
 
 }  // namespace tessara

@@ -46,6 +46,7 @@ bool Close(int file) { return ::_close(file) == 0; }
 bool TakeName(const Path& from, const Path& to) {
   return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
+bool Link(const Path&, const Path&) { return false; }
 bool FlushFolder(const Path&) { return true; }
 bool Remove(const Path& path) { return ::_wunlink(path.c_str()) == 0; }
 bool KeepOwner(const Path&, int) { return true; }
@@ -81,6 +82,8 @@ bool NothingToFlush(int error) { return error == EINVAL || error == ENOTSUP || e
 bool FlushFile(int file) { return ::fsync(file) == 0 || NothingToFlush(errno); }
 bool Close(int file) { return ::close(file) == 0; }
 bool TakeName(const Path& from, const Path& to) { return ::rename(from.c_str(), to.c_str()) == 0; }
+
+bool Link(const Path& from, const Path& to) { return ::link(from.c_str(), to.c_str()) == 0; }
 
 bool FlushFolder(const Path& folder) {
   const int file = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -133,7 +136,7 @@ bool KeepAttribute(const Path&, const char*, int) { return true; }
 }  // namespace
 
 FileCalls SystemFileCalls() {
-  return {Open,        Read,   Write,     FlushFile, Close,    TakeName,
+  return {Open,        Read,   Write,     FlushFile, Close,    TakeName,     Link,
           FlushFolder, Remove, KeepOwner, KeepGroup, KeepMode, KeepAttribute};
 }
 

@@ -24,6 +24,7 @@ struct FileCalls {
   bool (*flush)(int file);
   bool (*close)(int file);
   bool (*take_name)(const Path& from, const Path& to);
+  bool (*link)(const Path& from, const Path& to);  // a second name for the same file
   bool (*flush_folder)(const Path& folder);
   bool (*remove)(const Path& path);
   // Owner, group, mode, access lists and extended attributes of a file for another one that is open.

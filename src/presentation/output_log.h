@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/platform.h"
 
@@ -29,7 +30,6 @@ struct BoxVersion {
 struct OutputLog {
   std::string OutputLogText;
   std::string MostRecentText;
-  std::string ReportText;  // the report that a procedure has just assembled
   bool ShowLogMode = false;
   bool OutputGridMode = false;  // the table grid, not the text box, is the visible face
   bool OutputChanged = false;   // the text of the box has changed since it was saved
@@ -69,12 +69,23 @@ void StoreBoxText(OutputLog& output);
 void RefreshOutputView(OutputLog& output);
 // Empties the most recent text. The box keeps what it shows until the next refresh.
 void BeginRun(OutputLog& output);
-// ReportText, as it stands, at the end of both texts. Takes time for the report, not for the log.
-void AppendReport(OutputLog& output);
+// A report, as it stands, at the end of both texts. Takes time for the report, not for the log.
+void AppendReport(OutputLog& output, std::string_view report);
+// What the box shows while a run has no report.
+enum class BoxOfRun { kKept, kEmptied };
+
+// Room for the reports of a run, taken before anything else changes.
+struct RoomForReports {
+  std::string recent;
+};
+RoomForReports MakeRoom(OutputLog& output, const std::vector<std::string>& reports);
+// The reports of a run that has ended: begins anew with MostRecentText and appends them all. Asks for no memory.
+void AppendRun(OutputLog& output, const std::vector<std::string>& reports, RoomForReports room,
+               BoxOfRun box = BoxOfRun::kKept) noexcept;
 // A calculator's result: at the end of the log, and alone as the most recent output.
-void ReplaceReport(OutputLog& output);
+void ReplaceReport(OutputLog& output, std::string_view report);
 // The report becomes the most recent output, and the log learns nothing of it.
-void ReplaceMostRecent(OutputLog& output, std::string report);
+void ReplaceMostRecent(OutputLog& output, std::string_view report);
 // Stores the box back and shows the other text.
 void ToggleOutputMode(OutputLog& output);
 // The caption of the command that toggles.

@@ -4,20 +4,19 @@
 #include <functional>
 #include <iterator>
 #include <set>
+#include <utility>
 
 #include "numerics/number_text.h"
 
 namespace tessara {
 namespace {
 
-constexpr std::size_t kMostListedVariables = 7;
-
-// The fields and boxes as they stand behind every change of the procedure.
+// The options as they stand behind every change of the procedure.
 void ClearOptions(ProcedurePanel& panel) {
-  panel.Text5.clear();
-  panel.Text6.clear();
-  panel.checks = {};
-  panel.checks.Check2 = panel.selected == Procedure::kCrosstabulation;
+  ProcedureOptions options;
+  options.list = std::move(panel.options.list);
+  options.summary_tables.output_format = std::move(panel.options.summary_tables.output_format);
+  panel.options = std::move(options);
 }
 
 void AskForVariable(Platform& platform) {
@@ -50,19 +49,17 @@ void SelectRegression(ProcedurePanel& panel, RegressionKind kind) {
   ClearOptions(panel);
 }
 
-void PickVariable(DataSet& data, std::size_t column) { data.RoleVariable[kMainRole] = column; }
+void PickVariable(ProcedurePanel& panel, std::size_t column) { panel.PickedVariable = column; }
 
-void AddAnalysisVariable(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                         const std::vector<std::size_t>& chosen) {
+void AddAnalysisVariable(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen) {
   if (chosen.empty()) return AskForVariable(platform);
   for (const std::size_t column : chosen) {
     if (column == 0) continue;
-    if (panel.selected == Procedure::kListVariables && data.SelectedVariableCount == kMostListedVariables) {
+    if (panel.selected == Procedure::kListVariables && panel.SelectedVariables.size() == kMostListedVariables) {
       platform.ShowMessage({"Maximum Reached", "The list variables procedure is limited to seven variables."});
       return;
     }
     panel.SelectedVariables.push_back(column);
-    data.SelectedVariableCount = panel.SelectedVariables.size();
   }
 }
 
@@ -72,15 +69,16 @@ void AddIndependentVariable(ProcedurePanel& panel, Platform& platform, const std
                        [](std::size_t column) { return column != 0; });
 }
 
-void SetControlVariable(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen) {
+void SetControlVariable(ProcedurePanel& panel, const DataSet& data, Platform& platform,
+                        const std::vector<std::size_t>& chosen) {
   if (chosen.empty()) return AskForVariable(platform);
-  data.RoleVariable[kControlRole] = chosen.front();
+  panel.control_variable = {chosen.front(), data.VariableName(chosen.front())};
 }
 
-void PressAnalysisArrow(DataSet& data, ProcedurePanel& panel, Platform& platform,
-                        const std::vector<std::size_t>& chosen, const std::vector<std::size_t>& marked) {
-  if (!chosen.empty() || panel.SelectedVariables.empty()) return AddAnalysisVariable(data, panel, platform, chosen);
-  RemoveAnalysisVariables(data, panel, PlacesToRemove(panel.SelectedVariables, marked));
+void PressAnalysisArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
+                        const std::vector<std::size_t>& marked) {
+  if (!chosen.empty() || panel.SelectedVariables.empty()) return AddAnalysisVariable(panel, platform, chosen);
+  RemoveAnalysisVariables(panel, PlacesToRemove(panel.SelectedVariables, marked));
 }
 
 void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std::vector<std::size_t>& chosen,
@@ -89,49 +87,66 @@ void PressIndependentArrow(ProcedurePanel& panel, Platform& platform, const std:
   RemoveIndependentVariables(panel, PlacesToRemove(panel.IndependentVariables, marked));
 }
 
-void PressControlArrow(DataSet& data, Platform& platform, const std::vector<std::size_t>& chosen) {
-  if (!chosen.empty() || !ControlIsSet(data)) return SetControlVariable(data, platform, chosen);
-  data.RoleVariable[kControlRole] = 0;
+void PressControlArrow(ProcedurePanel& panel, const DataSet& data, Platform& platform,
+                       const std::vector<std::size_t>& chosen) {
+  if (!chosen.empty() || !ControlIsSet(panel, data)) return SetControlVariable(panel, data, platform, chosen);
+  panel.control_variable = {};
 }
 
-void RemoveAnalysisVariables(DataSet& data, ProcedurePanel& panel, const std::vector<std::size_t>& places) {
+void RemoveAnalysisVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places) {
   RemovePlaces(panel.SelectedVariables, places);
-  data.SelectedVariableCount = panel.SelectedVariables.size();
 }
 
 void RemoveIndependentVariables(ProcedurePanel& panel, const std::vector<std::size_t>& places) {
   RemovePlaces(panel.IndependentVariables, places);
 }
 
-bool ControlIsSet(const DataSet& data) {
-  const std::size_t column = data.RoleVariable[kControlRole];
+bool ControlIsSet(const ProcedurePanel& panel, const DataSet& data) {
+  const std::size_t column = panel.control_variable.column;
   return column > 0 && column <= data.VariableCount;
 }
 
-void ResetControl(DataSet& data, ProcedurePanel& panel) {
-  data.RoleVariable[kControlRole] = 0;
+void ResetControl(ProcedurePanel& panel) {
+  panel.control_variable = {};
   panel.control = {};
 }
 
-bool AcceptControlNumber(Platform& platform, std::string& text) {
-  if (text.empty() || IsNumeric(std::string_view(text))) return true;
+bool IsControlNumber(std::string_view text) { return text.empty() || IsNumeric(text); }
+
+bool AcceptControlNumber(Platform& platform, std::string_view text) {
+  if (IsControlNumber(text)) return true;
   platform.ShowMessage({"Warning", "Only numerical entries are allowed."});
-  text.clear();
   return false;
 }
 
-void ClearPanelLists(DataSet& data, ProcedurePanel& panel) {
-  panel.SelectedVariables.clear();
-  panel.IndependentVariables.clear();
-  data.SelectedVariableCount = 0;
+bool ControlValueIsRefused(const ProcedurePanel& panel, const DataSet& data) {
+  const ControlRelation relation = panel.control.relation;
+  const bool takes_number = relation == ControlRelation::kGreaterThan || relation == ControlRelation::kLessThan;
+  return ControlIsSet(panel, data) && takes_number && !IsControlNumber(panel.control.value);
 }
 
-void ResetPanel(DataSet& data, ProcedurePanel& panel) {
-  ClearPanelLists(data, panel);
-  ResetControl(data, panel);
-  data.RoleVariable = {};
-  panel.Text5.clear();
-  panel.Text6.clear();
+bool RunUsesIndependents(const ProcedurePanel& panel) {
+  switch (panel.selected) {
+    case Procedure::kFrequencies:
+      return true;
+    case Procedure::kCorrelation:
+      return !panel.options.correlation.create_matrix;
+    default:
+      const ProcedureRow* row = ShownRow(panel);
+      return row && !row->second_heading.empty();
+  }
+}
+
+void ClearPanelLists(ProcedurePanel& panel) {
+  panel.SelectedVariables.clear();
+  panel.IndependentVariables.clear();
+}
+
+void ResetPanel(ProcedurePanel& panel) {
+  ClearPanelLists(panel);
+  ResetControl(panel);
+  panel.PickedVariable = 0;
+  panel.options.t_test = {};
 }
 
 }  // namespace tessara

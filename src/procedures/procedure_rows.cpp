@@ -19,8 +19,24 @@ constexpr std::string_view kRows = "Rows";
 constexpr std::string_view kColumns = "Columns";
 constexpr std::string_view kLeastSquaresExample = "  Ordinary Least Squares Regression    [Example]";
 
-const Box kSaveResiduals = {"Check1", "Save Residuals", "Save regression residuals as another variable"};
-const Box kModelSummary = {"Check2", "Summary Statistics", "Summary statistics for observations included in the model"};
+// A member of the options of one procedure, within the options of all.
+template <auto Part, auto Member>
+auto& Option(ProcedureOptions& options) {
+  return (options.*Part).*Member;
+}
+
+using All = ProcedureOptions;
+
+const std::vector<Box> kLeastSquaresBoxes = {
+    {"Check1", "Save Residuals", "Save regression residuals as another variable",
+     Option<&All::least_squares, &LeastSquaresOptions::save_residuals>},
+    {"Check2", "Summary Statistics", "Summary statistics for observations included in the model",
+     Option<&All::least_squares, &LeastSquaresOptions::summary>}};
+const std::vector<Box> kLogisticBoxes = {
+    {"Check1", "Save Predicted", "Save predicted values as another variable",
+     Option<&All::logistic, &LogisticOptions::save_predicted>},
+    {"Check2", "Summary Statistics", "Summary statistics for observations included in the model",
+     Option<&All::logistic, &LogisticOptions::summary>}};
 
 }  // namespace
 
@@ -32,7 +48,8 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = "Counts and percentages",
        .first_heading = kAnalysisVariable,
        .second_heading = {},
-       .boxes = {{"Check2", "Index of Dispersion", "Calculates measure of variation for nominal/ordinal level data"}},
+       .boxes = {{"Check2", "Index of Dispersion", "Calculates measure of variation for nominal/ordinal level data",
+                  Option<&All::frequencies, &FrequenciesOptions::dispersion>}},
        .fields = {},
        .example_heading = "  Frequencies    [Example]"},
       {.procedure = Procedure::kDescriptives,
@@ -41,8 +58,10 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = "Calculates summary statistics",
        .first_heading = kAnalysisVariable,
        .second_heading = {},
-       .boxes = {{"Check1", "Show bar chart", "Displays horizontal bar chart with output"},
-                 {"Check2", "Save Z-scores", "Save z-scores as another variable"}},
+       .boxes = {{"Check1", "Show bar chart", "Displays horizontal bar chart with output",
+                  Option<&All::descriptives, &DescriptivesOptions::bar_chart>},
+                 {"Check2", "Save Z-scores", "Save z-scores as another variable",
+                  Option<&All::descriptives, &DescriptivesOptions::save_z_scores>}},
        .fields = {},
        .example_heading = "  Descriptive Statistics    [Example]"},
       {.procedure = Procedure::kExplore,
@@ -61,7 +80,8 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .first_heading = kContinuousVariable,
        .second_heading = kCategoricalVariable,
        .boxes = {},
-       .fields = {{"Text5", "Group A Value>"}, {"Text6", "Group B Value >"}},
+       .fields = {{"Text5", "Group A Value>", Option<&All::t_test, &TTestOptions::group_a>},
+                  {"Text6", "Group B Value >", Option<&All::t_test, &TTestOptions::group_b>}},
        .example_heading = "  Two-Sample Difference of Means    [Example]"},
       {.procedure = Procedure::kAnova,
        .control = "Option5",
@@ -69,8 +89,10 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = "Compare 2 or more independent means",
        .first_heading = kContinuousVariable,
        .second_heading = kCategoricalVariable,
-       .boxes = {{"Check2", "Summary Statistics", "Displays descriptive group statistics"},
-                 {"Check1", "Post Hoc Test", "Displays Bonferroni post hoc analysis"}},
+       .boxes = {{"Check2", "Summary Statistics", "Displays descriptive group statistics",
+                  Option<&All::anova, &AnovaOptions::summary>},
+                 {"Check1", "Post Hoc Test", "Displays Bonferroni post hoc analysis",
+                  Option<&All::anova, &AnovaOptions::post_hoc>}},
        .fields = {},
        .example_heading = "  One-Way ANOVA    [Example]"},
       {.procedure = Procedure::kCrosstabulation,
@@ -79,10 +101,14 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = "Compare one categorical variable to another",
        .first_heading = kRows,
        .second_heading = kColumns,
-       .boxes = {{"Check1", "Association", "Displays measures of association"},
-                 {"Check2", "Chi-Square Tests", "Displays significance tests", true},
-                 {"Check11", "Agreement", "Displays Kappa and proportion agree"},
-                 {"Check12", "Risk (2x2 only)", "Displays odds ratio and relative risk"}},
+       .boxes = {{"Check1", "Association", "Displays measures of association",
+                  Option<&All::crosstabulation, &CrosstabulationOptions::association>},
+                 {"Check2", "Chi-Square Tests", "Displays significance tests",
+                  Option<&All::crosstabulation, &CrosstabulationOptions::chi_square_tests>},
+                 {"Check11", "Agreement", "Displays Kappa and proportion agree",
+                  Option<&All::crosstabulation, &CrosstabulationOptions::agreement>},
+                 {"Check12", "Risk (2x2 only)", "Displays odds ratio and relative risk",
+                  Option<&All::crosstabulation, &CrosstabulationOptions::risk>}},
        .fields = {},
        .example_heading = "  Crosstabulation    [Example]"},
       {.procedure = Procedure::kCorrelation,
@@ -91,7 +117,8 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = "Compare two continuous variables",
        .first_heading = kVariableY,
        .second_heading = kVariableX,
-       .boxes = {{"Check2", "Create Matrix", "Displays correlation matrix"}},
+       .boxes = {{"Check2", "Create Matrix", "Displays correlation matrix",
+                  Option<&All::correlation, &CorrelationOptions::create_matrix>}},
        .fields = {},
        .example_heading = "  Correlation    [Example]"},
       {.procedure = Procedure::kRegression,
@@ -100,7 +127,7 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = "Multiple and simple regression",
        .first_heading = kVariableY,
        .second_heading = kVariableX,
-       .boxes = {kSaveResiduals, kModelSummary},
+       .boxes = kLeastSquaresBoxes,
        .fields = {},
        .example_heading = kLeastSquaresExample},
       {.procedure = Procedure::kDiagnostic,
@@ -119,7 +146,8 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .first_heading = "List Variables",
        .second_heading = {},
        .boxes = {},
-       .fields = {{"Text7", "Max Observations"}},
+       .fields = {{"Text7", "Max Observations", Option<&All::list, &ListOptions::max_observations>,
+                   "Enter maximum number of observations"}},
        .example_heading = "  List Variables    [Example]"},
       {.procedure = Procedure::kSummaryTables,
        .control = "Reports",
@@ -127,15 +155,18 @@ const std::vector<ProcedureRow>& ProcedureRows() {
        .tooltip = {},
        .first_heading = kRows,
        .second_heading = kColumns,
-       .boxes = {{"Check3", "Counts", {}},
-                 {"Check4", "Percent", {}},
-                 {"Check9", "Count", {}},
-                 {"Check5", "Mean", {}},
-                 {"Check10", "Sum", {}},
-                 {"Check6", "Standard Deviation", {}},
-                 {"Check7", "Standard Error", {}},
-                 {"Check8", "95% CI", {}}},
-       .fields = {{"Combo1", "Output Format"}},
+       .boxes = {{"Check3", "Counts", {}, Option<&All::summary_tables, &SummaryTableOptions::counts>},
+                 {"Check4", "Percent", {}, Option<&All::summary_tables, &SummaryTableOptions::percent>},
+                 {"Check9", "Count", {}, Option<&All::summary_tables, &SummaryTableOptions::count>},
+                 {"Check5", "Mean", {}, Option<&All::summary_tables, &SummaryTableOptions::mean>},
+                 {"Check10", "Sum", {}, Option<&All::summary_tables, &SummaryTableOptions::sum>},
+                 {"Check6",
+                  "Standard Deviation",
+                  {},
+                  Option<&All::summary_tables, &SummaryTableOptions::standard_deviation>},
+                 {"Check7", "Standard Error", {}, Option<&All::summary_tables, &SummaryTableOptions::standard_error>},
+                 {"Check8", "95% CI", {}, Option<&All::summary_tables, &SummaryTableOptions::interval>}},
+       .fields = {{"Combo1", "Output Format", Option<&All::summary_tables, &SummaryTableOptions::output_format>}},
        .example_heading = "  Summary Tables    [Example]"},
       {.procedure = Procedure::kRandomSample,
        .control = "Option18",
@@ -172,19 +203,18 @@ const ProcedureRow& RegressionRow(RegressionKind kind) {
                                              .tooltip = "For continuous dependent variables",
                                              .first_heading = kVariableY,
                                              .second_heading = kVariableX,
-                                             .boxes = {kSaveResiduals, kModelSummary},
+                                             .boxes = kLeastSquaresBoxes,
                                              .fields = {},
                                              .example_heading = kLeastSquaresExample};
-  static const ProcedureRow logistic = {
-      .procedure = Procedure::kRegression,
-      .control = "Option22",
-      .caption = "Logistic",
-      .tooltip = "For dichotomous dependent variables",
-      .first_heading = kVariableY,
-      .second_heading = kVariableX,
-      .boxes = {{"Check1", "Save Predicted", "Save predicted values as another variable"}},
-      .fields = {},
-      .example_heading = "  Logistic Regression    [Example]"};
+  static const ProcedureRow logistic = {.procedure = Procedure::kRegression,
+                                        .control = "Option22",
+                                        .caption = "Logistic",
+                                        .tooltip = "For dichotomous dependent variables",
+                                        .first_heading = kVariableY,
+                                        .second_heading = kVariableX,
+                                        .boxes = kLogisticBoxes,
+                                        .fields = {},
+                                        .example_heading = "  Logistic Regression    [Example]"};
   return kind == RegressionKind::kLogistic ? logistic : least_squares;
 }
 

@@ -1,5 +1,7 @@
 #include "procedures/run.h"
 
+#include <utility>
+
 #include "procedures/cases/procedure_run.h"
 #include "procedures/compare/anova.h"
 #include "procedures/compare/crosstabulation.h"
@@ -34,90 +36,109 @@ Step Refuse(Platform& platform, const char* title, const char* text) {
 
 Step ComesNext(Platform& platform) { return Refuse(platform, kTryAgain, kComesNext); }
 
-using RunProcedure = void (*)(ProcedureRun& run);
+Step RefuseWithoutIndependent(Platform& platform) {
+  return Refuse(platform, kAborted, "Please select an independent variable.");
+}
 
-// The procedure for each of the independent variables, in list order.
-void RunForIndependents(ProcedureRun& run, RunProcedure procedure) {
-  for (const std::size_t column : run.panel.IndependentVariables) {
-    run.data.RoleVariable[kIndependentRole] = column;
-    procedure(run);
+// The panel's procedure for one analysis variable after the other.
+class PanelRun {
+ public:
+  PanelRun(ProcedureRun& run, const ProcedurePanel& panel) : run_(run), panel_(panel), options_(panel.options) {}
+
+  Step RunForAllVariables() const {
+    for (const std::size_t column : panel_.SelectedVariables) {
+      if (const Step step = RunForVariable(column); step != Step::kNextVariable) return step;
+    }
+    return Step::kNextVariable;
   }
-}
 
-Step RefuseWithoutIndependent(ProcedureRun& run) {
-  return Refuse(run.platform, kAborted, "Please select an independent variable.");
-}
+ private:
+  Step RunForVariable(std::size_t main) const;
+  Step Correlate(std::size_t main) const;
+  Step Regress(std::size_t main) const;
 
-// The same for a procedure that cannot do without one.
-Step Compare(ProcedureRun& run, RunProcedure procedure) {
-  if (run.panel.IndependentVariables.empty()) return RefuseWithoutIndependent(run);
-  RunForIndependents(run, procedure);
-  return Step::kNextVariable;
-}
-
-Step Correlate(ProcedureRun& run) {
-  if (!run.panel.checks.Check2) return Compare(run, RunCorrelation);
-  if (run.panel.SelectedVariables.size() < 2) {
-    return Refuse(run.platform, kAborted, "Please select two analysis variables.");
+  // each(roles) for each of the independent variables, in list order.
+  template <typename Each>
+  void RunForIndependents(std::size_t main, Each each) const {
+    for (const std::size_t column : panel_.IndependentVariables) each({.main = main, .independent = column});
   }
-  RunCorrelationMatrix(run);
+  // The same for a procedure that cannot do without one.
+  template <typename Each>
+  Step Compare(std::size_t main, Each each) const {
+    if (panel_.IndependentVariables.empty()) return RefuseWithoutIndependent(run_.platform);
+    RunForIndependents(main, each);
+    return Step::kNextVariable;
+  }
+
+  ProcedureRun& run_;
+  const ProcedurePanel& panel_;
+  const ProcedureOptions& options_;
+};
+
+Step PanelRun::Correlate(std::size_t main) const {
+  if (!options_.correlation.create_matrix) {
+    return Compare(main, [this](const Roles& roles) { RunCorrelation(run_, roles); });
+  }
+  if (panel_.SelectedVariables.size() < 2) {
+    return Refuse(run_.platform, kAborted, "Please select two analysis variables.");
+  }
+  RunCorrelationMatrix(run_, panel_.SelectedVariables);
   return Step::kLeaveLoop;
 }
 
 // One model of the first analysis variable on all independent variables.
-Step Regress(ProcedureRun& run) {
-  if (run.panel.IndependentVariables.empty()) return RefuseWithoutIndependent(run);
-  RunRegression(run);
+Step PanelRun::Regress(std::size_t main) const {
+  if (panel_.IndependentVariables.empty()) return RefuseWithoutIndependent(run_.platform);
+  const ModelVariables variables{.dependent = main, .independent = panel_.IndependentVariables};
+  if (panel_.regression == RegressionKind::kLogistic) {
+    RunLogistic(run_, variables, options_.logistic);
+  } else {
+    RunLeastSquares(run_, variables, options_.least_squares);
+  }
   return Step::kLeaveLoop;
 }
 
-// The selected procedure for the variable in the main role.
-Step RunForVariable(ProcedureRun& run) {
-  switch (run.panel.selected) {
-    case Procedure::kFrequencies:
-      RunFrequencies(run);
-      RunForIndependents(run, RunCrosstabulation);
+Step PanelRun::RunForVariable(std::size_t main) const {
+  switch (panel_.selected) {
+    case Procedure::kFrequencies: {
+      RunFrequencies(run_, {.main = main}, options_.frequencies);
+      // The panel has one box for both: with the index of dispersion the tables have their tests.
+      const CrosstabulationOptions tables{.chi_square_tests = options_.frequencies.dispersion};
+      RunForIndependents(main, [&](const Roles& roles) { RunCrosstabulation(run_, roles, tables); });
       return Step::kNextVariable;
+    }
     case Procedure::kDescriptives:
-      RunDescriptives(run);
+      RunDescriptives(run_, {.main = main}, options_.descriptives);
       return Step::kNextVariable;
     case Procedure::kCorrelation:
-      return Correlate(run);
+      return Correlate(main);
     case Procedure::kCrosstabulation:
-      return Compare(run, RunCrosstabulation);
+      return Compare(main, [this](const Roles& roles) { RunCrosstabulation(run_, roles, options_.crosstabulation); });
     case Procedure::kTTest:
-      return Compare(run, RunTTest);
+      return Compare(main, [this](const Roles& roles) { RunTTest(run_, roles, options_.t_test); });
     case Procedure::kAnova:
-      return Compare(run, RunAnova);
+      return Compare(main, [this](const Roles& roles) { RunAnova(run_, roles, options_.anova); });
     case Procedure::kRegression:
-      return Regress(run);
+      return Regress(main);
     case Procedure::kDiagnostic:
-      return Compare(run, RunDiagnostic);
+      return Compare(main, [this](const Roles& roles) { RunDiagnostic(run_, roles); });
     case Procedure::kListVariables:
-      RunListVariables(run);
+      RunListVariables(run_, panel_.SelectedVariables, options_.list);
       return Step::kLeaveLoop;
     case Procedure::kExplore:
     case Procedure::kSummaryTables:
     case Procedure::kRandomSample:
     case Procedure::kRepeatedSampling:
-      return ComesNext(run.platform);
+      return ComesNext(run_.platform);
     case Procedure::kNone:
       break;
   }
-  return Refuse(run.platform, kTryAgain, "Please select a statistical procedure.");
-}
-
-Step RunForAllVariables(ProcedureRun& run) {
-  for (const std::size_t column : run.panel.SelectedVariables) {
-    run.data.RoleVariable[kMainRole] = column;
-    if (const Step step = RunForVariable(run); step != Step::kNextVariable) return step;
-  }
-  return Step::kNextVariable;
+  return Refuse(run_.platform, kTryAgain, "Please select a statistical procedure.");
 }
 
 // A request to cut the data to the cases that pass the control, and not a run.
 bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
-  return ControlIsSet(data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
+  return ControlIsSet(panel, data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
 }
 
 }  // namespace
@@ -125,6 +146,12 @@ bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
 RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, ChartStore& charts, Platform& platform) {
   const WaitCursor wait(platform);
   RunOutcome outcome;
+  // A value that was typed wrong must not let all cases through.
+  if (ControlValueIsRefused(panel, data)) {
+    AcceptControlNumber(platform, panel.control.value);
+    outcome.refused = true;
+    return outcome;
+  }
   if (IsSubsetRequest(data, panel)) {
     ComesNext(platform);
     outcome.refused = true;
@@ -135,12 +162,20 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     outcome.refused = true;
     return outcome;
   }
-  if (panel.selected == Procedure::kRegression) ClearBox(output);
-  BeginRun(output);
-  ClearCharts(charts);
-  charts.SelectedVariableCount = panel.SelectedVariables.size();
-  ProcedureRun run{.data = data, .panel = panel, .output = output, .charts = charts, .platform = platform};
-  outcome.refused = RunForAllVariables(run) == Step::kEndRun;
+  // Reports and charts reach the outside when the run is over: one that ends for want of memory leaves all as it was.
+  ChartStore made;
+  made.SelectedVariableCount = panel.SelectedVariables.size();
+  made.Revision = charts.Revision;
+  ClearCharts(made);
+  ProcedureRun run{.data = data,
+                   .charts = made,
+                   .platform = platform,
+                   .control_variable = panel.control_variable,
+                   .control = panel.control,
+                   .wants_charts = panel.SelectedVariables.size() < 2};
+  outcome.refused = PanelRun(run, panel).RunForAllVariables() == Step::kEndRun;
+  FinishRun(run, data, output, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
+  charts = std::move(made);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);

@@ -81,4 +81,9 @@ void AskAndSaveData(Session& session) {
   }
 }
 
+bool AskAndSaveOutput(Session& session) {
+  const auto path = AskOutputToSave(session.platform);
+  return path && SaveOutputText(session.output, *path, session.platform);
+}
+
 }  // namespace tessara

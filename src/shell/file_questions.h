@@ -17,4 +17,7 @@ void AskAndOpenData(Session& session);
 void SaveDataOrAsk(Session& session);
 void AskAndSaveData(Session& session);
 
+// Save of the Output view. False when it was cancelled or has failed.
+bool AskAndSaveOutput(Session& session);
+
 }  // namespace tessara

@@ -3,19 +3,23 @@
 #include <system_error>
 #include <utility>
 
+#include "data/change_door.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
+#include "procedures/follow_data.h"
 
 namespace tessara {
 namespace {
+
+constexpr const char* kReady = "Ready";
 
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
 
 void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& path) {
   switch (outcome) {
     case LoadOutcome::kLoaded:
-      return session.platform.SetStatusPane(kMessagePane, "Ready");
+      return session.platform.SetStatusPane(kMessagePane, kReady);
     case LoadOutcome::kEmptyFile:
       return session.platform.SetStatusPane(kMessagePane, NameOf(path) + " is empty");
     case LoadOutcome::kUnreadable:
@@ -46,20 +50,30 @@ Path Absolute(const Path& path) {
   return error ? path : whole;
 }
 
+// The lists and the control of the panel go with their variables.
+void FollowPanel(Session& session) {
+  if (const auto lost = FollowData(session.panel, session.data)) {
+    session.platform.ShowNote("the control variable " + *lost + " was reset");
+  }
+}
+
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
   // A relative path means the folder that the program was called from.
   const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
+  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.undo_memory) << 20);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
-  session.platform.SetStatusPane(kMessagePane, "Ready");
-  RefreshStatus(session);
+  session.platform.SetStatusPane(kMessagePane, kReady);
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
-void StartBatchSession(Session& session) { PrepareSession(session); }
+void StartBatchSession(Session& session) {
+  PrepareSession(session);
+  session.data.history.SetLimit(0);  // a script has no way back
+}
 
 void TestDocumentationFiles(Session& session) {
   const Path program = session.platform.ProgramFolder();
@@ -69,48 +83,47 @@ void TestDocumentationFiles(Session& session) {
 }
 
 LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
-  const LoadOutcome outcome = LoadDataFile(session.data, session.platform, path, pick);
-  if (outcome == LoadOutcome::kLoaded) ClearPanelLists(session.data, session.panel);
+  const LoadOutcome outcome =
+      LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
-  RefreshStatus(session);
+  if (outcome == LoadOutcome::kLoaded) {
+    FollowPanel(session);
+    ClearPanelLists(session.panel);
+  }
   return outcome;
 }
 
-SaveOutcome SaveData(Session& session) { return SaveDataFile(session.data, session.platform); }
+SaveOutcome SaveData(Session& session) {
+  return SaveDataFile(session.data, session.platform, session.panel.SelectedVariables.size());
+}
 
 SaveOutcome SaveDataTo(Session& session, const Path& path) {
-  return SaveDataFileTo(session.data, session.platform, path);
+  return SaveDataFileTo(session.data, session.platform, path, session.panel.SelectedVariables.size());
 }
 
 void NewData(Session& session) {
   NewDataFile(session.data);
-  ResetPanel(session.data, session.panel);
-  RefreshStatus(session);
+  ResetPanel(session.panel);
+  FollowPanel(session);
 }
 
-bool SaveOutput(Session& session) {
-  const auto path = AskOutputToSave(session.platform);
-  return path && SaveOutputText(session.output, *path, session.platform);
-}
+void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
 
 void SetProjectNotes(Session& session, std::string notes) {
   if (notes == session.data.ProjectNotes) return;
   session.data.ProjectNotes = std::move(notes);
-  session.data.DataDirty = true;
+  MarkChanged(session.data);
 }
 
 RunOutcome RunPanel(Session& session) {
+  FollowPanel(session);
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
-  RefreshStatus(session);  // a procedure may have added variables
   return outcome;
 }
 
-void ActivateView(Session& session, View view) {
-  session.ActiveView = view;
-  RefreshStatus(session);
-}
+void ActivateView(Session& session, View view) { session.ActiveView = view; }
 
 std::string_view HelpPage(View view) {
   switch (view) {
@@ -135,6 +148,7 @@ std::string_view HelpPage(View view) {
 }
 
 void RefreshStatus(Session& session) {
+  FollowPanel(session);
   Platform& platform = session.platform;
   switch (session.ActiveView) {
     case View::ViewBrevarum:

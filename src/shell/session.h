@@ -32,6 +32,7 @@ enum class View : int {
 };
 
 // The documents that the Documentation menu opens, in the order of their flags.
+enum class Document { kUserManual, kWorkbook, kHandbook, kBrochure, kDiscount };
 inline constexpr std::array<std::string_view, 5> kDocumentFiles = {"UserManual.pdf", "Workbook.pdf", "Handbook.pdf",
                                                                    "Brochure.pdf", "Discount.pdf"};
 
@@ -72,8 +73,8 @@ SaveOutcome SaveData(Session& session);
 SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
 
-// Asks where to, and saves the text of the Output view. False when it was cancelled or has failed.
-bool SaveOutput(Session& session);
+// What every command begins with: the message of the one before it leaves pane 1.
+void BeginOperation(Session& session);
 
 // Changes the notes box: marks the data as changed.
 void SetProjectNotes(Session& session, std::string notes);
@@ -85,8 +86,8 @@ RunOutcome RunPanel(Session& session);
 void ActivateView(Session& session, View view);
 // The page of the help pane for a view, a file of the Help folder.
 std::string_view HelpPage(View view);
-// Rewrites the status panes 2 and 3, and stores the output box back in the views that ask for it. Called at each
-// refresh of the command state.
+// Rewrites the status panes 2 and 3, and stores the output box back in the views that ask for it. The front end calls
+// it once behind each operation, when it refreshes the command state.
 void RefreshStatus(Session& session);
 
 void PlaySoundEffect(Session& session, std::string_view name);

@@ -1,12 +1,13 @@
-#include <QApplication>
-
+#include "platform/temporary_files.h"
 #include "window/frame/frm_main.h"
+#include "window/system/application.h"
 #include "window/system/qt_platform.h"
 #include "window/system/qt_settings_store.h"
 #include "window/widgets/text.h"
 
 int main(int argc, char* argv[]) {
-  QApplication application(argc, argv);
+  tessara::RemoveTemporariesOnSignals();
+  tessara::Application application(argc, argv);
   QApplication::setApplicationName("Tessara");
   QApplication::setApplicationVersion(TESSARA_VERSION);
   QApplication::setDesktopFileName("tessara");
@@ -20,6 +21,7 @@ int main(int argc, char* argv[]) {
 #endif
 
   tessara::QtPlatform platform;
+  application.SetMessages(&platform);
   tessara::QtSettingsStore store;
   tessara::FrmMain frame(platform, store, start);
   frame.show();

@@ -56,14 +56,61 @@ class BrevarumTest : public QObject {
       QTest::keyClicks(Box(box), text);
       QTest::keyClick(Box(box), Qt::Key_Return);
     }
-    QVERIFY(Box("Text11")->hasFocus());  // behind the last box the first
-    window().Trigger(308);
+    // Behind the last box stands Calculate, which the next Enter presses.
+    auto* calculate = window().Find<QPushButton>("CalculateButton");
+    QVERIFY(calculate->hasFocus());
+    QCOMPARE(window().Find<QLabel>("Label43")->text(), "Instructions");
+    QTest::keyClick(calculate, Qt::Key_Return);
     QVERIFY(window().script().messages.empty());
     // t by hand: 2.4 / (sqrt((29 * 17.64 + 27 * 15.21) / 56) * sqrt(58 / 840)) = 2.2507
     QVERIFY(Text("T5").contains("2.2507"));
     QCOMPARE(window().Find<QLabel>("Label43")->text(), "Results");
     QVERIFY(Text("Text25").startsWith("Two-Sample T-Test"));
     QVERIFY(window().session().output.OutputLogText.find("Two-Sample Difference of Means") != std::string::npos);
+  }
+
+  void CountsAreTypedRowByRowWithEnterAlone() {
+    Press("Option1(3)");
+    for (const char* typed : {"30", "10", "", "15", "25", ""}) {
+      QWidget* box = QApplication::focusWidget();
+      QTest::keyClicks(box, typed);
+      QTest::keyClick(box, Qt::Key_Return);
+    }
+    auto* calculate = window().Find<QPushButton>("CalculateButton");
+    QVERIFY(calculate->hasFocus());
+    QTest::keyClick(calculate, Qt::Key_Return);
+    QVERIFY(Text("T5").contains("11.429"));  // 80 (30 * 25 - 10 * 15)^2 / (40 * 40 * 45 * 35)
+    QVERIFY(Box("C1R1")->hasFocus());
+  }
+
+  void EnterOnALaterRowPassesUnusedColumns() {
+    Press("Option1(3)");
+    for (const char* box : {"C1R1", "C2R1", "C3R1"}) QTest::keyClicks(Box(box), "4");
+    Box("C2R2")->setFocus();
+    for (const char* next : {"C3R2", "C1R3"}) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+      QCOMPARE(QApplication::focusWidget()->objectName(), next);
+    }
+  }
+
+  void UpAndDownMoveBetweenTheCells() {
+    Press("Option1(3)");
+    Box("C2R2")->setFocus();
+    for (const auto& [key, next] : {std::pair{Qt::Key_Down, "C2R3"},
+                                    {Qt::Key_Down, "C2R4"},
+                                    {Qt::Key_Up, "C2R3"},
+                                    {Qt::Key_Up, "C2R2"},
+                                    {Qt::Key_Up, "C2R1"},
+                                    {Qt::Key_Up, "Text2"},
+                                    {Qt::Key_Up, "Text2"}}) {
+      QTest::keyClick(QApplication::focusWidget(), key);
+      QCOMPARE(QApplication::focusWidget()->objectName(), next);
+    }
+    Press("Option1(4)");
+    QTest::keyClick(Box("T1"), Qt::Key_Down);
+    QVERIFY(Box("T2")->hasFocus());
+    QTest::keyClick(Box("T2"), Qt::Key_Down, Qt::ShiftModifier);  // selects, as in any field
+    QVERIFY(Box("T2")->hasFocus());
   }
 
   void ALetterIsAnsweredAtOnceAndALoneMinusIsNot() {
@@ -230,6 +277,61 @@ class BrevarumTest : public QObject {
     QCOMPARE(curve->grab().toImage(), bare);
   }
 
+  // How high the colour stands over the axis in the picture's column, in pixels.
+  static int HeightOfCurve(const QImage& picture, int column, int axis, QRgb background) {
+    for (int row = 0; row < axis; ++row) {
+      if (picture.pixel(column, row) != background) return axis - row;
+    }
+    return 0;
+  }
+
+  void TheBellHasAtEachTickTheHeightOfItsScore() {
+    Press("Option1(6)");
+    window().frame().resize(1400, 1000);
+    QCoreApplication::processEvents();
+    const QImage picture = window().Find<QWidget>("NormalCurve")->grab().toImage();
+    const QRgb background = picture.pixel(0, 0);
+    // The axis is the row with the longest line of text colour; the ticks stand below it.
+    const QRgb ink = window().frame().palette().color(QPalette::WindowText).rgb();
+    const auto dark = [&](int x, int y) { return qAbs(qGray(picture.pixel(x, y)) - qGray(ink)) < 96; };
+    int axis = 0;
+    int longest = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+      int length = 0;
+      for (int x = 0; x < picture.width(); ++x) length += dark(x, y) ? 1 : 0;
+      if (length > longest) std::tie(axis, longest) = std::pair(y, length);
+    }
+    std::vector<int> ticks;
+    for (int x = 1; x < picture.width(); ++x) {
+      if (dark(x, axis + 3) && !dark(x - 1, axis + 3)) ticks.push_back(x);
+    }
+    QCOMPARE(ticks.size(), std::size_t{7});  // -4, -2, -1, 0, 1, 2, 4
+    const double top = HeightOfCurve(picture, ticks[3], axis, background);
+    QVERIFY(top > 60);
+    for (const auto& [tick, height] : {std::pair{0, 0.0003}, {1, 0.1353}, {2, 0.6065}, {4, 0.6065}, {5, 0.1353}}) {
+      const double drawn = HeightOfCurve(picture, ticks[static_cast<std::size_t>(tick)], axis, background);
+      QVERIFY2(qAbs(drawn / top - height) < 0.05, qPrintable(QString("tick %1: %2").arg(tick).arg(drawn / top)));
+    }
+  }
+
+  void TheMarkerStandsAtTheTickOfItsScore() {
+    Press("Option1(6)");
+    auto* curve = window().Find<QWidget>("NormalCurve");
+    const QImage bare = curve->grab().toImage();
+    // z = 4: sqrt(4) * 700 of 1900 to the right of the middle, and the curve takes 92 of 100 parts of the width
+    for (const auto& [name, text] : {std::pair{"T1", "13"}, {"T2", "5"}, {"T3", "2"}})
+      QTest::keyClicks(Box(name), text);
+    window().Trigger(308);
+    const QImage marked = curve->grab().toImage();
+    const int row = curve->height() / 2;
+    int first = -1;
+    for (int x = 0; x < marked.width() && first < 0; ++x) {
+      if (marked.pixel(x, row) != bare.pixel(x, row)) first = x;
+    }
+    const double expected = curve->width() * (0.5 + 0.46 * 1400 / 1900);
+    QVERIFY2(qAbs(first - expected) < 4, qPrintable(QString("%1, not %2").arg(first).arg(expected)));
+  }
+
   void ACalculationLeavesTheLayoutAlone() {
     Press("Option1(3)");
     QCoreApplication::processEvents();
@@ -338,6 +440,26 @@ class BrevarumTest : public QObject {
     QVERIFY(!window().Find<QPlainTextEdit>("Text25")->isVisible());
     Press("Viewbar1(0)");
     QVERIFY(window().Find<QPlainTextEdit>("Text25")->isVisible());
+  }
+
+  void F1OpensTheSectionOfTheCalculator() {
+    window().WriteFile(window().program_folder() / "Help/UserManual3.html",
+                       "<a name=\"sumt\"></a><p>About means</p><a name=\"sumchi\"></a><p>About counts</p>");
+    Press("Option1(3)");
+    auto* pane = window().Find<QWidget>("TaskPanel");
+    QVERIFY(!pane->isVisible());
+    QTest::keyClick(Box("C1R1"), Qt::Key_F1);
+    QVERIFY(pane->isVisible());
+    auto* browser = pane->findChild<QTextBrowser*>("WebBrowser1");
+    QCOMPARE(browser->source().fileName(), "UserManual3.html");
+    QCOMPARE(browser->source().fragment(), "sumchi");
+    // From another calculator it goes on to that one's section, and from there the same key closes the pane.
+    Press("Option1(0)");
+    QTest::keyClick(Box("tx1"), Qt::Key_F1);
+    QVERIFY(pane->isVisible());
+    QCOMPARE(browser->source().fragment(), "sumt");
+    QTest::keyClick(window().Find<QPlainTextEdit>("T5"), Qt::Key_F1);
+    QVERIFY(!pane->isVisible());
   }
 
   void TheHelpStaysAtItsSectionWhenTheWindowChanges() {

@@ -77,6 +77,18 @@ class CloseTest : public QObject {
     QVERIFY(window().session().output.OutputChanged);
   }
 
+  void ACancelAtTheSecondQuestionLeavesEverything() {
+    window().session().data.DataDirty = true;
+    window().session().output.OutputChanged = true;
+    QVERIFY(!Close({Answer::kNo, Answer::kCancel}));
+    QVERIFY(window().session().data.DataDirty);
+    QVERIFY(window().session().output.OutputChanged);
+    QVERIFY(window().session().data.matrix.Cell(16, 1).text() == "34");
+    QVERIFY(window().frame().isWindowModified());
+    QVERIFY(Close({Answer::kNo, Answer::kNo}));
+    QCOMPARE(window().script().messages.size(), std::size_t{4});
+  }
+
   void BothQuestionsAreAskedInTurn() {
     window().session().data.DataDirty = true;
     window().session().output.OutputChanged = true;

@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScreen>
+#include <QSettings>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -322,7 +324,7 @@ class FrameTest : public QObject {
       bool open, run, print, convert, toggle;
     };
     const Row rows[] = {{View::ViewDataGrid, true, false, false, false, false},
-                        {View::ViewStatProcs, false, true, false, false, false},
+                        {View::ViewStatProcs, false, true, true, false, false},
                         {View::ViewOutput, true, false, true, true, true},
                         {View::ViewCharts, false, false, true, false, false},
                         {View::ViewHandbook, false, false, true, false, false}};
@@ -334,6 +336,82 @@ class FrameTest : public QObject {
       QCOMPARE(window().Command(211)->isVisible(), row.convert);
       QCOMPARE(window().Command(350)->isVisible(), row.toggle);
     }
+  }
+
+  void WhatCannotBePrintedYetSaysSoInTheStatusBar() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    QVERIFY(!window().Command(106)->isEnabled());
+    QCOMPARE(window().Command(106)->statusTip(), "The data dictionary is not part of this version");
+    window().ShowView(View::ViewCharts);
+    QVERIFY(window().Command(106)->isEnabled());
+    QCOMPARE(window().Command(106)->statusTip(), "");
+  }
+
+  void TheTipsPrintFromTheCommandToo() {
+    window().WriteFile(window().program_folder() / "Help" / "t0.html", "<title>First</title><p>A tip</p>");
+    window().store().Write("Op16", "0");
+    window().Start();
+    window().ShowView(View::ViewTips);
+    window().Trigger(106);
+    QCOMPARE(window().script().print_dialogs.size(), std::size_t{1});
+    QCOMPARE(window().script().print_dialogs[0].title, std::string("Print"));
+  }
+
+  void AMessageLeavesWithTheNextOperation() {
+    window().Start();
+    OpenByMenu(WriteScores());
+    window().Trigger(103);
+    QCOMPARE(window().Pane(1), "Save Completed");
+    window().Trigger(602);
+    QCOMPARE(window().Pane(1), "Ready");
+    window().Trigger(103);
+    QCOMPARE(window().Pane(1), "Save Completed");
+    QVERIFY(Drop(WriteScores("other.dcs")));
+    QCOMPARE(window().Pane(1), "Ready");
+  }
+
+  // Each pane once for a run, whatever views it brings to the front.
+  void StatusIsWorkedOutOnceARun() {
+    window().Start(WriteScores());
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QRadioButton>("Option1")->click();
+    auto* list = window().Find<VariableListView>("List1");
+    list->setCurrentIndex(list->model()->index(1, 0));
+    window().Find<QAbstractButton>("Image2(0)")->click();
+    window().platform().pane_writes.clear();
+    window().Command(308)->trigger();
+    QCOMPARE(window().session().ActiveView, View::ViewOutput);
+    QCOMPARE(window().platform().pane_writes[2], 1);
+    QCOMPARE(window().platform().pane_writes[3], 1);
+  }
+
+  void TheUsersDataFolderIsTheWorkingFolder() {
+    const Path scores = WriteScores();
+    std::filesystem::current_path(scores.parent_path());
+    window().Start("scores.dcs");  // as the folder of the call understands it
+    QCOMPARE(window().Pane(2), "4 Records");
+    QVERIFY(std::filesystem::equivalent(std::filesystem::current_path(), window().documents_folder() / "Tessara Data"));
+  }
+
+  void AFileOfAnyNameOpensAgainAfterARestart() {
+    const Path odd = WriteScores("odd\n\xFF\t&%41,.dcs");
+    window().Start();
+    window().frame().OpenFile(odd);
+    QCOMPARE(window().Pane(2), "4 Records");
+    window().Trigger(101);
+    window().End();
+    window().Start();
+    auto* recent = window().Find<QMenu>("RecentFiles");
+    QCOMPARE(recent->actions().size(), qsizetype{1});
+    recent->actions()[0]->trigger();
+    QCOMPARE(window().Pane(2), "4 Records");
+    QCOMPARE(window().session().data.DataFilePath, odd);
+  }
+
+  void AFileOfTheCommandLineIsARecentOne() {
+    window().Start(WriteScores());
+    QVERIFY(window().Find<QMenu>("RecentFiles")->actions().at(0)->text().contains("scores.dcs"));
   }
 
   void TheHelpPaneShowsThePageOfTheView() {
@@ -386,6 +464,47 @@ class FrameTest : public QObject {
     window().frame().close();
     QCOMPARE(window().Setting("Op8"), std::to_string(900 * 15));
     QCOMPARE(window().Setting("Op7"), std::to_string(700 * 15));
+  }
+
+  void ThePlaceAndTheMaximisedStateAreKept() {
+    window().Start();
+    window().frame().move(40, 30);
+    window().frame().resize(700, 520);
+    QCoreApplication::processEvents();
+    const QPoint place = window().frame().pos();
+    window().frame().close();
+    window().End();
+    window().Start();
+    QCOMPARE(window().frame().pos(), place);
+    QVERIFY(!window().frame().isMaximized());
+
+    window().frame().showMaximized();
+    QCoreApplication::processEvents();
+    window().frame().close();
+    window().End();
+    window().Start();
+    QVERIFY(window().frame().isMaximized());
+    window().frame().showNormal();
+    QCoreApplication::processEvents();
+    QCOMPARE(window().frame().size(), QSize(700, 520));
+  }
+
+  void APlaceThatNoScreenShowsIsPassedOver() {
+    window().store().Write("WindowPlace", "-9000 -9000 700 520 0");
+    window().Start();
+    QVERIFY(QGuiApplication::primaryScreen()->availableGeometry().intersects(window().frame().frameGeometry()));
+  }
+
+  void EverySettingThatIsStoredHasItsRow() {
+    window().Start();
+    OpenByMenu(WriteScores());
+    window().Trigger(602);
+    ShowAtStart()->click();
+    window().frame().close();
+    QSettings stored(PathToQt(window().folder() / "settings.ini"), QSettings::IniFormat);
+    stored.beginGroup("Software/Tessara5/Options");
+    QVERIFY(stored.childKeys().size() > 12);
+    for (const QString& name : stored.childKeys()) QVERIFY2(FindSetting(name.toStdString()), qPrintable(name));
   }
 
   void RepairAsksAndCopies() {

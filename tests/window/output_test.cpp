@@ -24,16 +24,14 @@ class OutputTest : public QObject {
   void MakeTwoReports() {
     for (const char* report : {"First report\r\n", "Second report\r\n"}) {
       BeginRun(Output());
-      Output().ReportText = report;
-      AppendReport(Output());
+      AppendReport(Output(), report);
     }
     window().ShowView(View::ViewOutput);
   }
   // A run whose report is shown at once.
   void AddReport(const std::string& report) {
     BeginRun(Output());
-    Output().ReportText = report;
-    AppendReport(Output());
+    AppendReport(Output(), report);
     dynamic_cast<ViewForm*>(window().Find("Output1"))->ShowSession();
   }
 
@@ -99,8 +97,7 @@ class OutputTest : public QObject {
 
   void ConvertTurnsTheSheetIntoTabsAndLeavesTheLog() {
     BeginRun(Output());
-    Output().ReportText = "Mean          -2.5\r\n";
-    AppendReport(Output());
+    AppendReport(Output(), "Mean          -2.5\r\n");
     window().ShowView(View::ViewOutput);
     window().Trigger(211);
     QVERIFY(Sheet()->toPlainText().startsWith("Mean\t2.5\n"));

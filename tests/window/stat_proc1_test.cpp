@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 #include "window/stat_procs/variable_lists.h"
 
@@ -38,11 +39,11 @@ class StatProc1Test : public QObject {
 
   void Load(const std::vector<std::string>& names) {
     DataSet& data = session_->data;
-    data.matrix = DataMatrix(10 + kFirstRecordRow, names.size());
+    MatrixEditor(data).Replace(DataMatrix(10 + kFirstRecordRow, names.size()));
     data.RecordCount = 10;
     data.VariableCount = names.size();
-    for (std::size_t i = 0; i < names.size(); ++i) data.matrix.SetText(kVariableNameRow, i + 1, names[i]);
-    ++data.Revision;
+    for (std::size_t i = 0; i < names.size(); ++i) MatrixEditor(data).SetText(kVariableNameRow, i + 1, names[i]);
+    MatrixEditor(data).Replace(data.matrix);
     RebuildVariableLists(data);
     view_->ShowSession();
   }
@@ -81,17 +82,17 @@ class StatProc1Test : public QObject {
 
   void TheMouseChoosesVariables() {
     Pick(1);
-    QCOMPARE(session_->data.RoleVariable[kMainRole], std::size_t{1});
+    QCOMPARE(session_->panel.PickedVariable, std::size_t{1});
     Pick(3, Qt::ControlModifier);
     Click("Image2(0)");
     QCOMPARE(panel().SelectedVariables, (Columns{1, 3}));
-    QCOMPARE(session_->data.SelectedVariableCount, std::size_t{2});
+    QCOMPARE(session_->panel.SelectedVariables.size(), std::size_t{2});
     QCOMPARE(List("List2")->model()->index(1, 0).data().toString(), QString("SMOKE"));
     Pick(2);
     Click("Image2(1)");
     QCOMPARE(panel().IndependentVariables, Columns{2});
     Click("Image2(2)");
-    QCOMPARE(session_->data.RoleVariable[kControlRole], std::size_t{2});
+    QCOMPARE(session_->panel.control_variable.column, std::size_t{2});
     QCOMPARE(Find<QLineEdit>("Text18")->text(), QString("SEX"));
   }
 
@@ -131,7 +132,6 @@ class StatProc1Test : public QObject {
 
   void AnArrowWithoutASelectionRemovesWhatIsMarked() {
     panel().SelectedVariables = {1, 2, 3};
-    session_->data.SelectedVariableCount = 3;
     view_->ShowSession();
     List("List2")->setCurrentIndex(List("List2")->model()->index(1, 0));
     Click("Image2(0)");
@@ -226,7 +226,8 @@ class StatProc1Test : public QObject {
     Click("Option22");
     QCOMPARE(panel().regression, RegressionKind::kLogistic);
     QCOMPARE(Find<QCheckBox>("Check1")->text(), QString("Save Predicted"));
-    QVERIFY(Find<QCheckBox>("Check2")->isHidden());
+    QVERIFY(!Find<QCheckBox>("Check2")->isHidden());
+    QCOMPARE(Find<QCheckBox>("Check2")->text(), QString("Summary Statistics"));
     QCOMPARE(Find<QLabel>("Label10")->text(), QString("  Logistic Regression    [Example]"));
   }
 
@@ -254,7 +255,7 @@ class StatProc1Test : public QObject {
     Click("RunButton");
     QCOMPARE(asked.size(), 1);
     QCOMPARE(panel().selected, Procedure::kCrosstabulation);
-    QVERIFY(panel().checks.Check1 && !panel().checks.Check2);
+    QVERIFY(panel().options.crosstabulation.association && !panel().options.crosstabulation.chi_square_tests);
     QCOMPARE(panel().control.relation, ControlRelation::kEqualTo);
     QCOMPARE(panel().control.value, std::string("Male"));
   }
@@ -274,14 +275,18 @@ class StatProc1Test : public QObject {
   void GreaterThanTakesNumbersOnly() {
     Click("Option8");
     auto* value = Find<QLineEdit>("Text1");
+    value->setFocus();
     QTest::keyClicks(value, "old");
-    view_->StoreWidgets();
-    QCOMPARE(platform_.messages.size(), std::size_t{1});
+    QTest::keyClick(value, Qt::Key_Tab);
+    QTRY_COMPARE(platform_.messages.size(), std::size_t{1});
     QCOMPARE(platform_.messages[0].title, std::string("Warning"));
     QCOMPARE(platform_.messages[0].text, std::string("Only numerical entries are allowed."));
-    QVERIFY(value->text().isEmpty());
+    QCOMPARE(value->text(), QString("old"));  // left in place, with the keyboard
+    QVERIFY(value->hasFocus());
     Click("Option10");
     QTest::keyClicks(Find<QLineEdit>("Text3"), "old");
+    QTest::keyClick(Find<QLineEdit>("Text3"), Qt::Key_Tab);
+    QCoreApplication::processEvents();
     view_->StoreWidgets();
     QCOMPARE(platform_.messages.size(), std::size_t{1});
     QCOMPARE(panel().control.value, std::string("old"));
@@ -293,7 +298,7 @@ class StatProc1Test : public QObject {
     Click("Option9");
     QTest::keyClicks(Find<QLineEdit>("Text2"), "5");
     Click("ResetVar");
-    QCOMPARE(session_->data.RoleVariable[kControlRole], std::size_t{0});
+    QCOMPARE(session_->panel.control_variable.column, std::size_t{0});
     QVERIFY(Find<QLineEdit>("Text18")->text().isEmpty());
     QVERIFY(!Find<QRadioButton>("Option9")->isChecked());
     QVERIFY(Find<QLineEdit>("Text2")->text().isEmpty());

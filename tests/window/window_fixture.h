@@ -11,6 +11,7 @@
 #include <QtTest>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -83,6 +84,11 @@ class AnsweringPlatform : public QtPlatform {
     return true;
   }
   std::vector<QImage> printed_pictures;
+  void SetStatusPane(int pane, const std::string& text) override {
+    ++pane_writes[pane];
+    QtPlatform::SetStatusPane(pane, text);
+  }
+  std::map<int, int> pane_writes;
   bool PlaySoundFile(const Path& path) override { return script.PlaySoundFile(path); }
   bool OpenOnDesktop(const QString& address) override { return script.OpenDocument(address.toStdString()); }
   DateTime Now() override { return script.Now(); }

@@ -10,9 +10,9 @@ constexpr OptionRow kOptions[] = {
 };
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kAnova, [&](ProcedurePanel& panel) {
-    panel.checks.Check1 = words.Has("--post-hoc");
-    panel.checks.Check2 = words.Has("--summary");
+  return RunProcedure(batch, words, Procedure::kAnova, [&](ProcedureOptions& options) {
+    options.anova.post_hoc = words.Has("--post-hoc");
+    options.anova.summary = words.Has("--summary");
   });
 }
 

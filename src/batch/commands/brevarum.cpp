@@ -71,7 +71,7 @@ std::string FillBox(BrevarumPanel& panel, const BrevarumPanelRow& row, std::stri
 Calculation CalculateApart(Session& session) {
   OutputLog apart;
   Calculation result = Calculate(session.brevarum, apart, session.platform);
-  if (result.report) ReplaceMostRecent(session.output, std::move(apart.ReportText));
+  if (result.report) ReplaceMostRecent(session.output, *result.report + "\r\n");
   return result;
 }
 

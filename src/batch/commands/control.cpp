@@ -42,15 +42,15 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
   const std::string& variable = words.words[0];
   if (variable == "none") {
     if (!words.options.empty()) return NotUnderstood("\"none\" takes no relation");
-    ResetControl(session.data, session.panel);
+    ResetControl(session.panel);
     return Done();
   }
   if (words.options.size() > 1) return NotUnderstood("only one relation may be given");
   const auto column = FindVariable(session.data, variable);
   if (!column) return NotUnderstood(UnknownVariable(variable));
 
-  ResetControl(session.data, session.panel);
-  SetControlVariable(session.data, batch.platform, {*column});
+  ResetControl(session.panel);
+  SetControlVariable(session.panel, session.data, batch.platform, {*column});
   ControlChoice& choice = session.panel.control;
   for (const RelationWord& row : kRelations) {
     const auto value = words.Value(row.option);
@@ -58,7 +58,7 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
     choice.relation = row.relation;
     if (row.relation == ControlRelation::kAllMissing || row.relation == ControlRelation::kNoMissing) continue;
     choice.value = HeldText(*value);
-    if (TakesNumber(row.relation) && !choice.value.empty()) AcceptControlNumber(batch.platform, choice.value);
+    if (TakesNumber(row.relation) && !AcceptControlNumber(batch.platform, choice.value)) choice.value.clear();
   }
   return Done();
 }
@@ -72,8 +72,9 @@ constinit const CommandRow kControlCommand{
     .details =
         "The commands that follow use only the cases whose value of VAR meets the relation; a\n"
         "missing value of VAR never does, but for --all-missing. At most one relation may be\n"
-        "given. The control stays until the next control command; \"control none\" and new end it,\n"
-        "and after open it means the variable of the same column.\n"
+        "given. The control stays until the next control command; \"control none\" and new end it.\n"
+        "It belongs to its variable: open resets it, with a note, unless the column of the variable\n"
+        "carries the same name in the other data.\n"
         "--gt and --lt take numbers: another value is answered by a warning and counts as empty,\n"
         "which is no relation. A text value of VAR passes both.\n"
         "A variable named \"none\" is reached by its number.\n",

@@ -9,7 +9,8 @@ CommandResult RunPair(Batch& batch, const CommandWords& words) {
 }
 
 CommandResult RunMatrix(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kCorrelation, [](ProcedurePanel& panel) { panel.checks.Check2 = true; });
+  return RunProcedure(batch, words, Procedure::kCorrelation,
+                      [](ProcedureOptions& options) { options.correlation.create_matrix = true; });
 }
 
 }  // namespace

@@ -12,11 +12,11 @@ constexpr OptionRow kOptions[] = {
 };
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kCrosstabulation, [&](ProcedurePanel& panel) {
-    panel.checks.Check1 = words.Has("--association");
-    panel.checks.Check2 = !words.Has("--no-chi-square");
-    panel.checks.Check11 = words.Has("--agreement");
-    panel.checks.Check12 = words.Has("--risk");
+  return RunProcedure(batch, words, Procedure::kCrosstabulation, [&](ProcedureOptions& options) {
+    options.crosstabulation.association = words.Has("--association");
+    options.crosstabulation.chi_square_tests = !words.Has("--no-chi-square");
+    options.crosstabulation.agreement = words.Has("--agreement");
+    options.crosstabulation.risk = words.Has("--risk");
   });
 }
 

@@ -10,9 +10,9 @@ constexpr OptionRow kOptions[] = {
 };
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kDescriptives, [&](ProcedurePanel& panel) {
-    panel.checks.Check1 = words.Has("--chart");
-    panel.checks.Check2 = words.Has("--save-z");
+  return RunProcedure(batch, words, Procedure::kDescriptives, [&](ProcedureOptions& options) {
+    options.descriptives.bar_chart = words.Has("--chart");
+    options.descriptives.save_z_scores = words.Has("--save-z");
   });
 }
 

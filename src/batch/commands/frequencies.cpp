@@ -10,7 +10,7 @@ constexpr OptionRow kOptions[] = {
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
   return RunProcedure(batch, words, Procedure::kFrequencies,
-                      [&](ProcedurePanel& panel) { panel.checks.Check2 = words.Has("--dispersion"); });
+                      [&](ProcedureOptions& options) { options.frequencies.dispersion = words.Has("--dispersion"); });
 }
 
 }  // namespace

@@ -10,8 +10,9 @@ constexpr OptionRow kOptions[] = {
 };
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kListVariables,
-                      [&](ProcedurePanel& panel) { panel.Text7 = HeldText(words.Value("--max").value_or("")); });
+  return RunProcedure(batch, words, Procedure::kListVariables, [&](ProcedureOptions& options) {
+    options.list.max_observations = HeldText(words.Value("--max").value_or(""));
+  });
 }
 
 }  // namespace

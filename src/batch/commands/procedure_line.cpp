@@ -4,11 +4,10 @@ namespace tessara {
 
 void PreparePanel(Batch& batch, Procedure procedure, const VariableLists& variables) {
   Session& session = batch.session;
-  ClearPanelLists(session.data, session.panel);
+  ClearPanelLists(session.panel);
   SelectProcedure(session.panel, procedure);
-  session.panel.checks = {};
   for (const std::size_t column : variables.first) {
-    AddAnalysisVariable(session.data, session.panel, batch.platform, {column});
+    AddAnalysisVariable(session.panel, batch.platform, {column});
   }
   for (const std::size_t column : variables.second) {
     AddIndependentVariable(session.panel, batch.platform, {column});
@@ -17,7 +16,7 @@ void PreparePanel(Batch& batch, Procedure procedure, const VariableLists& variab
 
 CommandResult RunPrepared(Batch& batch) {
   const RunOutcome outcome = RunPanel(batch.session);
-  ClearPanelLists(batch.session.data, batch.session.panel);
+  ClearPanelLists(batch.session.panel);
   return {outcome.refused || outcome.aborted ? BatchStatus::kRefused : BatchStatus::kAllWell, {}};
 }
 

@@ -15,18 +15,18 @@ constexpr OptionRow kLogisticOptions[] = {
 };
 
 CommandResult RunLeastSquares(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kRegression, [&](ProcedurePanel& panel) {
-    panel.regression = RegressionKind::kLeastSquares;
-    panel.checks.Check1 = words.Has("--save-residuals");
-    panel.checks.Check2 = words.Has("--summary");
+  batch.session.panel.regression = RegressionKind::kLeastSquares;
+  return RunProcedure(batch, words, Procedure::kRegression, [&](ProcedureOptions& options) {
+    options.least_squares.save_residuals = words.Has("--save-residuals");
+    options.least_squares.summary = words.Has("--summary");
   });
 }
 
 CommandResult RunLogistic(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kRegression, [&](ProcedurePanel& panel) {
-    panel.regression = RegressionKind::kLogistic;
-    panel.checks.Check1 = words.Has("--save-predicted");
-    panel.checks.Check2 = words.Has("--summary");
+  batch.session.panel.regression = RegressionKind::kLogistic;
+  return RunProcedure(batch, words, Procedure::kRegression, [&](ProcedureOptions& options) {
+    options.logistic.save_predicted = words.Has("--save-predicted");
+    options.logistic.summary = words.Has("--summary");
   });
 }
 

@@ -8,10 +8,11 @@ namespace tessara {
 namespace {
 
 CommandResult Run(Batch& batch, const CommandWords&) {
-  OutputLog& output = batch.session.output;
-  output.ReportText.clear();
-  for (const std::string& line : RefreshDataStatistics(batch.session.data).labels) output.ReportText += line + "\r\n";
-  AppendReport(output);
+  std::string report;
+  for (const DataStatistics::Line& line : RefreshDataStatistics(batch.session.data).lines) {
+    report += line.Text() + "\r\n";
+  }
+  AppendReport(batch.session.output, report);
   return Done();
 }
 

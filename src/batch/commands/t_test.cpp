@@ -10,9 +10,9 @@ constexpr OptionRow kOptions[] = {
 };
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
-  return RunProcedure(batch, words, Procedure::kTTest, [&](ProcedurePanel& panel) {
-    panel.Text5 = HeldText(words.Value("--groups").value_or(""));
-    panel.Text6 = HeldText(words.SecondValue("--groups").value_or(""));
+  return RunProcedure(batch, words, Procedure::kTTest, [&](ProcedureOptions& options) {
+    options.t_test.group_a = HeldText(words.Value("--groups").value_or(""));
+    options.t_test.group_b = HeldText(words.SecondValue("--groups").value_or(""));
   });
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/change_door.h"
 #include "data/missing_test.h"
 #include "data/used_range.h"
 #include "data/value_labels.h"
@@ -17,14 +18,14 @@ namespace {
 // Columns of texts; a null pointer is a cell never assigned.
 DataSet MakeData(const std::vector<std::vector<const char*>>& columns, std::size_t records) {
   DataSet data;
-  data.matrix = DataMatrix(kFirstRecordRow + records, columns.size());
+  MatrixEditor(data).Replace(DataMatrix(kFirstRecordRow + records, columns.size()));
   data.RecordCount = records;
   data.VariableCount = columns.size();
   for (std::size_t column = 0; column < columns.size(); ++column) {
-    data.matrix.SetText(kVariableNameRow, column + 1, "V" + std::to_string(column + 1));
+    MatrixEditor(data).SetText(kVariableNameRow, column + 1, "V" + std::to_string(column + 1));
     for (std::size_t record = 0; record < columns[column].size(); ++record) {
       if (const char* text = columns[column][record]) {
-        data.matrix.SetText(kFirstRecordRow + record, column + 1, text);
+        MatrixEditor(data).SetText(kFirstRecordRow + record, column + 1, text);
       }
     }
   }
@@ -99,7 +100,7 @@ TEST(DataSet, AShapeIsHeldWhenItsCellsFitTheMemory) {
 
 TEST(DataSet, TheVariableListsNameEveryColumnBehindNone) {
   DataSet data = MakeData({{"1"}, {"2"}}, 1);
-  data.matrix.SetText(kVariableNameRow, 2, "SEX");
+  MatrixEditor(data).SetText(kVariableNameRow, 2, "SEX");
   RebuildVariableLists(data);
   ASSERT_EQ(data.VarList.size(), 3u);
   EXPECT_EQ(data.VarList[0].name, "None");
@@ -112,28 +113,28 @@ TEST(DataSet, TheVariableListsNameEveryColumnBehindNone) {
 
 // Missing values.
 
-TEST(LoadMissingSet, UnpacksTheSpecOfTheRolesVariable) {
+TEST(LoadMissingSet, UnpacksTheSpecOfTheVariable) {
   DataSet data = MakeData({{"1"}, {"2"}}, 1);
-  data.matrix.SetText(kMissingSpecRow, 2, "9|98|n/a||1|7.5|");
-  data.RoleVariable[kMainRole] = 2;
-  LoadMissingSet(data, kMainRole);
-  const auto& entries = data.MissingSet[kMainRole].entries;
+  MatrixEditor(data).SetText(kMissingSpecRow, 2, "9|98|n/a||1|7.5|");
+  const MissingValues missing = LoadMissingSet(data.matrix, 2);
+  const auto& entries = missing.entries;
   EXPECT_EQ(entries[0].view().text(), "9");
   EXPECT_EQ(entries[1].view().text(), "98");
   EXPECT_EQ(entries[2].view().text(), "n/a");
   EXPECT_TRUE(entries[3].view().is_blank());
   EXPECT_EQ(entries[4].view().text(), "1");
   EXPECT_EQ(entries[5].view().text(), "7.5");
-  data.RoleVariable[kMainRole] = 1;
-  LoadMissingSet(data, kMainRole);  // empties what the last variable had
-  EXPECT_FALSE(data.MissingSet[kMainRole].HasSingleValues());
-  EXPECT_FALSE(data.MissingSet[kMainRole].HasBounds());
+  EXPECT_FALSE(LoadMissingSet(data.matrix, 1).HasSingleValues());
+  EXPECT_FALSE(LoadMissingSet(data.matrix, 1).HasBounds());
 }
 
-TEST(LoadMissingSet, ARoleWithoutAVariableHasNoMissingValues) {
+TEST(LoadMissingSet, AColumnThatTheMatrixLacksHasNoMissingValues) {
   DataSet data = MakeData({{"1"}}, 1);
-  LoadMissingSet(data, kControlRole);
-  EXPECT_FALSE(data.MissingSet[kControlRole].HasSingleValues());
+  MatrixEditor(data).SetText(kMissingSpecRow, 1, "9||||1|7.5|");
+  for (const std::size_t column : {0u, 2u}) {
+    EXPECT_FALSE(LoadMissingSet(data.matrix, column).HasSingleValues());
+    EXPECT_FALSE(LoadMissingSet(data.matrix, column).HasBounds());
+  }
 }
 
 TEST(MissingValues, ASpecOfSixCharactersIsNoDefinition) {
@@ -226,10 +227,10 @@ TEST(MissingTest, AgreesWithTheTestOfEveryValue) {
 
 TEST(ValueLabels, AreSplitAtTheFirstEqualsSign) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "1=Yes");
-  data.matrix.SetText(5, 1, "2=a=b");
-  data.matrix.SetText(11, 1, "8=the last slot");
-  data.matrix.SetText(12, 1, "9=a reserved row");
+  MatrixEditor(data).SetText(4, 1, "1=Yes");
+  MatrixEditor(data).SetText(5, 1, "2=a=b");
+  MatrixEditor(data).SetText(11, 1, "8=the last slot");
+  MatrixEditor(data).SetText(12, 1, "9=a reserved row");
   const ValueLabels labels = LoadValueLabels(data.matrix, 1);
   EXPECT_FALSE(labels.NoValueLabels);
   EXPECT_EQ(labels.Apply("1"), "Yes");
@@ -242,17 +243,17 @@ TEST(ValueLabels, AreSplitAtTheFirstEqualsSign) {
 
 TEST(ValueLabels, ASlotBelowThreeCharactersIsEmpty) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "1=");
+  MatrixEditor(data).SetText(4, 1, "1=");
   EXPECT_TRUE(LoadValueLabels(data.matrix, 1).NoValueLabels);
   EXPECT_EQ(LoadValueLabels(data.matrix, 1).Apply("1"), "1");
-  data.matrix.SetText(5, 1, "10=");
+  MatrixEditor(data).SetText(5, 1, "10=");
   EXPECT_FALSE(LoadValueLabels(data.matrix, 1).NoValueLabels);
   EXPECT_EQ(LoadValueLabels(data.matrix, 1).Apply("10"), "");
 }
 
 TEST(ValueLabels, ASlotWithoutAnEqualsSignIsAValueWithAnEmptyLabel) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "abc");
+  MatrixEditor(data).SetText(4, 1, "abc");
   const ValueLabels labels = LoadValueLabels(data.matrix, 1);
   EXPECT_FALSE(labels.NoValueLabels);
   EXPECT_EQ(labels.Apply("abc"), "");
@@ -260,84 +261,59 @@ TEST(ValueLabels, ASlotWithoutAnEqualsSignIsAValueWithAnEmptyLabel) {
 
 TEST(ValueLabels, TheFirstOfTwoEqualValuesCounts) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "1=first");
-  data.matrix.SetText(5, 1, "1=second");
+  MatrixEditor(data).SetText(4, 1, "1=first");
+  MatrixEditor(data).SetText(5, 1, "1=second");
   EXPECT_EQ(LoadValueLabels(data.matrix, 1).Apply("1"), "first");
 }
 
 // The used range.
 
+void ExpectUsed(const DataSet& data, std::size_t records, std::size_t variables) {
+  const UsedRange used = TrimToUsedRange(data);
+  EXPECT_EQ(used.records, records);
+  EXPECT_EQ(used.variables, variables);
+}
+
 TEST(TrimToUsedRange, CutsTheTrailingRunsOfBlankColumnsAndRecords) {
-  DataSet data = MakeData({{"1", nullptr, "3"}, {nullptr}, {"", "5", ""}, {"", nullptr}}, 6);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 3u);
-  EXPECT_EQ(data.VariableCount, 3u);  // the blank second one has data to its right
-  EXPECT_EQ(data.WorkingRecordCount, 6u);
-  EXPECT_EQ(data.WorkingVariableCount, 4u);
-  RestoreWorkingCounts(data);
+  const DataSet data = MakeData({{"1", nullptr, "3"}, {nullptr}, {"", "5", ""}, {"", nullptr}}, 6);
+  ExpectUsed(data, 3, 3);  // the blank second column has data to its right
   EXPECT_EQ(data.RecordCount, 6u);
   EXPECT_EQ(data.VariableCount, 4u);
 }
 
 TEST(TrimToUsedRange, ANamedButEmptyLastColumnIsCut) {
   DataSet data = MakeData({{"1"}, {nullptr}}, 1);
-  data.matrix.SetText(kVariableLabelRow, 2, "a label");
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.VariableCount, 1u);
+  MatrixEditor(data).SetText(kVariableLabelRow, 2, "a label");
+  ExpectUsed(data, 1, 1);
 }
 
 TEST(TrimToUsedRange, NumbersEqualToZeroAreBlank) {
   DataSet data = MakeData({{"1"}, {nullptr}}, 2);
-  data.matrix.SetNumber(kFirstRecordRow, 2, 0);
-  data.matrix.SetNumber(kFirstRecordRow + 1, 1, 0);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 1u);
-  EXPECT_EQ(data.VariableCount, 1u);
-  RestoreWorkingCounts(data);
-  data.matrix.SetText(kFirstRecordRow + 1, 2, "0");
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 2u);
-  EXPECT_EQ(data.VariableCount, 2u);
+  MatrixEditor(data).SetNumber(kFirstRecordRow, 2, 0);
+  MatrixEditor(data).SetNumber(kFirstRecordRow + 1, 1, 0);
+  ExpectUsed(data, 1, 1);
+  MatrixEditor(data).SetText(kFirstRecordRow + 1, 2, "0");
+  ExpectUsed(data, 2, 2);
 }
 
 TEST(TrimToUsedRange, WhereEveryColumnIsBlankBothCountsAreZero) {
   DataSet data;
   MakeEmptyDataSet(data);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 0u);
-  EXPECT_EQ(data.VariableCount, 0u);
-  RestoreWorkingCounts(data);
-  EXPECT_EQ(data.RecordCount, 1000u);
+  ExpectUsed(data, 0, 0);
 }
 
 TEST(TrimToUsedRange, NoRecordsOrNoVariablesAreNothing) {
   DataSet data = MakeData({{"1"}}, 1);
   data.RecordCount = 0;
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.VariableCount, 0u);
-  data = MakeData({}, 5);
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 0u);
+  ExpectUsed(data, 0, 0);
+  ExpectUsed(MakeData({}, 5), 0, 0);
 }
 
 TEST(TrimToUsedRange, RecordsBehindTheCountsDoNotReachIn) {
   DataSet data = MakeData({{"1", nullptr, "3"}, {"2"}}, 3);
   data.RecordCount = 2;
   data.VariableCount = 1;
-  TrimToUsedRange(data);
-  EXPECT_EQ(data.RecordCount, 1u);
-  EXPECT_EQ(data.VariableCount, 1u);
-}
-
-TEST(UsedRange, LastsAsLongAsItsBlock) {
-  DataSet data = MakeData({{"1"}, {nullptr}}, 4);
-  {
-    const UsedRange used(data);
-    EXPECT_EQ(data.RecordCount, 1u);
-    EXPECT_EQ(data.VariableCount, 1u);
-  }
-  EXPECT_EQ(data.RecordCount, 4u);
-  EXPECT_EQ(data.VariableCount, 2u);
+  ExpectUsed(data, 1, 1);
 }
 
 }  // namespace

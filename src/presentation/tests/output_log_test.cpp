@@ -12,20 +12,15 @@ namespace {
 
 constexpr std::string_view kFilter = "Text files (*.txt)|*.txt|Data files (*.csv)|*.csv|All files (*.*)|*.*";
 
-void Append(OutputLog& output, const std::string& report) {
-  output.ReportText = report;
-  AppendReport(output);
-}
-
 std::string WithSeparator(const std::string& report) { return report + "\r\n<Page Break>\r\n\r\n\r\n"; }
 
 // Two runs with a report each; the box shows the second, and all of it has been saved.
 OutputLog TwoRuns() {
   OutputLog output;
   BeginRun(output);
-  Append(output, "first");
+  AppendReport(output, "first");
   BeginRun(output);
-  Append(output, "second");
+  AppendReport(output, "second");
   output.OutputChanged = false;
   return output;
 }
@@ -42,17 +37,16 @@ TEST(OutputLog, StartsEmptyWithTheMostRecentOutput) {
 
 TEST(OutputLog, SeparatorStandsBehindEachReport) {
   OutputLog output;
-  Append(output, "report\r\n");
+  AppendReport(output, "report\r\n");
   EXPECT_EQ(output.OutputLogText, "report\r\n\r\n<Page Break>\r\n\r\n\r\n");
   EXPECT_EQ(output.MostRecentText, output.OutputLogText);
   EXPECT_EQ(output.BoxText(), output.OutputLogText);
   EXPECT_TRUE(output.OutputChanged);
-  EXPECT_EQ(output.ReportText, "report\r\n");
 }
 
 TEST(OutputLog, EmptyReportLeavesItsSeparator) {
   OutputLog output;
-  AppendReport(output);
+  AppendReport(output, "");
   EXPECT_EQ(output.BoxText(), WithSeparator(""));
   EXPECT_TRUE(output.OutputChanged);
 }
@@ -60,8 +54,8 @@ TEST(OutputLog, EmptyReportLeavesItsSeparator) {
 TEST(OutputLog, TwoProceduresOfOneRunBothStandInTheMostRecentText) {
   OutputLog output = TwoRuns();
   BeginRun(output);
-  Append(output, "third");
-  Append(output, "fourth");
+  AppendReport(output, "third");
+  AppendReport(output, "fourth");
   EXPECT_EQ(output.MostRecentText, WithSeparator("third") + WithSeparator("fourth"));
   EXPECT_EQ(output.BoxText(), output.MostRecentText);
   EXPECT_EQ(output.OutputLogText, kTwoRunsLog + WithSeparator("third") + WithSeparator("fourth"));
@@ -69,8 +63,7 @@ TEST(OutputLog, TwoProceduresOfOneRunBothStandInTheMostRecentText) {
 
 TEST(OutputLog, CalculatorResultReplacesTheMostRecentText) {
   OutputLog output = TwoRuns();
-  output.ReportText = "result";
-  ReplaceReport(output);
+  ReplaceReport(output, "result");
   EXPECT_EQ(output.MostRecentText, WithSeparator("result"));
   EXPECT_EQ(output.BoxText(), WithSeparator("result"));
   EXPECT_EQ(output.OutputLogText, kTwoRunsLog + WithSeparator("result"));
@@ -80,8 +73,7 @@ TEST(OutputLog, CalculatorResultReplacesTheMostRecentText) {
 TEST(OutputLog, CalculatorResultInLogMode) {
   OutputLog output = TwoRuns();
   ToggleOutputMode(output);
-  output.ReportText = "result";
-  ReplaceReport(output);
+  ReplaceReport(output, "result");
   EXPECT_EQ(output.BoxText(), kTwoRunsLog + WithSeparator("result"));
   EXPECT_EQ(output.MostRecentText, WithSeparator("result"));
 }
@@ -94,7 +86,7 @@ TEST(OutputLog, BoxKeepsTheOldTextUntilTheFirstReportOfARun) {
   EXPECT_EQ(output.BoxText(), WithSeparator("second"));
   EXPECT_EQ(output.Version(), shown);
   EXPECT_FALSE(output.OutputChanged);
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.BoxText(), WithSeparator("third"));
   EXPECT_NE(output.Version().lineage, shown.lineage);
   EXPECT_TRUE(output.OutputChanged);
@@ -133,7 +125,7 @@ TEST(OutputLog, SameReportAgainIsNoChangeOfTheBox) {
   OutputLog output = TwoRuns();
   const BoxVersion shown = output.Version();
   BeginRun(output);
-  Append(output, "second");
+  AppendReport(output, "second");
   EXPECT_EQ(output.BoxText(), WithSeparator("second"));
   EXPECT_EQ(output.Version(), shown);
   EXPECT_FALSE(output.OutputChanged);
@@ -155,7 +147,7 @@ TEST(OutputLog, ToggleShowsTheOtherTextAndChangesTheCaption) {
 
 TEST(OutputLog, ToggleBetweenEqualTextsIsNoChange) {
   OutputLog output;
-  Append(output, "only");
+  AppendReport(output, "only");
   output.OutputChanged = false;
   ToggleOutputMode(output);
   EXPECT_EQ(output.BoxText(), WithSeparator("only"));
@@ -208,7 +200,7 @@ TEST(OutputLog, EditThatIsStoredBackStandsAheadOfTheNextReportOfTheLog) {
   EditBox(output, "edited|");
   StoreBoxText(output);
   EXPECT_EQ(output.OutputLogText, "edited|");
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.BoxText(), "edited|" + WithSeparator("third"));
 }
 
@@ -217,7 +209,7 @@ TEST(OutputLog, EditThatIsNotStoredBackGoesWithTheNextReport) {
   ToggleOutputMode(output);
   EditBox(output, "edited");
   const BoxVersion shown = output.Version();
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.BoxText(), kTwoRunsLog + WithSeparator("third"));
   EXPECT_NE(output.Version().lineage, shown.lineage);
 }
@@ -275,7 +267,7 @@ TEST(OutputLog, ReportBehindAClearBeginsTheLogAnew) {
   OutputLog output = TwoRuns();
   ToggleOutputMode(output);
   ClearOutput(output);
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.BoxText(), WithSeparator("third"));
   EXPECT_EQ(output.MostRecentText, WithSeparator("second") + WithSeparator("third"));
 }
@@ -296,7 +288,7 @@ TEST(OutputLogVersion, ALogThatGrowsKeepsItsLineage) {
   const BoxVersion shown = output.Version();
   EXPECT_EQ(shown.size, kTwoRunsLog.size());
   BeginRun(output);
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.Version().lineage, shown.lineage);
   EXPECT_EQ(output.Version().size, kTwoRunsLog.size() + WithSeparator("third").size());
 }
@@ -306,7 +298,7 @@ TEST(OutputLogVersion, ALogWhoseBoxWasEmptiedMeanwhileHasOnlyGrown) {
   ToggleOutputMode(output);
   const BoxVersion shown = output.Version();
   ClearBox(output);  // as a regression does ahead of its report
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.Version().lineage, shown.lineage);
 }
 
@@ -319,7 +311,7 @@ TEST(OutputLogVersion, AnEditTakesItsLineageIntoTheLog) {
   EXPECT_NE(edited.lineage, before.lineage);
   StoreBoxText(output);
   EXPECT_EQ(output.Version(), edited);
-  Append(output, "third");
+  AppendReport(output, "third");
   EXPECT_EQ(output.Version().lineage, edited.lineage);
 }
 
@@ -336,10 +328,10 @@ TEST(OutputLogVersion, TheTwoTextsAreOfTwoLineages) {
 TEST(OutputLogVersion, AClearedLogBeginsANewLineageThoughItIsAsLongAgain) {
   OutputLog output;
   output.ShowLogMode = true;
-  Append(output, "first");
+  AppendReport(output, "first");
   const BoxVersion shown = output.Version();
   ClearOutput(output);
-  Append(output, "other");
+  AppendReport(output, "other");
   EXPECT_EQ(output.Version().size, shown.size);
   EXPECT_NE(output.Version().lineage, shown.lineage);
 }

@@ -123,8 +123,7 @@ TEST(TabDelimited, AgreesWithTheStepsOnRandomTexts) {
 
 TEST(TabDelimited, ConversionStaysInTheBox) {
   OutputLog output;
-  output.ReportText = "p  -1";
-  AppendReport(output);
+  AppendReport(output, "p  -1");
   output.OutputChanged = false;
   const BoxVersion shown = output.Version();
   ConvertOutputToTabDelimited(output);
@@ -137,8 +136,7 @@ TEST(TabDelimited, ConversionStaysInTheBox) {
 
 TEST(TabDelimited, ConversionOfATextThatStaysTheSameIsNoChange) {
   OutputLog output;
-  output.ReportText = "plain";
-  AppendReport(output);
+  AppendReport(output, "plain");
   output.OutputChanged = false;
   const BoxVersion shown = output.Version();
   ConvertOutputToTabDelimited(output);
@@ -148,8 +146,7 @@ TEST(TabDelimited, ConversionOfATextThatStaysTheSameIsNoChange) {
 
 TEST(TabDelimited, ConvertedTextIsKeptLikeAnEdit) {
   OutputLog output;
-  output.ReportText = "p  -1";
-  AppendReport(output);
+  AppendReport(output, "p  -1");
   ConvertOutputToTabDelimited(output);
   ToggleOutputMode(output);
   EXPECT_EQ(output.MostRecentText, "p\t1\r\n<Page Break>\r\n\r\n\r\n");

@@ -12,10 +12,6 @@
 namespace tessara {
 namespace {
 
-MissingValues MissingValuesOf(const DataSet& data, std::size_t column) {
-  return UnpackMissingSpec(TextOf(data.matrix.Cell(kMissingSpecRow, column)));
-}
-
 // The values of the flagged records, moved together. Every value is written and the place goes on only behind an
 // accepted one, so that no case costs a branch.
 std::vector<double> Compact(const std::vector<double>& values, const CaseFlags& accepted, std::size_t n) {
@@ -31,12 +27,13 @@ std::vector<double> Compact(const std::vector<double>& values, const CaseFlags& 
 
 }  // namespace
 
-CodedColumn ReadCodedColumn(const DataSet& data, std::size_t column) {
-  const MissingValues missing = MissingValuesOf(data, column);
+CodedColumn ReadCodedColumn(const CaseSource& source, std::size_t column) {
+  const DataMatrix& matrix = source.data.matrix;
+  const MissingValues missing = LoadMissingSet(matrix, column);
   CodedColumn coded;
-  coded.codes.resize(data.RecordCount);
+  coded.codes.resize(source.used.records);
   CellDictionary dictionary;
-  data.matrix.ForEachRecord(column, data.RecordCount, [&](std::size_t record, const TaggedView& cell) {
+  matrix.ForEachRecord(column, source.used.records, [&](std::size_t record, const TaggedView& cell) {
     coded.codes[record] = static_cast<std::uint32_t>(dictionary.Find(cell));
   });
   for (std::size_t code = 0; code < dictionary.size(); ++code) {
@@ -46,22 +43,23 @@ CodedColumn ReadCodedColumn(const DataSet& data, std::size_t column) {
   return coded;
 }
 
-CaseFlags PassingRecords(const DataSet& data, const CaseControl& control) {
-  CaseFlags passing = control.PassingCases(data.RecordCount);
-  if (passing.empty()) passing.assign(data.RecordCount, 1);
+CaseFlags PassingRecords(const CaseSource& source) {
+  CaseFlags passing = source.control.PassingCases(source.used.records);
+  if (passing.empty()) passing.assign(source.used.records, 1);
   return passing;
 }
 
-void DropUnlessNumber(const DataSet& data, std::size_t column, CaseFlags& records) {
-  const NumericColumn& numbers = data.matrix.Numbers(column, data.RecordCount);
-  const MissingValues missing = MissingValuesOf(data, column);
+void DropUnlessNumber(const CaseSource& source, std::size_t column, CaseFlags& records) {
+  const DataMatrix& matrix = source.data.matrix;
+  const NumericColumn& numbers = matrix.Numbers(column, source.used.records);
+  const MissingValues missing = LoadMissingSet(matrix, column);
   if (!missing.HasSingleValues() && !missing.HasBounds()) {
     for (std::size_t record = 0; record < records.size(); ++record) {
       records[record] &= static_cast<std::uint8_t>(numbers.classes[record] == CellClass::kNumber);
     }
     return;
   }
-  const MissingTest test(data.matrix, column, missing, numbers);
+  const MissingTest test(matrix, column, missing, numbers);
   for (std::size_t record = 0; record < records.size(); ++record) {
     const bool valid = numbers.classes[record] == CellClass::kNumber && !test.Drops(record);
     records[record] &= static_cast<std::uint8_t>(valid);
@@ -78,14 +76,15 @@ std::size_t CountCases(const CaseFlags& records) {
   return std::accumulate(records.begin(), records.end(), std::size_t{0});
 }
 
-NumberCases GatherNumberCases(const DataSet& data, const CaseControl& control, std::span<const std::size_t> columns) {
+NumberCases GatherNumberCases(const CaseSource& source, std::span<const std::size_t> columns) {
   NumberCases cases;
-  cases.accepted = PassingRecords(data, control);
-  for (const std::size_t column : columns) DropUnlessNumber(data, column, cases.accepted);
+  cases.accepted = PassingRecords(source);
+  for (const std::size_t column : columns) DropUnlessNumber(source, column, cases.accepted);
   cases.n = CountCases(cases.accepted);
-  cases.missing = data.RecordCount - cases.n;
+  cases.missing = source.used.records - cases.n;
   for (const std::size_t column : columns) {
-    cases.variables.push_back(Compact(data.matrix.Numbers(column, data.RecordCount).values, cases.accepted, cases.n));
+    const NumericColumn& numbers = source.data.matrix.Numbers(column, source.used.records);
+    cases.variables.push_back(Compact(numbers.values, cases.accepted, cases.n));
   }
   return cases;
 }

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/data_set.h"
-#include "procedures/cases/case_control.h"
+#include "procedures/cases/case_source.h"
 
 // The cases that a procedure of two or more variables may use: deletion is listwise over the variables of the run, and
 // each variable is tested against its own missing values.
@@ -24,12 +24,12 @@ struct CodedColumn {
   std::vector<TaggedView> cells;     // of each code, in the order in which they are met
   CaseFlags missing;                 // of each code: the value is missing, or the test has failed
 };
-CodedColumn ReadCodedColumn(const DataSet& data, std::size_t column);
+CodedColumn ReadCodedColumn(const CaseSource& source, std::size_t column);
 
 // The records that pass the control; all of them without one.
-CaseFlags PassingRecords(const DataSet& data, const CaseControl& control);
+CaseFlags PassingRecords(const CaseSource& source);
 // Drops the records whose cell is missing or not a number.
-void DropUnlessNumber(const DataSet& data, std::size_t column, CaseFlags& records);
+void DropUnlessNumber(const CaseSource& source, std::size_t column, CaseFlags& records);
 // Drops the records whose cell is missing.
 void DropMissing(const CodedColumn& column, CaseFlags& records);
 
@@ -42,7 +42,7 @@ struct NumberCases {
   std::size_t n = 0;        // cases
   std::size_t missing = 0;  // records that were not accepted
 };
-NumberCases GatherNumberCases(const DataSet& data, const CaseControl& control, std::span<const std::size_t> columns);
+NumberCases GatherNumberCases(const CaseSource& source, std::span<const std::size_t> columns);
 
 // A category of a categorical variable.
 struct Category {

@@ -33,12 +33,11 @@ bool HasValueField(ControlRelation relation) {
 
 }  // namespace
 
-CaseControl::CaseControl(DataSet& data, const ControlChoice& choice) : data_(data), choice_(choice) {
-  const std::size_t column = data.RoleVariable[kControlRole];
+CaseControl::CaseControl(const DataSet& data, std::size_t column, const ControlChoice& choice)
+    : data_(data), choice_(choice) {
   if (column == 0 || column > data.matrix.ColumnCount()) return;
   column_ = column;
-  LoadMissingSet(data, kControlRole);
-  missing_ = data.MissingSet[kControlRole];
+  missing_ = LoadMissingSet(data.matrix, column);
   words_ = data.VariableName(column);
   words_ += OperatorText(choice.relation);
   if (HasValueField(choice.relation)) words_ += choice.value;

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "data/data_set.h"
+#include "data/missing_values.h"
 
 // The case control: every procedure can be limited to part of the cases by a control variable with an optional relation
 // and value. Nothing is stored; the filter is applied while a procedure reads the data.
@@ -21,6 +23,12 @@ enum class ControlRelation {
   kNoMissing,    // Option14
 };
 
+// The variable of the case control, shown in Text18.
+struct ControlVariable {
+  std::size_t column = 0;  // 0 for none
+  std::string name;        // as it was when the variable was set
+};
+
 struct ControlChoice {
   ControlRelation relation = ControlRelation::kNone;
   std::string value;  // the text of the relation's field; an empty one makes it no relation
@@ -31,12 +39,13 @@ struct ControlChoice {
 enum class NotEqualReading { kAsText, kAsNumber };
 
 // The filter of one run: the control variable with its missing values, relation and value, read from the data set and
-// the panel when the run begins. Unpacks role 4's missing values on the way.
+// the panel when the run begins.
 class CaseControl {
  public:
-  CaseControl(DataSet& data, const ControlChoice& choice);
+  // Column 0, and one that the data do not have, count as no control variable.
+  CaseControl(const DataSet& data, std::size_t column, const ControlChoice& choice);
 
-  // Whether there is a control variable at all; a column that the data do not have counts as none.
+  // Whether there is a control variable at all.
   bool active() const { return column_ != 0; }
   std::size_t column() const { return column_; }
 

@@ -10,19 +10,18 @@ constexpr const char* kFrequency = "Frequency";
 
 }  // namespace
 
-CountedCases CountCases(const DataSet& data, const CaseControl& control, const TableVariables& variables,
-                        std::size_t most_cells) {
-  const CodedColumn row_column = ReadCodedColumn(data, variables.rows);
-  const CodedColumn column_column = ReadCodedColumn(data, variables.columns);
-  CaseFlags accepted = PassingRecords(data, control);
+CountedCases CountCases(const CaseSource& source, const TableVariables& variables, std::size_t most_cells) {
+  const CodedColumn row_column = ReadCodedColumn(source, variables.rows);
+  const CodedColumn column_column = ReadCodedColumn(source, variables.columns);
+  CaseFlags accepted = PassingRecords(source);
   DropMissing(row_column, accepted);
   DropMissing(column_column, accepted);
 
   CountedCases cases;
   cases.n = CountCases(accepted);
   if (cases.n == 0) return cases;
-  Categories rows = MakeCategories(data, variables.rows, row_column, accepted);
-  Categories columns = MakeCategories(data, variables.columns, column_column, accepted);
+  Categories rows = MakeCategories(source.data, variables.rows, row_column, accepted);
+  Categories columns = MakeCategories(source.data, variables.columns, column_column, accepted);
   const std::size_t row_count = rows.list.size();
   const std::size_t column_count = columns.list.size();
   cases.rows = std::move(rows.list);
@@ -49,11 +48,12 @@ std::vector<std::string> CategoryLabels(const std::vector<Category>& categories)
   return labels;
 }
 
-std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases) {
+std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases,
+                                   const std::string& column_title) {
   if (std::max(cases.rows.size(), cases.columns.size()) > kMostChartedCategories) return {};
   return {BarsChart("Row Variable", data.VariableName(variables.rows), kFrequency, CategoryLabels(cases.rows),
                     {{kFrequency, cases.table.row_totals}}),
-          BarsChart("Column Variable", data.VariableName(variables.columns), kFrequency, CategoryLabels(cases.columns),
+          BarsChart(column_title, data.VariableName(variables.columns), kFrequency, CategoryLabels(cases.columns),
                     {{kFrequency, cases.table.column_totals}})};
 }
 

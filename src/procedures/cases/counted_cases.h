@@ -8,7 +8,7 @@
 #include "numerics/counted_table.h"
 #include "presentation/chart_data.h"
 #include "procedures/cases/accepted_cases.h"
-#include "procedures/cases/case_control.h"
+#include "procedures/cases/case_source.h"
 
 // Cases counted by the categories of two variables: what a crosstabulation and the accuracy of a diagnostic test begin
 // with.
@@ -33,13 +33,14 @@ struct CountedCases {
   CountedTable table;
 };
 
-// Counts the cases that have a value in both variables and pass the control. Takes the counts of the data set as they
-// stand. One pass over each column, and one over the codes.
-CountedCases CountCases(const DataSet& data, const CaseControl& control, const TableVariables& variables,
+// Counts the cases that have a value in both variables and pass the control. One pass over each column, and one over
+// the codes.
+CountedCases CountCases(const CaseSource& source, const TableVariables& variables,
                         std::size_t most_cells = kMostTableCells);
 
-// The charts "Row Variable" and "Column Variable": the frequencies of each variable.
-std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases);
+// The charts of the frequencies of each variable: "Row Variable", and the columns' under a title of its own.
+std::vector<Chart> FrequencyCharts(const DataSet& data, const TableVariables& variables, const CountedCases& cases,
+                                   const std::string& column_title);
 
 std::vector<std::string> CategoryLabels(const std::vector<Category>& categories);
 

@@ -41,16 +41,15 @@ CaseFlags GroupsThatVary(const GroupedCases& cases) {
 
 }  // namespace
 
-GroupedCases GatherGroups(const DataSet& data, const CaseControl& control, std::size_t continuous,
-                          std::size_t categorical) {
-  const CodedColumn coded = ReadCodedColumn(data, categorical);
-  CaseFlags accepted = PassingRecords(data, control);
-  DropUnlessNumber(data, continuous, accepted);
+GroupedCases GatherGroups(const CaseSource& source, std::size_t continuous, std::size_t categorical) {
+  const CodedColumn coded = ReadCodedColumn(source, categorical);
+  CaseFlags accepted = PassingRecords(source);
+  DropUnlessNumber(source, continuous, accepted);
   DropMissing(coded, accepted);
-  Categories categories = MakeCategories(data, categorical, coded, accepted);
+  Categories categories = MakeCategories(source.data, categorical, coded, accepted);
 
   const std::size_t n = CountCases(accepted);
-  const std::vector<double>& numbers = data.matrix.Numbers(continuous, data.RecordCount).values;
+  const std::vector<double>& numbers = source.data.matrix.Numbers(continuous, source.used.records).values;
   GroupedCases cases;
   cases.values.resize(n + 1);  // one place more for what is written behind the last accepted pair
   cases.groups.resize(n + 1);
@@ -89,14 +88,11 @@ GroupStats ComputeGroupStats(GroupedCases cases) {
   return stats;
 }
 
-std::optional<GroupStats> RunGroupPass(ProcedureRun& run, const CaseControl& control) {
-  const DataSet& data = run.data;
-  const std::size_t continuous = data.RoleVariable[kMainRole];
-  const std::size_t categorical = data.RoleVariable[kIndependentRole];
-  GroupedCases cases = GatherGroups(data, control, continuous, categorical);
+std::optional<GroupStats> RunGroupPass(ProcedureRun& run, const CaseSource& source, const Roles& roles) {
+  GroupedCases cases = GatherGroups(source, roles.main, roles.independent);
   if (cases.values.empty()) {
-    run.ReportError(
-        ErrorMessage("Summary Comparison: ", NamesOfPair(data, continuous, categorical), "There are no observations."));
+    run.ReportError(ErrorMessage("Summary Comparison: ", NamesOfPair(source.data, roles.main, roles.independent),
+                                 "There are no observations."));
     return std::nullopt;
   }
   return ComputeGroupStats(std::move(cases));

@@ -8,7 +8,7 @@
 
 #include "data/data_set.h"
 #include "numerics/checked.h"
-#include "procedures/cases/case_control.h"
+#include "procedures/cases/case_source.h"
 #include "procedures/cases/procedure_run.h"
 
 // The group pass: size, mean and squared deviations of a continuous variable in each category of another variable.
@@ -37,13 +37,12 @@ struct GroupStats {
 };
 
 // A missing value in either variable drops the pair, and so does a continuous cell that is not numeric.
-GroupedCases GatherGroups(const DataSet& data, const CaseControl& control, std::size_t continuous,
-                          std::size_t categorical);
+GroupedCases GatherGroups(const CaseSource& source, std::size_t continuous, std::size_t categorical);
 // Sums run in grid order within each group. The labels move into the table.
 GroupStats ComputeGroupStats(GroupedCases cases);
 
-// Both for the variables in the main and the independent role. Without a case the pass reports its own error, whatever
-// the procedure that runs it, and yields nothing.
-std::optional<GroupStats> RunGroupPass(ProcedureRun& run, const CaseControl& control);
+// Both for the main variable in the groups of the independent one. Without a case the pass reports its own error,
+// whatever the procedure that runs it, and yields nothing.
+std::optional<GroupStats> RunGroupPass(ProcedureRun& run, const CaseSource& source, const Roles& roles);
 
 }  // namespace tessara

@@ -3,29 +3,43 @@
 #include <string>
 #include <utility>
 
+#include "data/change_door.h"
+#include "numerics/report_text.h"
+
 namespace tessara {
 
-void ProcedureRun::AppendReport(std::string report) {
-  output.ReportText = std::move(report);
-  tessara::AppendReport(output);
-}
+void ProcedureRun::AppendReport(std::string report) { reports.push_back(std::move(report)); }
 
 void ProcedureRun::ReportError(std::string_view pending_text) {
   aborted = true;
   ClearCharts(charts);
-  tessara::ReportError(output, pending_text);
+  AppendReport(ErrorFrame(pending_text));
+}
+
+void ProcedureRun::SaveColumn(Column column, std::string what) {
+  saved_columns.push_back(std::move(column));
+  saved_as = std::move(what);
 }
 
 void ProcedureRun::LeaveCharts(ChartKind kind, std::vector<Chart> made) {
-  if (!WantsCharts()) return;
+  if (!wants_charts) return;
   for (Chart& chart : made) chart.footnote = ChartFootnote;
   KeepCharts(charts, kind, std::move(made));
 }
 
-RunCases::RunCases(ProcedureRun& run) : used(run.data), control(run.data, run.panel.control) {
-  LoadMissingSet(run.data, kMainRole);
-  run.ChartFootnote = control.ChartFootnote();
+void FinishRun(ProcedureRun& run, DataSet& data, OutputLog& output, BoxOfRun box) {
+  RoomForReports room = MakeRoom(output, run.reports);
+  if (!run.saved_columns.empty()) {
+    ApplyChange(data, AddColumns(data, std::move(run.saved_columns), std::move(run.saved_as)));
+  }
+  AppendRun(output, run.reports, std::move(room), box);
+}
+
+CaseSource BeginCases(ProcedureRun& run) {
   ClearCharts(run.charts);
+  CaseSource source = ReadableCases(run.data, run.control_variable.column, run.control);
+  run.ChartFootnote = source.control.ChartFootnote();
+  return source;
 }
 
 }  // namespace tessara

@@ -6,8 +6,6 @@
 #include "procedures/cases/accepted_cases.h"
 
 namespace tessara {
-namespace {}  // namespace
-
 AnovaTable ComputeAnova(const GroupStats& stats) {
   AnovaTable table;
   Number n, total, of_groups;
@@ -32,7 +30,7 @@ AnovaTable ComputeAnova(const GroupStats& stats) {
   }
   table.f = table.between_mean / table.within_mean;
   table.total_squares = table.between_squares + table.within_squares;
-  Keep(table.p, Masked(FDistP(table.between_df, table.within_df, table.f), "0.0000"));
+  table.p = Computed(FDistP(table.between_df, table.within_df, table.f));
   return table;
 }
 
@@ -97,7 +95,7 @@ std::string AnalysisOfVariance(const AnovaTable& table) {
   text += "         Total " + squares(table.total_squares) + degrees(table.total_df) + "\r\n\r\n";
   text += "                    F Statistic             p <\r\n";
   text += "                  -------------          ------\r\n";
-  text += "                " + FormatCol(table.f, 15, 2) + "          " + (table.p.empty() ? "0.0000" : table.p) +
+  text += "                " + FormatCol(table.f, 15, 2) + "          " + MaskedNumber(table.p.value_or(0), "0.0000") +
           "\r\n\r\n\r\n";
   return text;
 }
@@ -117,39 +115,35 @@ std::string PostHocComparison(const GroupStats& stats) {
   return text;
 }
 
-std::string AnovaReport(const ProcedureRun& run, const CaseControl& control, const GroupStats& stats,
-                        const AnovaTable& table) {
-  const DataSet& data = run.data;
-  const PanelChecks& checks = run.panel.checks;
-  const std::size_t continuous = data.RoleVariable[kMainRole];
-  const std::size_t categorical = data.RoleVariable[kIndependentRole];
-  std::string report = control.ControlCaption();
+std::string AnovaReport(const CaseSource& source, const Roles& roles, const GroupStats& stats, const AnovaTable& table,
+                        const AnovaOptions& options) {
+  const DataSet& data = source.data;
+  const std::size_t continuous = roles.main;
+  const std::size_t categorical = roles.independent;
+  std::string report = source.control.ControlCaption();
   report += "Analysis of Variance (ANOVA) --- " + data.VariableName(continuous) + " (Means)" +  //
             "  by  " + data.VariableName(categorical) + " (Groups)\r\n\r\n";
   report += "Independent Variable Label: " + data.VariableLabel(categorical) + "\r\n";
-  report += "Dependent Variable Label: " + data.VariableLabel(continuous) + (checks.Check2 ? "\r\n\r\n\r\n" : "\r\n");
-  if (checks.Check2) report += GroupSummary(stats, table);
+  report += "Dependent Variable Label: " + data.VariableLabel(continuous) + (options.summary ? "\r\n\r\n\r\n" : "\r\n");
+  if (options.summary) report += GroupSummary(stats, table);
   report += "\r\n\r\n\r\n\r\n";
   report += AnalysisOfVariance(table);
-  if (checks.Check1) report += PostHocComparison(stats);
+  if (options.post_hoc) report += PostHocComparison(stats);
   return report;
 }
 
 }  // namespace
 
-void RunAnova(ProcedureRun& run) {
-  const DataSet& data = run.data;
-  const std::size_t continuous = data.RoleVariable[kMainRole];
-  const std::size_t categorical = data.RoleVariable[kIndependentRole];
-  if (continuous < 1 || categorical < 1) {
-    run.ReportError(ErrorMessage("ANOVA Comparison: ", NamesOfPair(data, continuous, categorical),
+void RunAnova(ProcedureRun& run, const Roles& roles, const AnovaOptions& options) {
+  if (roles.main < 1 || roles.independent < 1) {
+    run.ReportError(ErrorMessage("ANOVA Comparison: ", NamesOfPair(run.data, roles.main, roles.independent),
                                  "You must select a dependent and independent variable."));
     return;
   }
-  const RunCases begun(run);
-  const std::optional<GroupStats> stats = RunGroupPass(run, begun.control);
+  const CaseSource source = BeginCases(run);
+  const std::optional<GroupStats> stats = RunGroupPass(run, source, roles);
   if (!stats) return;
-  run.AppendReport(AnovaReport(run, begun.control, *stats, ComputeAnova(*stats)));
+  run.AppendReport(AnovaReport(source, roles, *stats, ComputeAnova(*stats), options));
 }
 
 }  // namespace tessara

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "numerics/checked.h"
 #include "procedures/cases/group_stats.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/compare/options.h"
 
 // One-way analysis of variance: compares the means of a continuous variable over the categories of a second one, and on
 // request tells which groups differ.
@@ -23,7 +24,7 @@ struct AnovaTable {
   Number between_mean;
   Number within_mean;
   Number f;
-  std::string p;                   // four decimals; empty when it could not be computed
+  std::optional<double> p;         // nothing when it could not be computed
   std::vector<Number> deviations;  // of each group, with n - 1
 };
 
@@ -45,7 +46,8 @@ AnovaTable ComputeAnova(const GroupStats& stats);
 // once from either side. With G groups these are G (G - 1) rows: keep G to kMostPostHocGroups.
 std::vector<PostHocRow> ComputePostHoc(const GroupStats& stats);
 
-// Runs the procedure for the variables in the main and the independent role and appends its report. Leaves no chart.
-void RunAnova(ProcedureRun& run);
+// Runs the procedure for the main variable in the groups of the independent one and appends its report. Leaves no
+// chart.
+void RunAnova(ProcedureRun& run, const Roles& roles, const AnovaOptions& options);
 
 }  // namespace tessara

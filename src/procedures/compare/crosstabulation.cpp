@@ -7,6 +7,7 @@
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
+#include "presentation/risk_measures.h"
 
 namespace tessara {
 namespace {
@@ -89,13 +90,10 @@ struct TestColumns {
 
 std::string StatisticText(const Number& statistic) { return MaskedNumber(statistic.value(), "0.000"); }
 
-// A p that could not be computed is an empty text.
-std::string TestPText(std::optional<double> p) { return p ? MaskedNumber(*p, "0.0000") : ""; }
-
 std::string ChiSquareSection(const CountedTable& table, const TableStatistics& s) {
   const std::string df = GeneralText(s.df);
   const std::string chi = StatisticText(s.chi_square);
-  std::string p = TestPText(s.chi_square_p);
+  std::string p = MaskedOrEmpty(s.chi_square_p, "0.0000");
   if (p.empty()) p = "0.0001";  // of Pearson's test alone
   const TestColumns columns(chi, df, p);
 
@@ -104,10 +102,10 @@ std::string ChiSquareSection(const CountedTable& table, const TableStatistics& s
   section += DashedRule(59) + "\r\n";
   section += columns.Line("Pearson                   ", chi, df, p);
   section += columns.Line("Likelihood Ratio          ", StatisticText(s.likelihood_ratio), df,  //
-                          TestPText(s.likelihood_p));
+                          MaskedOrEmpty(s.likelihood_p, "0.0000"));
   if (s.df != 1) return section;
   section += columns.Line("Yate's Correction         ", StatisticText(s.yates_chi_square), df,  //
-                          TestPText(s.yates_p));
+                          MaskedOrEmpty(s.yates_p, "0.0000"));
   if (table.n < 100) {
     section += "Fisher's Exact (2-tailed)                       " + FormatCol(s.fisher_p.value_or(0), 10, 4) +
                "\r\n"
@@ -135,12 +133,13 @@ std::string AgreementSection(const TableStatistics& s) {
   // The sign of a kappa below 0 hangs out to the left. One that is too small to show it has the shorter margin too.
   const std::string kappa_margin = s.kappa < 0 ? "    " : "     ";
   const std::string error = s.kappa_is_perfect ? "  NA" : text(s.kappa_error);
+  const std::string significance = s.kappa_is_perfect ? "  NA" : MaskedNumber(s.kappa_significance.value(), ".0000");
   std::string section = "\r\n\r\nAgreement Statistics\r\n";
   section += DashedRule(37) + "\r\n";
   section += "Proportion Agree       " + ("     " + text(s.proportion_agree)) + "\r\n";
   section += "Kappa Statistic        " + kappa_margin + text(s.kappa) + "\r\n";
   section += "Kappa Standard Error   " + ("     " + error) + "\r\n";
-  section += "Kappa Significance (p<)" + ("     " + s.kappa_significance) + "\r\n";
+  section += "Kappa Significance (p<)" + ("     " + significance) + "\r\n";
   return section;
 }
 
@@ -155,9 +154,9 @@ std::string LowCellsNote(const CountedTable& table, const TableStatistics& s) {
 }  // namespace
 
 std::string CrosstabulationReport(const DataSet& data, const TableVariables& variables, const CountedCases& cases,
-                                  const TableStatistics& statistics, const PanelChecks& checks) {
+                                  const TableStatistics& statistics, const CrosstabulationOptions& options) {
   const CountedTable& table = cases.table;
-  const bool with_risk = checks.Check12 && statistics.df == 1;
+  const bool with_risk = options.risk && statistics.df == 1;
   std::string report;
   report += "Crosstabulation: " + data.VariableName(variables.rows) + " (Rows)  by  " +
             data.VariableName(variables.columns) + " (Columns)\r\n\r\n";
@@ -171,15 +170,15 @@ std::string CrosstabulationReport(const DataSet& data, const TableVariables& var
     report += rule;
   }
   report += TotalsBlock(table);
-  if (checks.Check2) report += ChiSquareSection(table, statistics);
+  if (options.chi_square_tests) report += ChiSquareSection(table, statistics);
   if (with_risk) {
     report += RiskMeasuresText(statistics) + "\r\n\r\n";
-  } else if (checks.Check2) {
+  } else if (options.chi_square_tests) {
     report += "\r\n\r\n";  // they close the chi-square tests
   }
-  if (checks.Check1) report += AssociationSection(statistics);
-  if (checks.Check11 && table.rows == table.columns) report += AgreementSection(statistics);
-  if (checks.Check2) report += LowCellsNote(table, statistics);
+  if (options.association) report += AssociationSection(statistics);
+  if (options.agreement && table.rows == table.columns) report += AgreementSection(statistics);
+  if (options.chi_square_tests) report += LowCellsNote(table, statistics);
   report += "\r\n\r\n";
   return report;
 }
@@ -201,8 +200,8 @@ Chart CellsChart(const DataSet& data, const TableVariables& variables, const Cou
 }
 
 void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const CountedCases& cases) {
-  if (!run.WantsCharts()) return;
-  std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases);
+  if (!run.wants_charts) return;
+  std::vector<Chart> charts = FrequencyCharts(run.data, variables, cases, "Column Variable");
   const bool few =
       cases.columns.size() <= kMostChartedColumns && cases.rows.size() * cases.columns.size() <= kMostChartedCells;
   if (few) charts.push_back(CellsChart(run.data, variables, cases));
@@ -211,17 +210,17 @@ void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const 
 
 }  // namespace
 
-void RunCrosstabulation(ProcedureRun& run) {
+void RunCrosstabulation(ProcedureRun& run, const Roles& roles, const CrosstabulationOptions& options) {
   constexpr std::string_view kTitle = "Crosstab Comparison: ";
   const DataSet& data = run.data;
-  const TableVariables variables{.rows = data.RoleVariable[kMainRole], .columns = data.RoleVariable[kIndependentRole]};
+  const TableVariables variables{.rows = roles.main, .columns = roles.independent};
   const std::string names = NamesOfPair(data, variables.rows, variables.columns);
   if (variables.rows < 1 || variables.columns < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "You must select an independent and dependent variable."));
     return;
   }
-  const RunCases begun(run);
-  const CountedCases cases = CountCases(data, begun.control, variables);
+  const CaseSource source = BeginCases(run);
+  const CountedCases cases = CountCases(source, variables);
   if (cases.n < 1) {
     run.ReportError(ErrorMessage(kTitle, names, "There are no observations."));
     return;
@@ -230,9 +229,8 @@ void RunCrosstabulation(ProcedureRun& run) {
     run.ReportError(ErrorMessage(kTitle, names, "There are too many categories for a table."));
     return;
   }
-  run.AppendReport(begun.control.ControlCaption() + CrosstabulationReport(data, variables, cases,
-                                                                          ComputeTableStatistics(cases.table),
-                                                                          run.panel.checks));
+  run.AppendReport(source.control.ControlCaption() +
+                   CrosstabulationReport(data, variables, cases, ComputeTableStatistics(cases.table), options));
   LeaveTableCharts(run, variables, cases);
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "data/data_set.h"
 #include "numerics/checked.h"
-#include "procedures/cases/case_control.h"
+#include "numerics/student_t.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/compare/options.h"
 
 // The t-test: compares the means of a continuous variable in two groups of cases, the groups being two values of a
 // categorical variable that the user types in.
@@ -25,35 +27,33 @@ struct TTestSample {
 };
 
 struct TTestResult {
-  // A difference of the means against its error. From its rounding on, the text is the value of t.
+  // A difference of the means against its error. Figures are rounded as they are shown, and what is computed from one
+  // later takes the rounded one.
   struct Line {
-    std::string t;  // three decimals
-    std::string p;  // two-tailed, never below 0.0001
+    Number t;  // three decimals
+    Number p;  // two-tailed, four decimals, never below 0.0001
   };
 
   std::array<Number, 2> deviations;  // with n - 1
   Line equal;
   Number equal_df;
   Line unequal;
-  std::string unequal_df;  // two decimals
-  Number f;                // the larger variance over the smaller
-  Number numerator_df;
-  Number denominator_df;
-  std::string f_p;
+  Number unequal_df;  // two decimals
+  VarianceRatio ratio;
+  std::optional<double> f_p;
 };
 
-// The accepted numbers of `continuous` in the records whose cell of `categorical` reads like the first of the typed
-// values, or like the second; equal values leave the second sample empty. The missing values of `categorical` are not
-// tested.
-TTestCases GatherTTest(const DataSet& data, const CaseControl& control, std::size_t continuous, std::size_t categorical,
-                       const std::array<std::string, 2>& values);
+// The accepted numbers of the main variable in the records whose cell of the independent one reads like the first of
+// the typed values, or like the second; equal values leave the second sample empty. The missing values of the
+// independent variable are not tested.
+TTestCases GatherTTest(const CaseSource& source, const Roles& roles, const std::array<std::string, 2>& values);
 TTestSample ComputeTTestSample(const std::vector<double>& values);
 // Student's test, Welch's test with the degrees of freedom of B. L. Welch (Biometrika 34, 1947), and the ratio of the
 // variances.
 TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two);
 
-// Runs the procedure for the variables in the main and the independent role and appends its report. Leaves a histogram
-// of each sample.
-void RunTTest(ProcedureRun& run);
+// Runs the procedure for the main variable in two groups of the independent one and appends its report. Leaves a
+// histogram of each sample.
+void RunTTest(ProcedureRun& run, const Roles& roles, const TTestOptions& options);
 
 }  // namespace tessara

@@ -20,12 +20,15 @@ namespace {
 // Calls accept(record, value) for the cases that a procedure of numbers may use, in grid order, and yields how many
 // were excluded: missing, or stopped by the control. A cell that is not numeric is neither accepted nor excluded.
 template <typename Accept>
-std::size_t ForEachAcceptedNumber(const DataSet& data, std::size_t column, const std::vector<std::uint8_t>& passing,
+std::size_t ForEachAcceptedNumber(const CaseSource& source, std::size_t column, NotEqualReading reading,
                                   Accept accept) {
-  const NumericColumn& numbers = data.matrix.Numbers(column, data.RecordCount);
-  const MissingTest missing(data.matrix, column, data.MissingSet[kMainRole], numbers);
+  const DataMatrix& matrix = source.data.matrix;
+  const NumericColumn& numbers = matrix.Numbers(column, source.used.records);
+  const MissingValues missing_values = LoadMissingSet(matrix, column);
+  const MissingTest missing(matrix, column, missing_values, numbers);
+  const std::vector<std::uint8_t> passing = source.control.PassingCases(source.used.records, reading);
   std::size_t excluded = 0;
-  for (std::size_t record = 0; record < data.RecordCount; ++record) {
+  for (std::size_t record = 0; record < source.used.records; ++record) {
     const bool dropped = missing.Drops(record);
     if (!dropped && numbers.classes[record] != CellClass::kNumber) continue;  // ahead of the control
     if (dropped || (!passing.empty() && passing[record] == 0)) {
@@ -39,12 +42,12 @@ std::size_t ForEachAcceptedNumber(const DataSet& data, std::size_t column, const
 
 }  // namespace
 
-DescriptiveCases GatherDescriptives(const DataSet& data, const CaseControl& control, std::size_t column) {
+DescriptiveCases GatherDescriptives(const CaseSource& source, std::size_t column) {
   DescriptiveCases cases;
-  cases.values.resize(data.RecordCount);
+  cases.values.resize(source.used.records);
   std::size_t used = 0;
   // The place of a value is its record less the cases excluded so far, so a cell that is not numeric leaves a 0 behind.
-  cases.excluded = ForEachAcceptedNumber(data, column, control.PassingCases(data.RecordCount),
+  cases.excluded = ForEachAcceptedNumber(source, column, NotEqualReading::kAsText,
                                          [&](std::size_t, double value, std::size_t place) {
                                            cases.values[place] = value;
                                            used = place + 1;
@@ -92,7 +95,7 @@ DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases) {
   result.skewness = cubes / n / Power(result.population_deviation, 3);
   result.kurtosis = fourths / n / Power(result.population_deviation, 4);
   result.t = result.mean / result.standard_error;
-  Keep(result.p, Masked(TDistP(n - 1, result.t), "0.0000"));
+  result.p = Computed(TDistP(n - 1, result.t));
   Number critical_n = n;  // comes back as the degrees of freedom
   result.interval = TCritical95(critical_n) * result.standard_error;
   return result;
@@ -102,27 +105,27 @@ namespace {
 
 // The z-scores as a new variable behind the last one, with the dictionary of their source. Their own pass reads "not
 // equal to" as a comparison of numbers.
-void SaveZScores(ProcedureRun& run, const CaseControl& control, const DescriptiveStatistics& statistics) {
-  DataSet& data = run.data;
-  const std::size_t source = data.RoleVariable[kMainRole];
-  const std::string name = data.VariableName(source);
-  const std::size_t target = AddSavedColumn(data, "Z-" + name);
-  for (std::size_t row = 1; row < kVariableNameRow; ++row) data.matrix.Set(row, target, data.matrix.Cell(row, source));
-  if (data.VariableLabel(source).empty()) data.matrix.SetText(kVariableLabelRow, target, name);
+void SaveZScores(ProcedureRun& run, const CaseSource& source, std::size_t column,
+                 const DescriptiveStatistics& statistics) {
+  const DataSet& data = run.data;
+  const std::string name = data.VariableName(column);
+  Column scores;
+  for (std::size_t row = 1; row < kVariableNameRow; ++row) scores.Set(row, data.matrix.Cell(row, column));
+  if (data.VariableLabel(column).empty()) scores.Set(kVariableLabelRow, name);
+  scores.Set(kVariableNameRow, "Z-" + name);
 
-  const auto passing = control.PassingCases(data.RecordCount, NotEqualReading::kAsNumber);
-  ForEachAcceptedNumber(data, source, passing, [&](std::size_t record, double value, std::size_t) {
+  ForEachAcceptedNumber(source, column, NotEqualReading::kAsNumber, [&](std::size_t record, double value, std::size_t) {
     const Checked z = (value - statistics.mean) / statistics.sample_deviation;
-    if (const auto text = Masked(z, "0.00000")) data.matrix.SetText(kFirstRecordRow + record, target, *text);
+    if (const auto text = Masked(z, "0.00000")) scores.Set(kFirstRecordRow + record, *text);
   });
+  run.SaveColumn(std::move(scores), "Save Z-Scores");
 }
 
-std::string DescriptivesReport(const DataSet& data, const CaseControl& control, const DescriptiveStatistics& s,
+std::string DescriptivesReport(const CaseSource& source, std::size_t column, const DescriptiveStatistics& s,
                                const std::string& chart) {
-  const std::size_t column = data.RoleVariable[kMainRole];
   const auto value = [](const Number& number) { return FormatCol(number, 24, 4); };
-  std::string report = control.ControlCaption();
-  report += ReportHead("Descriptive Statistics", data.VariableName(column), data.VariableLabel(column));
+  std::string report = source.control.ControlCaption();
+  report += ReportHead("Descriptive Statistics", source.data.VariableName(column), source.data.VariableLabel(column));
   report += "Count        " + FormatCol(static_cast<double>(s.count), 19, 0) + "         " +  //
             "Pop Var      " + value(s.population_variance) + "\r\n";
   report += "Sum          " + value(s.sum) + "    " + "Sam Var      " + value(s.sample_variance) + "\r\n";
@@ -131,7 +134,8 @@ std::string DescriptivesReport(const DataSet& data, const CaseControl& control, 
   report += "Min          " + value(s.minimum) + "    " + "Std Error    " + value(s.standard_error) + "\r\n";
   report += "Max          " + value(s.maximum) + "    " + "CV%          " + value(s.coefficient_of_variation) + "\r\n";
   report += "Range        " + value(s.range) + "    " + "95% CI (+/-) " + value(s.interval) + "\r\n";
-  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " + s.p + "\r\n";
+  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " +
+            MaskedOrEmpty(s.p, "0.0000") + "\r\n";
   report += DashedRule() + "\r\n\r\n";
   report += "Missing Cases    " + std::to_string(s.excluded) + "\r\n";
   report += chart;
@@ -139,13 +143,12 @@ std::string DescriptivesReport(const DataSet& data, const CaseControl& control, 
 }
 
 // What stands beside an enlarged chart. The count has decimals here as the other values have.
-std::string ShortSummary(const DataSet& data, const CaseControl& control, const DescriptiveStatistics& s) {
-  const std::size_t column = data.RoleVariable[kMainRole];
+std::string ShortSummary(const CaseSource& source, std::size_t column, const DescriptiveStatistics& s) {
   const auto value = [](const Number& number) { return FormatCol(number, 14, 4) + "\r\n"; };
-  std::string summary = control.ControlCaption();
+  std::string summary = source.control.ControlCaption();
   summary += "Descriptive Statistics\r\n";
-  summary += "Variable: " + data.VariableName(column) + "\r\n";
-  summary += "Label: " + data.VariableLabel(column) + "\r\n";
+  summary += "Variable: " + source.data.VariableName(column) + "\r\n";
+  summary += "Label: " + source.data.VariableLabel(column) + "\r\n";
   summary += "Count        " + value(static_cast<double>(s.count));
   summary += "Mean         " + value(s.mean);
   summary += "Median       " + value(s.median);
@@ -156,8 +159,7 @@ std::string ShortSummary(const DataSet& data, const CaseControl& control, const 
 }
 
 // The same intervals in three forms. The values go over to the charts.
-void LeaveDescriptiveCharts(ProcedureRun& run, std::vector<double> values) {
-  const std::string name = run.data.VariableName(run.data.RoleVariable[kMainRole]);
+void LeaveDescriptiveCharts(ProcedureRun& run, const std::string& name, std::vector<double> values) {
   const auto shared = std::make_shared<const std::vector<double>>(std::move(values));
   run.LeaveCharts(ChartKind::kDescriptives, {IntervalChart(ChartType::kHistogram, "Histogram", name, shared),
                                              IntervalChart(ChartType::kLine, "Line Chart", name, shared),
@@ -166,36 +168,34 @@ void LeaveDescriptiveCharts(ProcedureRun& run, std::vector<double> values) {
 
 }  // namespace
 
-void RunDescriptives(ProcedureRun& run) {
+void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options) {
   constexpr std::string_view kTitle = "Descriptive Analysis: ";
-  DataSet& data = run.data;
-  const std::size_t column = data.RoleVariable[kMainRole];
+  const DataSet& data = run.data;
+  const std::size_t column = roles.main;
   if (column < 1) {
     run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
     return;
   }
-  {
-    const RunCases begun(run);
-    const CaseControl& control = begun.control;
-    DescriptiveCases cases = GatherDescriptives(data, control, column);
-    if (cases.values.size() < 2) {
-      run.ReportError(ErrorMessage(kTitle, data.VariableName(column),
-                                   "There are less than 2 observations, so procedure was aborted."));
-      return;
-    }
-    const DescriptiveStatistics statistics = ComputeDescriptives(cases);
-    const std::string chart =
-        run.panel.checks.Check1
-            ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
-            : "\r\n";
-    run.AppendReport(DescriptivesReport(data, control, statistics, chart));
-    if (run.WantsCharts()) {
-      LeaveDescriptiveCharts(run, std::move(cases.values));
-      run.charts.summary = ShortSummary(data, control, statistics);
-    }
-    if (run.panel.checks.Check2) SaveZScores(run, control, statistics);
+  const CaseSource source = BeginCases(run);
+  DescriptiveCases cases = GatherDescriptives(source, column);
+  if (cases.values.size() < 2) {
+    run.ReportError(ErrorMessage(kTitle, data.VariableName(column),
+                                 "There are less than 2 observations, so procedure was aborted."));
+    return;
   }
-  if (run.panel.checks.Check2) RebuildVariableLists(data);
+  const DescriptiveStatistics statistics = ComputeDescriptives(cases);
+  const std::string chart =
+      options.bar_chart ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
+                        : "\r\n";
+  run.AppendReport(DescriptivesReport(source, column, statistics, chart));
+  if (run.wants_charts) {
+    LeaveDescriptiveCharts(run, data.VariableName(column), std::move(cases.values));
+    run.charts.summary = ShortSummary(source, column, statistics);
+  }
+  if (options.save_z_scores) {
+    SaveZScores(run, source, column, statistics);
+    RebuildVariableLists(data);
+  }
 }
 
 }  // namespace tessara

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "data/data_set.h"
 #include "numerics/checked.h"
-#include "procedures/cases/case_control.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/describe/options.h"
 
 // Descriptives: summary statistics of one numeric variable, with a one-sample t-test against zero and a 95 percent
 // interval, a text bar chart and z-scores as a new variable on request.
@@ -31,16 +31,16 @@ struct DescriptiveStatistics {
   Number coefficient_of_variation;  // percent
   Number skewness, kurtosis;        // the kurtosis is held but not printed
   Number t;
-  std::string p;    // under "0.0000"
+  std::optional<double> p;
   Number interval;  // half width of the 95 percent interval
   std::size_t excluded = 0;
 };
 
-DescriptiveCases GatherDescriptives(const DataSet& data, const CaseControl& control, std::size_t column);
+DescriptiveCases GatherDescriptives(const CaseSource& source, std::size_t column);
 // The values are put into another order on the way to the median.
 DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases);
 
-// Runs the procedure for the variable in role 1 and appends its report; adds the z-scores when Check2 is on.
-void RunDescriptives(ProcedureRun& run);
+// Runs the procedure for the main variable and appends its report; adds the z-scores when they are asked for.
+void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options);
 
 }  // namespace tessara

@@ -37,12 +37,13 @@ std::string PaddedText(const TaggedView& cell) {
 }
 
 // Counts the accepted cases by cell. Yields whether all accepted values are numeric.
-bool CountCells(const DataSet& data, const CaseControl& control, std::size_t column, CellDictionary& dictionary,
+bool CountCells(const CaseSource& source, std::size_t column, CellDictionary& dictionary,
                 std::vector<DistinctCell>& cells) {
-  const MissingValues& missing = data.MissingSet[kMainRole];
-  const std::vector<std::uint8_t> passing = control.PassingCases(data.RecordCount);
+  const DataMatrix& matrix = source.data.matrix;
+  const MissingValues missing = LoadMissingSet(matrix, column);
+  const std::vector<std::uint8_t> passing = source.control.PassingCases(source.used.records);
   bool all_numeric = true;
-  data.matrix.ForEachRecord(column, data.RecordCount, [&](std::size_t record, const TaggedView& view) {
+  matrix.ForEachRecord(column, source.used.records, [&](std::size_t record, const TaggedView& view) {
     const std::size_t id = dictionary.Find(view);
     if (id == cells.size()) {
       const Checked number = ToNumber(view);
@@ -77,15 +78,15 @@ bool TagsAscend(const SortItem& a, const SortItem& b) { return TaggedLess(a.valu
 
 }  // namespace
 
-FrequencyCases GatherFrequencies(const DataSet& data, const CaseControl& control, std::size_t column) {
+FrequencyCases GatherFrequencies(const CaseSource& source, std::size_t column) {
   CellDictionary dictionary;
   std::vector<DistinctCell> cells;
-  const bool all_numeric = CountCells(data, control, column, dictionary, cells);
+  const bool all_numeric = CountCells(source, column, dictionary, cells);
   std::vector<SortItem> items = SortItems(dictionary, cells);
   std::sort(items.begin(), items.end(), all_numeric ? NumbersAscend : TagsAscend);
 
   FrequencyCases cases;
-  cases.record_count = data.RecordCount;
+  cases.record_count = source.used.records;
   for (SortItem& item : items) {
     const Condition below_zero = ToNumber(item.value) < 0;
     if (below_zero) cases.negative_seen = true;  // also when it could not be tested
@@ -151,12 +152,12 @@ std::string DispersionBlock(const FrequencyTable& table) {
          (k == 1 ? " category)" : " categories)") + "\r\n";
 }
 
-std::string FrequenciesReport(const DataSet& data, const CaseControl& control, const FrequencyCases& cases,
+std::string FrequenciesReport(const CaseSource& source, std::size_t column, const FrequencyCases& cases,
                               const FrequencyTable& table, bool with_dispersion) {
-  const std::size_t column = data.RoleVariable[kMainRole];
+  const DataSet& data = source.data;
   const ValueLabels labels = LoadValueLabels(data.matrix, column);
   const std::string rule = DashedRule(kRuleLength) + "\r\n";
-  std::string report = control.ControlCaption();
+  std::string report = source.control.ControlCaption();
   report += "Frequencies\r\n\r\n";
   report += "Variable: " + data.VariableName(column) + "     " + data.VariableLabel(column) + "\r\n\r\n";
   report += "Value                       Count       Percent      Cumulative\r\n" + rule;
@@ -174,48 +175,49 @@ std::string FrequenciesReport(const DataSet& data, const CaseControl& control, c
 }
 
 // Two charts of the same categories: counts and percents.
-void LeaveFrequencyCharts(ProcedureRun& run, const FrequencyCases& cases, const FrequencyTable& table) {
-  const std::size_t column = run.data.RoleVariable[kMainRole];
+void LeaveFrequencyCharts(ProcedureRun& run, std::size_t column, const FrequencyCases& cases,
+                          const FrequencyTable& table) {
   const std::string name = run.data.VariableName(column);
   const std::string label = run.data.VariableLabel(column);
   const ValueLabels value_labels = LoadValueLabels(run.data.matrix, column);
   const Number n = static_cast<double>(table.n);
   std::vector<std::string> labels;
+  std::vector<std::string> shares;
   Chart::Series counts{"Frequency", {}};
   Chart::Series percents{"Percent (%)", {}};
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
     const FrequencyTable::Row& row = table.rows[i];
     const Checked share = static_cast<double>(row.count) / n;
-    labels.push_back(CategoryText(cases.categories[i], value_labels) + "  (" + MaskedNumber(share.value_or(0), "0.0%") +
-                     ")");
+    labels.push_back(CategoryText(cases.categories[i], value_labels));
+    shares.push_back(MaskedNumber(share.value_or(0), "0.0%"));
     counts.values.push_back(static_cast<double>(row.count));
     percents.values.push_back(row.percent.value());
   }
-  run.LeaveCharts(ChartKind::kFrequencies, {BarsChart(name, label, "Frequency", labels, {counts}),
-                                            BarsChart(name + " (%)", label, "Percent (%)", labels, {percents})});
+  std::vector<Chart> charts = {BarsChart(name, label, "Frequency", labels, {counts}),
+                               BarsChart(name + " (%)", label, "Percent (%)", labels, {percents})};
+  for (Chart& chart : charts) chart.details = shares;
+  run.LeaveCharts(ChartKind::kFrequencies, std::move(charts));
 }
 
 }  // namespace
 
-void RunFrequencies(ProcedureRun& run) {
+void RunFrequencies(ProcedureRun& run, const Roles& roles, const FrequenciesOptions& options) {
   constexpr std::string_view kTitle = "Frequency Analysis: ";
-  DataSet& data = run.data;
-  const std::size_t column = data.RoleVariable[kMainRole];
+  const std::size_t column = roles.main;
   if (column < 1) {
     run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
     return;
   }
-  const RunCases begun(run);
-  const CaseControl& control = begun.control;
-  const FrequencyCases cases = GatherFrequencies(data, control, column);
+  const CaseSource source = BeginCases(run);
+  const FrequencyCases cases = GatherFrequencies(source, column);
   if (cases.accepted < 1) {
-    run.ReportError(
-        ErrorMessage(kTitle, data.VariableName(column), "There are no observations, so the procedure was aborted."));
+    run.ReportError(ErrorMessage(kTitle, run.data.VariableName(column),
+                                 "There are no observations, so the procedure was aborted."));
     return;
   }
   const FrequencyTable table = ComputeFrequencies(cases);
-  run.AppendReport(FrequenciesReport(data, control, cases, table, run.panel.checks.Check2));
-  if (run.WantsCharts() && table.rows.size() <= kMostChartedCategories) LeaveFrequencyCharts(run, cases, table);
+  run.AppendReport(FrequenciesReport(source, column, cases, table, options.dispersion));
+  if (run.wants_charts && table.rows.size() <= kMostChartedCategories) LeaveFrequencyCharts(run, column, cases, table);
 }
 
 }  // namespace tessara

@@ -10,6 +10,7 @@
 #include "numerics/tagged_value.h"
 #include "procedures/cases/case_control.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/describe/options.h"
 
 // Frequencies: each distinct value of a variable with its count, percent and cumulative percent, and on request an
 // index of dispersion for nominal or ordinal data. Works on texts as well as on numbers.
@@ -42,10 +43,10 @@ struct FrequencyTable {
 };
 
 // Takes role 1's missing values and the counts as they stand in the data set.
-FrequencyCases GatherFrequencies(const DataSet& data, const CaseControl& control, std::size_t column);
+FrequencyCases GatherFrequencies(const CaseSource& source, std::size_t column);
 FrequencyTable ComputeFrequencies(const FrequencyCases& cases);
 
-// Runs the procedure for the variable in role 1 and appends its report.
-void RunFrequencies(ProcedureRun& run);
+// Runs the procedure for the main variable and appends its report.
+void RunFrequencies(ProcedureRun& run, const Roles& roles, const FrequenciesOptions& options);
 
 }  // namespace tessara

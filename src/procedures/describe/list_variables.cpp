@@ -71,7 +71,7 @@ std::size_t CountListed(const CaseFlags& passing, double limit) {
 
 // The lines: cells as they stand, missing values too. Written straight into the report: a second copy of a million
 // lines costs more time than the lines.
-void AppendLines(std::string& report, const DataSet& data, const CaseFlags& passing,
+void AppendLines(std::string& report, const DataMatrix& matrix, const CaseFlags& passing,
                  std::span<const std::size_t> columns, std::size_t most) {
   ListLine line(columns.size());
   NumberBuffer buffer;
@@ -81,46 +81,43 @@ void AppendLines(std::string& report, const DataSet& data, const CaseFlags& pass
     AppendLineNumber(report, ++listed);
     line.Begin(report);
     for (const std::size_t column : columns) {
-      line.Fill(report, TextOf(data.matrix.Cell(kFirstRecordRow + record, column), buffer));
+      line.Fill(report, TextOf(matrix.Cell(kFirstRecordRow + record, column), buffer));
     }
     report += "\r\n";
   }
 }
 
-std::string ListReport(const DataSet& data, const CaseControl& control, std::span<const std::size_t> columns,
-                       double limit) {
+std::string ListReport(const CaseSource& source, std::span<const std::size_t> columns, double limit) {
   constexpr std::size_t kNumberAndLineEnd = 9;
-  const CaseFlags passing = PassingRecords(data, control);
+  const CaseFlags passing = PassingRecords(source);
   const std::size_t most = CountListed(passing, limit);
   const std::string rule = DashedRule(96) + "\r\n";
   ListLine line(columns.size());
 
-  std::string report = control.ControlCaption();
+  std::string report = source.control.ControlCaption();
   report.reserve(report.size() + 1000 + most * (kNumberAndLineEnd + line.length()));
   report += "List Variables\r\n\r\n";
   report += "  Obs";
   line.Begin(report);
-  for (const std::size_t column : columns) line.Fill(report, data.VariableName(column));
+  for (const std::size_t column : columns) line.Fill(report, source.data.VariableName(column));
   report += "\r\n" + rule;
-  AppendLines(report, data, passing, columns, most);
+  AppendLines(report, source.data.matrix, passing, columns, most);
   report += rule + "\r\n\r\n";
   return report;
 }
 
 }  // namespace
 
-void RunListVariables(ProcedureRun& run) {
-  if (run.panel.SelectedVariables.empty()) {
+void RunListVariables(ProcedureRun& run, std::span<const std::size_t> variables, const ListOptions& options) {
+  if (variables.empty()) {
     run.platform.ShowMessage({"Procedure Aborted", "You must select at least one variable."});
     return;
   }
-  DataSet& data = run.data;
-  const RunCases begun(run);
+  const CaseSource source = BeginCases(run);
   // The panel takes no eighth variable, but a longer list may stand from another procedure: a line has seven places.
-  const auto columns =
-      std::span(run.panel.SelectedVariables).first(std::min(run.panel.SelectedVariables.size(), kMostListedVariables));
-  const Number limit = LineLimit(run.panel.Text7, data.RecordCount);
-  run.AppendReport(ListReport(data, begun.control, columns, limit.value()));
+  const auto columns = variables.first(std::min(variables.size(), kMostListedVariables));
+  const Number limit = LineLimit(options.max_observations, source.used.records);
+  run.AppendReport(ListReport(source, columns, limit.value()));
 }
 
 }  // namespace tessara

@@ -31,7 +31,7 @@ SimpleRegression ComputeSimpleRegression(std::span<const double> y, std::span<co
   result.x_deviation = Sqrt(x_squares / (n - 1));
   result.slope = pearson.numerator / pearson.x_spread;
   result.intercept = result.y_mean - result.slope * result.x_mean;
-  const Number r = ToNumber(pearson.r);
+  const Number r = pearson.r;
   result.r_squared = r * r;
 
   const double a = result.intercept.value();
@@ -62,7 +62,7 @@ struct PairResults {
   SimpleRegression regression;  // only when it is asked for
 };
 
-PairResults ComputePair(const NumberCases& cases, const CorrelationOptions& options) {
+PairResults ComputePair(const NumberCases& cases, const SimpleRegressionOptions& options) {
   const std::vector<double>& y = cases.variables[0];
   const std::vector<double>& x = cases.variables[1];
   PairResults results;
@@ -82,11 +82,11 @@ std::string NameAndLabel(const DataSet& data, std::size_t column, std::string_vi
   return data.VariableName(column).append(between).append(data.VariableLabel(column));
 }
 
-std::string RegressionBlock(const DataSet& data, const SimpleRegression& s, const std::string& p) {
+std::string RegressionBlock(const DataSet& data, const Roles& roles, const SimpleRegression& s, const std::string& p) {
   const auto value = [](const Number& number) { return FormatCol(number, 14, 4) + "\r\n"; };
   std::string block = "\r\nSimple Regression\r\n";
-  block += "Y = " + NameAndLabel(data, data.RoleVariable[kMainRole], ":   ") + "\r\n";
-  block += "X = " + NameAndLabel(data, data.RoleVariable[kIndependentRole], ":   ") + "\r\n\r\n";
+  block += "Y = " + NameAndLabel(data, roles.main, ":   ") + "\r\n";
+  block += "X = " + NameAndLabel(data, roles.independent, ":   ") + "\r\n\r\n";
   block += "Variable Y Mean    " + value(s.y_mean);
   block += "Variable Y Std Dev " + value(s.y_deviation);
   block += "Variable X Mean    " + value(s.x_mean);
@@ -100,38 +100,40 @@ std::string RegressionBlock(const DataSet& data, const SimpleRegression& s, cons
   return block;
 }
 
-std::string CorrelationReport(const DataSet& data, const CaseControl& control, const PairResults& results,
-                              const CorrelationOptions& options) {
-  const std::size_t y = data.RoleVariable[kMainRole];
-  const std::size_t x = data.RoleVariable[kIndependentRole];
-  std::string report = control.ControlCaption();
-  report += options.regression ? RegressionBlock(data, results.regression, results.pearson.p)  //
+std::string CorrelationReport(const CaseSource& source, const Roles& roles, const PairResults& results,
+                              const SimpleRegressionOptions& options) {
+  const DataSet& data = source.data;
+  const std::size_t x = roles.independent;
+  const std::string p = ShownP(results.pearson.r, results.pearson.p);
+  std::string report = source.control.ControlCaption();
+  report += options.regression ? RegressionBlock(data, roles, results.regression, p)  //
                                : "Pearson's Correlation\r\n";
-  report += NameAndLabel(data, y, ": ") + "\r\n";
+  report += NameAndLabel(data, roles.main, ": ") + "\r\n";
   report += ScattergramText(results.drawing, data.VariableName(x), data.VariableLabel(x));
   report += "Number of cases: " + std::to_string(results.pearson.n) + "\r\n";
   report += "Missing: " + std::to_string(results.missing) + "\r\n";
-  report += "Pearson Correlation: " + results.pearson.r + "\r\n";
-  report += "p < (2-tailed signif.): " + results.pearson.p + "\r\n\r\n";
+  report += "Pearson Correlation: " + ShownR(results.pearson.r) + "\r\n";
+  report += "p < (2-tailed signif.): " + p + "\r\n\r\n";
   return report;
 }
 
 // y - (a + b x) of each accepted case as a new variable; the others stay empty.
-void SaveResiduals(DataSet& data, const NumberCases& cases, const SimpleRegression& regression) {
+void SaveResiduals(ProcedureRun& run, std::size_t dependent, const NumberCases& cases,
+                   const SimpleRegression& regression) {
   const std::vector<double>& y = cases.variables[0];
   const std::vector<double>& x = cases.variables[1];
   std::vector<double> residuals(y.size());
   for (std::size_t i = 0; i < y.size(); ++i) {
     residuals[i] = y[i] - (regression.intercept.value() + regression.slope.value() * x[i]);
   }
-  const std::size_t target = AddSavedColumn(data, "R-" + data.VariableName(data.RoleVariable[kMainRole]));
-  SaveCaseValues(data, target, cases.accepted, residuals);
+  const std::string name = "R-" + run.data.VariableName(dependent);
+  run.SaveColumn(MakeSavedColumn(name, cases.accepted, residuals), "Save Residuals");
 }
 
 // Takes the values of the cases along, so that a chart of a million points costs no copy.
-void LeaveCorrelationCharts(ProcedureRun& run, NumberCases cases) {
-  const std::string y_name = run.data.VariableName(run.data.RoleVariable[kMainRole]);
-  const std::string x_name = run.data.VariableName(run.data.RoleVariable[kIndependentRole]);
+void LeaveCorrelationCharts(ProcedureRun& run, const Roles& roles, NumberCases cases) {
+  const std::string y_name = run.data.VariableName(roles.main);
+  const std::string x_name = run.data.VariableName(roles.independent);
   const auto y = std::make_shared<const std::vector<double>>(std::move(cases.variables[0]));
   const auto x = std::make_shared<const std::vector<double>>(std::move(cases.variables[1]));
   run.LeaveCharts(ChartKind::kCorrelation, {ScatterChart(y_name + " by " + x_name, "X axis variable - " + x_name,
@@ -144,30 +146,26 @@ bool IsVariable(const DataSet& data, std::size_t column) { return column >= 1 &&
 
 }  // namespace
 
-void RunCorrelation(ProcedureRun& run) { RunCorrelationWith(run, {}); }
+void RunCorrelation(ProcedureRun& run, const Roles& roles) { RunCorrelationWith(run, roles, {}); }
 
-void RunCorrelationWith(ProcedureRun& run, const CorrelationOptions& options) {
-  DataSet& data = run.data;
-  const std::array<std::size_t, 2> columns = {data.RoleVariable[kMainRole], data.RoleVariable[kIndependentRole]};
-  const std::string names = NamesOfPair(data, columns[0], columns[1]);
-  if (!IsVariable(data, columns[0]) || !IsVariable(data, columns[1])) {
+void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegressionOptions& options) {
+  const DataSet& data = run.data;
+  const std::array<std::size_t, 2> columns = {roles.main, roles.independent};
+  const std::string names = NamesOfPair(data, roles.main, roles.independent);
+  if (!IsVariable(data, roles.main) || !IsVariable(data, roles.independent)) {
     run.ReportError(ErrorMessage(kTitle, names, "You must select a dependent and independent variable."));
     return;
   }
-  const bool saves = options.regression && options.save_residuals;
-  {
-    const RunCases begun(run);
-    NumberCases cases = GatherNumberCases(data, begun.control, columns);
-    if (cases.n < 2) {
-      run.ReportError(ErrorMessage(kTitle, names, "Two or more cases are required."));
-      return;
-    }
-    const PairResults results = ComputePair(cases, options);
-    run.AppendReport(CorrelationReport(data, begun.control, results, options));
-    if (saves) SaveResiduals(data, cases, results.regression);
-    if (run.WantsCharts()) LeaveCorrelationCharts(run, std::move(cases));
+  const CaseSource source = BeginCases(run);
+  NumberCases cases = GatherNumberCases(source, columns);
+  if (cases.n < 2) {
+    run.ReportError(ErrorMessage(kTitle, names, "Two or more cases are required."));
+    return;
   }
-  if (saves) RebuildVariableLists(data);
+  const PairResults results = ComputePair(cases, options);
+  run.AppendReport(CorrelationReport(source, roles, results, options));
+  if (options.regression && options.save_residuals) SaveResiduals(run, roles.main, cases, results.regression);
+  if (run.wants_charts) LeaveCorrelationCharts(run, roles, std::move(cases));
 }
 
 }  // namespace tessara

@@ -26,13 +26,13 @@ SimpleRegression ComputeSimpleRegression(std::span<const double> y, std::span<co
                                          const PearsonStatistics& pearson);
 
 // What the report holds beside the correlation.
-struct CorrelationOptions {
+struct SimpleRegressionOptions {
   bool regression = false;
   bool save_residuals = false;  // as a new variable; with the regression only
 };
 
-// Runs the procedure for the variables in the main and the independent role and appends its report.
-void RunCorrelation(ProcedureRun& run);
-void RunCorrelationWith(ProcedureRun& run, const CorrelationOptions& options);
+// Runs the procedure for the main variable as Y and the independent one as X and appends its report.
+void RunCorrelation(ProcedureRun& run, const Roles& roles);
+void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegressionOptions& options);
 
 }  // namespace tessara

@@ -22,12 +22,13 @@ struct PreparedVariable {
   bool complete = false;
 };
 
-PreparedVariable Prepare(const DataSet& data, std::size_t column, const CaseFlags& passing) {
+PreparedVariable Prepare(const CaseSource& source, std::size_t column, const CaseFlags& passing) {
   PreparedVariable variable;
   variable.accepted = passing;
-  DropUnlessNumber(data, column, variable.accepted);
-  variable.complete = CountCases(variable.accepted) == data.RecordCount;
-  variable.values = std::span(data.matrix.Numbers(column, data.RecordCount).values).first(data.RecordCount);
+  const std::size_t records = source.used.records;
+  DropUnlessNumber(source, column, variable.accepted);
+  variable.complete = CountCases(variable.accepted) == records;
+  variable.values = std::span(source.data.matrix.Numbers(column, records).values).first(records);
   return variable;
 }
 
@@ -90,8 +91,8 @@ struct WaitingPairs {
   void MoveInto(CorrelationStore& store) {
     ComputePearsonPs(coefficients);
     for (std::size_t k = 0; k < places.size(); ++k) {
-      PearsonStatistics& pearson = coefficients[k];
-      store.Store(places[k].first, places[k].second, {std::move(pearson.r), pearson.n, std::move(pearson.p)});
+      const PearsonStatistics& pearson = coefficients[k];
+      store.Store(places[k].first, places[k].second, {pearson.r, pearson.n, pearson.p});
     }
     places.clear();
     coefficients.clear();
@@ -100,12 +101,11 @@ struct WaitingPairs {
 
 }  // namespace
 
-CorrelationStore ComputeCorrelationMatrix(const DataSet& data, const CaseControl& control,
-                                          std::span<const std::size_t> columns) {
-  const CaseFlags passing = PassingRecords(data, control);
+CorrelationStore ComputeCorrelationMatrix(const CaseSource& source, std::span<const std::size_t> columns) {
+  const CaseFlags passing = PassingRecords(source);
   std::vector<PreparedVariable> variables;
   variables.reserve(columns.size());
-  for (const std::size_t column : columns) variables.push_back(Prepare(data, column, passing));
+  for (const std::size_t column : columns) variables.push_back(Prepare(source, column, passing));
 
   CorrelationStore store(columns.size());
   WaitingPairs waiting;
@@ -175,24 +175,24 @@ std::string MatrixRow(const CorrelationStore& store, std::size_t i, const std::s
     std::string line;
     for (std::size_t j = 0; j < store.size(); ++j) {
       const std::optional<Cell>& cell = store.At(i, j);
-      line += PadLeftBlank(cell ? text(*cell) : TaggedView(), 9) + "|";
+      line += PadLeftBlank(cell ? text(*cell) : std::string(), 9) + "|";
     }
     return line + "\r\n";
   };
-  std::string row = PadLeftBlank(name, 9) + "|" + cells([](const Cell& cell) { return TaggedView(cell.r); });
-  row += "          |" + cells([](const Cell& cell) { return TaggedView(static_cast<double>(cell.n)); });
-  row += "          |" + cells([](const Cell& cell) { return TaggedView(cell.p); });
+  std::string row = PadLeftBlank(name, 9) + "|" + cells([](const Cell& cell) { return ShownR(cell.r); });
+  row += "          |" + cells([](const Cell& cell) { return std::to_string(cell.n); });
+  row += "          |" + cells([](const Cell& cell) { return ShownP(cell.r, cell.p); });
   return row;
 }
 
-std::string MatrixReport(const DataSet& data, const CaseControl& control, std::span<const std::size_t> columns,
+std::string MatrixReport(const CaseSource& source, std::span<const std::size_t> columns,
                          const CorrelationStore& store) {
   std::string report = "Correlation: Pearson (R) Coefficients\r\n";
-  if (const std::string label = control.ControlLabel(); !label.empty()) report += label + "\r\n";
+  if (const std::string label = source.control.ControlLabel(); !label.empty()) report += label + "\r\n";
   report += "\r\n";
-  report += MatrixHead(data, columns);
+  report += MatrixHead(source.data, columns);
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    report += MatrixRow(store, i, data.VariableName(columns[i]));
+    report += MatrixRow(store, i, source.data.VariableName(columns[i]));
     report += DashedRule(static_cast<int>(columns.size()) * 11 + 11) + "\r\n";
   }
   report += "\r\n2-tailed significance tests\r\n'.' p-value not computed\r\n\r\n\r\n";
@@ -201,23 +201,21 @@ std::string MatrixReport(const DataSet& data, const CaseControl& control, std::s
 
 }  // namespace
 
-void RunCorrelationMatrix(ProcedureRun& run) {
-  DataSet& data = run.data;
-  const std::vector<std::size_t>& columns = run.panel.SelectedVariables;
+void RunCorrelationMatrix(ProcedureRun& run, std::span<const std::size_t> columns) {
   if (columns.size() < 2) {
     run.ReportError("You must select at least two analysis variables.\r\n\r\n");
     return;
   }
-  const RunCases begun(run);
-  const CorrelationStore store = ComputeCorrelationMatrix(data, begun.control, columns);
+  const CaseSource source = BeginCases(run);
+  const CorrelationStore store = ComputeCorrelationMatrix(source, columns);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     for (std::size_t j = i; j < columns.size(); ++j) {
       if (store.At(i, j)) continue;
-      run.ReportError(ErrorMessage("Correlation Comparison: ", NamesOfPair(data, columns[i], columns[j]),
+      run.ReportError(ErrorMessage("Correlation Comparison: ", NamesOfPair(run.data, columns[i], columns[j]),
                                    "Two or more cases are required."));
     }
   }
-  run.AppendReport(MatrixReport(data, begun.control, columns, store));
+  run.AppendReport(MatrixReport(source, columns, store));
 }
 
 }  // namespace tessara

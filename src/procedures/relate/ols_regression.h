@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "numerics/checked.h"
 #include "procedures/cases/procedure_run.h"
+#include "procedures/relate/options.h"
 #include "procedures/relate/regression_model.h"
 
 // Ordinary least squares: one dependent variable explained by one or more others with a straight-line equation.
@@ -20,8 +22,8 @@ struct LeastSquaresModel {
   Number SST, SSE, SSR, MSE;
   Number degrees_of_freedom;  // n - 1 - m
   Number r_square, r, adjusted_r_square, standard_error;
-  Number mean_square, f;   // of the regression
-  std::string f_p = "NA";  // under "0.000"
+  Number mean_square, f;      // of the regression
+  std::optional<double> f_p;  // three decimals
   std::vector<double> residuals;
 };
 
@@ -31,7 +33,8 @@ LeastSquaresModel ComputeLeastSquares(const ModelCases& cases);
 std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel& model, const CaseControl& control,
                                bool with_summary);
 
-// Appends the report of the model, and adds the residuals as a new variable when Check1 is on.
-void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases);
+// Appends the report of the model, and adds the residuals as a new variable when they are asked for.
+void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
+                        const LeastSquaresOptions& options);
 
 }  // namespace tessara

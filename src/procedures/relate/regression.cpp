@@ -14,11 +14,21 @@ namespace {
 
 constexpr std::string_view kTitle = "Regression Comparison for Y = ";
 
-// The case pass, what both kinds ask of the cases, and the model. One variable may stand in several places.
-void RunModel(ProcedureRun& run) {
-  const RunCases begun(run);
-  const ModelCases cases =
-      GatherModelCases(run.data, begun.control, run.data.RoleVariable[kMainRole], run.panel.IndependentVariables);
+void RefuseModel(ProcedureRun& run, const ModelVariables& variables) {
+  const std::string names =
+      run.data.VariableName(variables.dependent) + " by " +
+      (variables.independent.empty() ? std::string() : run.data.VariableName(variables.independent.front()));
+  run.ReportError(
+      ErrorMessage("Multiple Regression: ", names, "You must select a dependent and independent variable."));
+}
+
+// The case pass, what both kinds ask of the cases, and the model: report(control, cases). One variable may stand in
+// several places.
+template <typename Report>
+void RunModel(ProcedureRun& run, const ModelVariables& variables, Report report) {
+  if (variables.dependent < 1 || variables.independent.empty()) return RefuseModel(run, variables);
+  const CaseSource source = BeginCases(run);
+  const ModelCases cases = GatherModelCases(source, variables.dependent, variables.independent);
   if (cases.n < 2) {
     run.ReportError(ErrorMessage(kTitle, cases.dependent_name, "Two or more cases are required."));
     return;
@@ -29,27 +39,20 @@ void RunModel(ProcedureRun& run) {
                                  "variables used in the model."));
     return;
   }
-  if (run.panel.regression == RegressionKind::kLogistic) {
-    ReportLogistic(run, begun.control, cases);
-  } else {
-    ReportLeastSquares(run, begun.control, cases);
-  }
+  report(source.control, cases);
 }
 
 }  // namespace
 
-void RunRegression(ProcedureRun& run) {
-  const std::size_t dependent = run.data.RoleVariable[kMainRole];
-  const std::vector<std::size_t>& independent = run.panel.IndependentVariables;
-  if (dependent < 1 || independent.empty()) {
-    const std::string names = run.data.VariableName(dependent) + " by " +
-                              (independent.empty() ? std::string() : run.data.VariableName(independent.front()));
-    run.ReportError(
-        ErrorMessage("Multiple Regression: ", names, "You must select a dependent and independent variable."));
-    return;
-  }
-  RunModel(run);
-  if (run.panel.checks.Check1) RebuildVariableLists(run.data);  // the names of what was saved
+void RunLeastSquares(ProcedureRun& run, const ModelVariables& variables, const LeastSquaresOptions& options) {
+  RunModel(run, variables, [&](const CaseControl& control, const ModelCases& cases) {
+    ReportLeastSquares(run, control, cases, options);
+  });
+}
+
+void RunLogistic(ProcedureRun& run, const ModelVariables& variables, const LogisticOptions& options) {
+  RunModel(run, variables,
+           [&](const CaseControl& control, const ModelCases& cases) { ReportLogistic(run, control, cases, options); });
 }
 
 }  // namespace tessara

@@ -1,14 +1,23 @@
 #pragma once
 
-#include "procedures/cases/procedure_run.h"
+#include <cstddef>
+#include <span>
 
-// The entry to the regressions: one model of the main variable on all independent variables of the panel, by least
-// squares or logistic as the panel's kind says.
+#include "procedures/cases/procedure_run.h"
+#include "procedures/relate/options.h"
+
+// The entries to the regressions: one model of a dependent variable on all independent ones.
 
 namespace tessara {
 
-// Appends the report, or an error frame when cases or outcomes are too few, and leaves no charts. The columns that the
-// panel wants saved stand behind the last variable by then.
-void RunRegression(ProcedureRun& run);
+struct ModelVariables {
+  std::size_t dependent = 0;  // columns
+  std::span<const std::size_t> independent;
+};
+
+// Append the report, or an error frame when cases or outcomes are too few, and leave no charts. The columns that are to
+// be saved stand behind the last variable by then.
+void RunLeastSquares(ProcedureRun& run, const ModelVariables& variables, const LeastSquaresOptions& options);
+void RunLogistic(ProcedureRun& run, const ModelVariables& variables, const LogisticOptions& options);
 
 }  // namespace tessara

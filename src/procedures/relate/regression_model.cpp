@@ -53,19 +53,19 @@ void Standardize(const double* values, std::size_t count, const VariableSpread& 
 
 }  // namespace
 
-ModelCases GatherModelCases(const DataSet& data, const CaseControl& control, std::size_t dependent,
-                            std::span<const std::size_t> independent) {
+ModelCases GatherModelCases(const CaseSource& source, std::size_t dependent, std::span<const std::size_t> independent) {
   std::vector<std::size_t> columns{dependent};
   columns.insert(columns.end(), independent.begin(), independent.end());
-  NumberCases gathered = GatherNumberCases(data, control, columns);
+  NumberCases gathered = GatherNumberCases(source, columns);
 
   ModelCases cases;
   cases.variables = std::move(gathered.variables);
   cases.accepted = std::move(gathered.accepted);
   cases.n = gathered.n;
-  cases.dependent_name = data.VariableName(dependent);
+  cases.dependent_name = source.data.VariableName(dependent);
+  cases.dependent_label = source.data.VariableLabel(dependent);
   cases.ModelNames = {"Constant"};
-  for (const std::size_t column : independent) cases.ModelNames.push_back(data.VariableName(column));
+  for (const std::size_t column : independent) cases.ModelNames.push_back(source.data.VariableName(column));
   return cases;
 }
 

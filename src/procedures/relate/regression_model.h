@@ -11,7 +11,7 @@
 #include "numerics/checked.h"
 #include "numerics/linear_solver.h"
 #include "numerics/product_sums.h"
-#include "procedures/cases/case_control.h"
+#include "procedures/cases/case_source.h"
 
 // What the regressions share: the cases of a model, passes over them in blocks, and the normal equations. Coefficients
 // are numbered from 0; coefficient 0 is the constant, whose column of ones is not stored.
@@ -23,14 +23,14 @@ struct ModelCases {
   std::vector<std::vector<double>> variables;  // the dependent one, then the independent ones in selection order
   std::vector<std::uint8_t> accepted;          // of each record: its case is in the model
   std::string dependent_name;
+  std::string dependent_label;
   std::vector<std::string> ModelNames;  // of the coefficients, "Constant" first
   std::size_t n = 0;                    // cases
 
   std::size_t k() const { return variables.size(); }  // coefficients: the independent variables and the constant
   const std::vector<double>& ModelY() const { return variables[0]; }
 };
-ModelCases GatherModelCases(const DataSet& data, const CaseControl& control, std::size_t dependent,
-                            std::span<const std::size_t> independent);
+ModelCases GatherModelCases(const CaseSource& source, std::size_t dependent, std::span<const std::size_t> independent);
 
 // How a variable spreads among the cases.
 struct VariableSpread {

@@ -13,8 +13,7 @@ namespace {
 std::string Passing(const std::vector<TaggedValue>& cells, ControlRelation relation, const std::string& value = {},
                     const std::string& missing_spec = {}, NotEqualReading reading = NotEqualReading::kAsText) {
   DataSet data = MakeTestData({{"C", cells, "", missing_spec, {}}});
-  data.RoleVariable[kControlRole] = 1;
-  const CaseControl control(data, {relation, value});
+  const CaseControl control(data, 1, {relation, value});
   std::string flags;
   for (const std::uint8_t passes : control.PassingCases(data.RecordCount, reading)) flags += passes ? '1' : '0';
   return flags;
@@ -22,7 +21,7 @@ std::string Passing(const std::vector<TaggedValue>& cells, ControlRelation relat
 
 TEST(CaseControl, WithoutControlVariableEveryCasePasses) {
   DataSet data = MakeTestData({{"C", Texts({"1", ""}), "", "", {}}});
-  const CaseControl control(data, {ControlRelation::kEqualTo, "1"});
+  const CaseControl control(data, 0, {ControlRelation::kEqualTo, "1"});
   EXPECT_FALSE(control.active());
   EXPECT_TRUE(control.PassingCases(2).empty());
   EXPECT_EQ(control.ControlCaption(), "");
@@ -32,15 +31,13 @@ TEST(CaseControl, WithoutControlVariableEveryCasePasses) {
 
 TEST(CaseControl, ColumnBeyondTheDataCountsAsNone) {
   DataSet data = MakeTestData({{"C", Texts({"1"}), "", "", {}}});
-  data.RoleVariable[kControlRole] = 2;
-  EXPECT_FALSE(CaseControl(data, {}).active());
+  EXPECT_FALSE(CaseControl(data, 2, {}).active());
 }
 
 TEST(CaseControl, GreaterThanWithAnEmptyValuePassesAllValidCases) {
   EXPECT_EQ(Passing(Texts({"1", "", "5"}), ControlRelation::kGreaterThan), "101");
   DataSet data = MakeTestData({{"AGE", Texts({"1"}), "", "", {}}});
-  data.RoleVariable[kControlRole] = 1;
-  const CaseControl control(data, {ControlRelation::kGreaterThan, ""});
+  const CaseControl control(data, 1, {ControlRelation::kGreaterThan, ""});
   EXPECT_EQ(control.ControlCaption(), "Controlling for AGE > \r\n\r\n");
 }
 
@@ -70,8 +67,7 @@ TEST(CaseControl, EqualToMeetsANumberCellByItsGeneralText) {
 TEST(CaseControl, WithoutARelationOnlyMissingControlValuesAreExcluded) {
   EXPECT_EQ(Passing(Texts({"1", "", "9"}), ControlRelation::kNone, "", "9||||||"), "100");
   DataSet data = MakeTestData({{"AGE", Texts({"1"}), "", "", {}}});
-  data.RoleVariable[kControlRole] = 1;
-  EXPECT_EQ(CaseControl(data, {}).ControlCaption(), "Controlling for AGE\r\n\r\n");
+  EXPECT_EQ(CaseControl(data, 1, {}).ControlCaption(), "Controlling for AGE\r\n\r\n");
 }
 
 TEST(CaseControl, AMissingControlValueIsExcludedForNotEqualToAsWell) {
@@ -114,9 +110,8 @@ TEST(CaseControl, CaptionsOfEveryRelation) {
                       {ControlRelation::kAllMissing, "SEX (missing data only)"},
                       {ControlRelation::kNoMissing, "SEX (valid data only)"}};
   DataSet data = MakeTestData({{"SEX", Texts({"1"}), "", "", {}}});
-  data.RoleVariable[kControlRole] = 1;
   for (const Row& row : rows) {
-    const CaseControl control(data, {row.relation, "3"});
+    const CaseControl control(data, 1, {row.relation, "3"});
     EXPECT_EQ(control.ControlCaption(), std::string("Controlling for ") + row.words + "\r\n\r\n");
     EXPECT_EQ(control.ChartFootnote(), std::string("Controlling for ") + row.words);
     EXPECT_EQ(control.ControlLabel(), std::string("Control: ") + row.words);
@@ -145,9 +140,8 @@ TEST(CaseControl, ThePassAgreesWithTheDecisionOnEachCell) {
   }
   for (const char* spec : {"", "9|x|||||", "||||2||", "|||||5|", "9||||1|8|"}) {
     DataSet data = MakeTestData({{"C", cells, "", spec, {}}});
-    data.RoleVariable[kControlRole] = 1;
     for (int relation = 0; relation <= static_cast<int>(ControlRelation::kNoMissing); ++relation) {
-      const CaseControl control(data, {static_cast<ControlRelation>(relation), "2"});
+      const CaseControl control(data, 1, {static_cast<ControlRelation>(relation), "2"});
       const auto passing = control.PassingCases(cells.size());
       for (std::size_t i = 0; i < cells.size(); ++i) {
         ASSERT_EQ(passing[i] != 0, control.CasePasses(cells[i])) << spec << " " << relation << " " << i;

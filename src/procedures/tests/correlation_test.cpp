@@ -107,10 +107,10 @@ TEST(Correlation, BothVariablesMustBeSet) {
   TestRun run(kColumns);
   EXPECT_EQ(run.Report(RunCorrelation), FramedError(std::string(kHead) + "Y by ", kSentence));
   EXPECT_TRUE(run.aborted);
-  run.data.RoleVariable[kIndependentRole] = 2;
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.independent = 2;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunCorrelation), FramedError(std::string(kHead) + " by X", kSentence));
-  run.data.RoleVariable[kMainRole] = 9;  // a column that the data do not have
+  run.roles.main = 9;  // a column that the data do not have
   EXPECT_EQ(run.Report(RunCorrelation), FramedError(std::string(kHead) + " by X", kSentence));
 }
 
@@ -205,14 +205,13 @@ TEST(Correlation, AProductOfSpreadsThatOverflowsLeavesRAtZero) {
 
 TEST(Correlation, TIsTakenFromTheUnroundedR) {
   const PearsonStatistics s = Pearson({2.1, 3.9, 6.2, 7.8, 5.5, 9.7}, {1, 2, 4, 3, 5, 7});
-  EXPECT_EQ(s.r, "0.835");
+  EXPECT_EQ(s.r.value(), 0.835);
   EXPECT_NEAR(s.t.value(), 1.0471428571428567 / 0.3456072738747003, 1e-9);  // slope over its error, scipy's linregress
 }
 
 TEST(CorrelationCharts, AScatterChartAndTheFrequenciesOfBoth) {
   TestRun run(kColumns);
   run.Independent(2);
-  run.panel.SelectedVariables = {1};
   run.Control(3);
   run.Report(RunCorrelation);
   EXPECT_EQ(run.charts.kind, ChartKind::kCorrelation);
@@ -238,18 +237,22 @@ TEST(CorrelationCharts, AScatterChartAndTheFrequenciesOfBoth) {
   EXPECT_EQ(x.values, scatter.x);
 }
 
-TEST(CorrelationCharts, NoneWithTwoAnalysisVariables) {
+TEST(CorrelationCharts, NoneUnlessTheyAreWanted) {
   TestRun run(kColumns);
   run.Independent(2);
-  run.panel.SelectedVariables = {1, 3};
+  run.wants_charts = false;
   run.charts.kind = ChartKind::kFrequencies;
   run.Report(RunCorrelation);
   EXPECT_EQ(run.charts.kind, ChartKind::kNone);
   EXPECT_TRUE(run.charts.charts.empty());
 }
 
-void RunRegression(ProcedureRun& run) { RunCorrelationWith(run, {.regression = true, .save_residuals = false}); }
-void RunRegressionSaving(ProcedureRun& run) { RunCorrelationWith(run, {.regression = true, .save_residuals = true}); }
+void RunRegression(ProcedureRun& run, const Roles& roles) {
+  RunCorrelationWith(run, roles, {.regression = true, .save_residuals = false});
+}
+void RunRegressionSaving(ProcedureRun& run, const Roles& roles) {
+  RunCorrelationWith(run, roles, {.regression = true, .save_residuals = true});
+}
 
 // Slope, intercept, error and deviations by scipy and numpy. R Squared is that of 0.835, and so is the error of the
 // estimate: sqrt(1 - 0.697225) * sqrt(5 / 4) * 2.71047.

@@ -227,7 +227,7 @@ TEST(Crosstabulation, AVariableThatIsNotSelected) {
   EXPECT_EQ(run.Report(RunCrosstabulation), FramedError("Crosstab Comparison: A by ", sentence));
   EXPECT_TRUE(run.aborted);
   run.Independent(2);
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunCrosstabulation), FramedError("Crosstab Comparison:  by B", sentence));
 }
 
@@ -293,9 +293,9 @@ TEST(Crosstabulation, ChartsOfBothVariablesAndOfTheCells) {
   EXPECT_EQ(run.charts.charts[2].series[2].name, "Last");
 }
 
-TEST(Crosstabulation, TwoAnalysisVariablesLeaveNoCharts) {
+TEST(Crosstabulation, NoChartsUnlessTheyAreWanted) {
   TestRun run = CasesOf({{1, 2}, {3, 4}});
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunCrosstabulation);
   EXPECT_TRUE(run.charts.charts.empty());
 }

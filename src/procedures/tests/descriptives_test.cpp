@@ -6,6 +6,7 @@
 #include <cmath>
 #include <random>
 
+#include "data/change_door.h"
 #include "numerics/number_text.h"
 #include "procedures/tests/test_data.h"
 
@@ -102,7 +103,7 @@ TEST(Descriptives, FewerThanTwoObservationsGiveTheErrorFrame) {
 
 TEST(Descriptives, WithoutAVariableTheErrorFrameHasAnEmptyName) {
   TestRun run({{"X", Texts({"1"}), "", "", {}}});
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunDescriptives),
             FramedError("Descriptive Analysis: ", "You must select a dependent variable."));
 }
@@ -135,7 +136,7 @@ TEST(Descriptives, ANonNumericCellIsPassedOverAheadOfTheControl) {
 // Five bars of width 1.4 over 2 to 9; counts 1, 5, 0, 1, 1, so that the tallest has 20 X and one of a fifth has 4.
 TEST(Descriptives, TheBarChartStandsAtTheEndOfTheReport) {
   TestRun run({{"X", Texts({"2", "4", "4", "4", "5", "4.5", "7", "9"}), "", "", {}}});
-  run.panel.checks.Check1 = true;
+  run.options.descriptives.bar_chart = true;
   const std::string rule = std::string(65, '-') + "\r\n";
   const std::string report = run.Report(RunDescriptives);
   EXPECT_EQ(report.substr(report.find("Missing Cases")),
@@ -190,9 +191,9 @@ TEST(Descriptives, LeavesThreeChartsAndAShortSummary) {
             "Missing Cases    2\r\n");
 }
 
-TEST(Descriptives, OfSeveralVariablesLeaveNeitherChartsNorASummary) {
+TEST(Descriptives, NeitherChartsNorASummaryUnlessTheyAreWanted) {
   TestRun run({{"X", Texts({"1", "2"})}, {"Y", Texts({"1", "2"})}});
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunDescriptives);
   EXPECT_TRUE(run.charts.charts.empty());
   EXPECT_EQ(run.charts.summary, "");
@@ -200,8 +201,8 @@ TEST(Descriptives, OfSeveralVariablesLeaveNeitherChartsNorASummary) {
 
 TEST(Descriptives, ChartsStandBesideTheTextChartAndTheZScores) {
   TestRun run({{"X", Texts({"1", "2", "3"})}});
-  run.panel.checks.Check1 = true;
-  run.panel.checks.Check2 = true;
+  run.options.descriptives.bar_chart = true;
+  run.options.descriptives.save_z_scores = true;
   const std::string report = run.Report(RunDescriptives);
   EXPECT_NE(report.find("1.00 to 1.40                          1  XXXXXXXXXXXXXXXXXXXX\r\n"), std::string::npos);
   EXPECT_EQ(run.charts.charts.size(), 3u);
@@ -228,7 +229,7 @@ class ZScores : public testing::Test {
 };
 
 TEST_F(ZScores, StandInANewColumnBehindTheFullData) {
-  run.panel.checks.Check2 = true;
+  run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   ASSERT_EQ(run.data.VariableCount, 4u);
   ASSERT_EQ(run.data.RecordCount, 5u);
@@ -241,8 +242,8 @@ TEST_F(ZScores, StandInANewColumnBehindTheFullData) {
 }
 
 TEST_F(ZScores, TakeTheDictionaryOfTheirSource) {
-  run.data.matrix.SetText(0, 1, "banner");
-  run.panel.checks.Check2 = true;
+  MatrixEditor(run.data).SetText(0, 1, "banner");
+  run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   EXPECT_EQ(TextOf(run.data.matrix.Cell(kVariableNameRow, 4)), "Z-X");
   EXPECT_EQ(TextOf(run.data.matrix.Cell(kMissingSpecRow, 4)), "9||||||");
@@ -252,18 +253,18 @@ TEST_F(ZScores, TakeTheDictionaryOfTheirSource) {
 }
 
 TEST_F(ZScores, KeepALabelAndDoNotCutTheName) {
-  run.data.matrix.SetText(kVariableLabelRow, 1, "Score");
-  run.data.matrix.SetText(kVariableNameRow, 1, "LONGNAME");
-  run.panel.checks.Check2 = true;
+  MatrixEditor(run.data).SetText(kVariableLabelRow, 1, "Score");
+  MatrixEditor(run.data).SetText(kVariableNameRow, 1, "LONGNAME");
+  run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   EXPECT_EQ(run.data.VariableName(4), "Z-LONGNAME");
   EXPECT_EQ(run.data.VariableLabel(4), "Score");
 }
 
 TEST_F(ZScores, OfEqualValuesStayEmpty) {
-  for (const std::size_t record : {1u, 3u, 4u}) run.data.matrix.SetText(kHeaderRowCount + record, 1, "5");
-  run.data.matrix.SetEmpty(kHeaderRowCount + 5, 1);
-  run.panel.checks.Check2 = true;
+  for (const std::size_t record : {1u, 3u, 4u}) MatrixEditor(run.data).SetText(kHeaderRowCount + record, 1, "5");
+  MatrixEditor(run.data).SetEmpty(kHeaderRowCount + 5, 1);
+  run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   for (std::size_t record = 1; record <= 5; ++record) {
     EXPECT_TRUE(run.data.matrix.Cell(kHeaderRowCount + record, 4).is_empty());
@@ -273,11 +274,11 @@ TEST_F(ZScores, OfEqualValuesStayEmpty) {
 // The report's "not equal to" compares texts, the scores' compares numbers: against 1 the cell 1.0 is in the report
 // only.
 TEST_F(ZScores, TheirNotEqualToComparesNumbers) {
-  run.data.matrix.SetText(kFirstRecordRow, 2, "1.0");
-  run.data.matrix.SetText(kFirstRecordRow + 2, 2, "2");
-  run.data.matrix.SetText(kFirstRecordRow + 3, 2, "x");
+  MatrixEditor(run.data).SetText(kFirstRecordRow, 2, "1.0");
+  MatrixEditor(run.data).SetText(kFirstRecordRow + 2, 2, "2");
+  MatrixEditor(run.data).SetText(kFirstRecordRow + 3, 2, "x");
   run.Control(2, ControlRelation::kNotEqualTo, "1");
-  run.panel.checks.Check2 = true;
+  run.options.descriptives.save_z_scores = true;
   const std::string report = run.Report(RunDescriptives);
   EXPECT_NE(report.find("Mean                           4.0000"), std::string::npos);
   EXPECT_TRUE(run.data.matrix.Cell(kFirstRecordRow, 4).is_empty());
@@ -303,16 +304,15 @@ TEST(Descriptives, AgreesWithTheLiteralPasses) {
     }
     DataSet data =
         MakeTestData({{"X", cells, "", round % 2 ? "99||||||" : "99|||||500|", {}}, {"C", control_cells, "", "", {}}});
-    data.RoleVariable[kMainRole] = 1;
-    if (round % 3 == 0) data.RoleVariable[kControlRole] = 2;
-    LoadMissingSet(data, kMainRole);
-    const CaseControl control(data, {ControlRelation::kEqualTo, "1"});
+    const MissingValues missing = LoadMissingSet(data.matrix, 1);
+    const CaseSource source = CasesOfAllRecords(data, round % 3 == 0 ? 2 : 0, {ControlRelation::kEqualTo, "1"});
+    const CaseControl& control = source.control;
 
     std::vector<double> array;
     double sum = 0;
     std::size_t excluded = 0;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-      if (data.MissingSet[kMainRole].IsMissing(cells[i])) {
+      if (missing.IsMissing(cells[i])) {
         ++excluded;
         continue;
       }
@@ -326,7 +326,7 @@ TEST(Descriptives, AgreesWithTheLiteralPasses) {
       array.resize(std::max(array.size(), i - excluded + 1));
       array[i - excluded] = x;
     }
-    DescriptiveCases cases = GatherDescriptives(data, control, 1);
+    DescriptiveCases cases = GatherDescriptives(source, 1);
     ASSERT_EQ(cases.values, array);
     ASSERT_EQ(cases.sum, sum);
     ASSERT_EQ(cases.excluded, excluded);

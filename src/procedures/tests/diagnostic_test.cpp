@@ -309,7 +309,7 @@ TEST(Diagnostic, AVariableThatIsNotSelected) {
   EXPECT_EQ(run.Report(RunDiagnostic), FramedError("Diagnostic Accuracy: T by ", sentence));
   EXPECT_TRUE(run.aborted);
   run.Independent(2);
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunDiagnostic), FramedError("Diagnostic Accuracy:  by D", sentence));
 }
 
@@ -344,15 +344,15 @@ TEST(Diagnostic, ChartsOfBothVariables) {
             "chart\tRow Variable\tT\tFrequency\t\r\n"
             "1\t3\r\n"
             "2\t4\r\n"
-            "chart\tColumn Variable\tD\tFrequency\t\r\n"
+            "chart\tFrequency\tD\tFrequency\t\r\n"
             "0\t3\r\n"
             "1\t4\r\n");
 }
 
-TEST(Diagnostic, TwoAnalysisVariablesLeaveNoCharts) {
+TEST(Diagnostic, NoChartsUnlessTheyAreWanted) {
   TestRun run(CasesOf({{"1", 2, 1}, {"2", 1, 3}}));
   run.Independent(2);
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunDiagnostic);
   EXPECT_TRUE(run.charts.charts.empty());
 }

@@ -36,7 +36,7 @@ TEST(Frequencies, WholeReportWithLabelsAndDispersion) {
                 "9||||||",
                 {"1=Yes", "2=No"}},
                {"ID", Texts({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"}), "", "", {}}});
-  run.panel.checks.Check2 = true;
+  run.options.frequencies.dispersion = true;
   EXPECT_EQ(run.Report(RunFrequencies),
             "Frequencies\r\n"
             "\r\n"
@@ -145,7 +145,7 @@ TEST(Frequencies, TheNumberZeroIsBlankAndTheTextZeroIsNot) {
 
 TEST(Frequencies, OneCategoryHasADispersionOfZero) {
   TestRun run({{"X", Texts({"1", "1"}), "", "", {}}});
-  run.panel.checks.Check2 = true;
+  run.options.frequencies.dispersion = true;
   EXPECT_NE(run.Report(RunFrequencies).find("Index of Dispersion\t\t 0.000       (Assumes 1 category)\r\n"),
             std::string::npos);
 }
@@ -173,7 +173,7 @@ TEST(Frequencies, AllCasesMissingGivesTheErrorFrame) {
 
 TEST(Frequencies, WithoutAVariableTheErrorFrameHasAnEmptyName) {
   TestRun run({{"X", Texts({"1"}), "", "", {}}});
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(RunFrequencies), FramedError("Frequency Analysis: ", "You must select a dependent variable."));
 }
 
@@ -228,13 +228,16 @@ TEST(Frequencies, AChartLabelHasTheWholeTextAndARoundedPercent) {
   TestRun run({{"X", Texts({"abcdefghijklmnopqrstuvwxyz", "-1", "-1"})}});
   run.Report(RunFrequencies);
   ASSERT_EQ(run.charts.charts.size(), 2u);
-  EXPECT_EQ(run.charts.charts[0].labels,
-            (std::vector<std::string>{"-1  (66.7%)", "abcdefghijklmnopqrstuvwxyz  (33.3%)"}));
+  for (const Chart& chart : run.charts.charts) {
+    EXPECT_EQ(chart.labels, (std::vector<std::string>{"-1", "abcdefghijklmnopqrstuvwxyz"}));
+    EXPECT_EQ(chart.details, (std::vector<std::string>{"66.7%", "33.3%"}));
+    EXPECT_EQ(RowLabel(chart, 0), "-1  (66.7%)");
+  }
 }
 
-TEST(Frequencies, SeveralVariablesLeaveNoCharts) {
+TEST(Frequencies, NoChartsUnlessTheyAreWanted) {
   TestRun run({{"X", Texts({"1", "2"})}, {"Y", Texts({"1", "2"})}});
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report(RunFrequencies);
   EXPECT_TRUE(run.charts.charts.empty());
 }
@@ -272,12 +275,10 @@ TEST(Frequencies, CountingByCellAgreesWithTheWalk) {
     }
     cells.emplace_back("5");
     DataSet data = MakeTestData({{"X", cells, "", "10||||||", {}}});
-    data.RoleVariable[kMainRole] = 1;
-    LoadMissingSet(data, kMainRole);
-
+    const MissingValues missing = LoadMissingSet(data.matrix, 1);
     std::vector<TaggedValue> working;
     for (const TaggedValue& cell : cells) {
-      if (!data.MissingSet[kMainRole].IsMissing(cell)) working.push_back(cell);
+      if (!missing.IsMissing(cell)) working.push_back(cell);
     }
     bool all_numeric = true;
     for (TaggedValue& value : working) {
@@ -294,7 +295,7 @@ TEST(Frequencies, CountingByCellAgreesWithTheWalk) {
       return x != y ? x < y : a.view().text() < b.view().text();
     });
 
-    const FrequencyCases cases = GatherFrequencies(data, CaseControl(data, {}), 1);
+    const FrequencyCases cases = GatherFrequencies(CasesOfAllRecords(data), 1);
     ASSERT_EQ(cases.accepted, working.size());
     std::size_t at = 0;
     for (const auto& category : cases.categories) {

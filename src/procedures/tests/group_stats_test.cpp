@@ -7,8 +7,8 @@
 namespace tessara {
 namespace {
 
-GroupStats StatsOf(DataSet& data, const ControlChoice& choice = {}) {
-  return ComputeGroupStats(GatherGroups(data, CaseControl(data, choice), 1, 2));
+GroupStats StatsOf(const DataSet& data, std::size_t control_column = 0, const ControlChoice& choice = {}) {
+  return ComputeGroupStats(GatherGroups(CasesOfAllRecords(data, control_column, choice), 1, 2));
 }
 
 void ExpectGroup(const GroupStats::Group& group, const std::string& label, double n, double mean, double squares) {
@@ -45,8 +45,7 @@ TEST(GroupStats, APairIsDroppedForEitherOfItsValues) {
   DataSet data = MakeTestData({{"Y", Texts({"1", "99", "abc", "4", "5", "6", "7"}), "", "99||||||"},
                                {"G", Texts({"99", "99", "99", "", "x", "99", "99"}), "", "x||||||"},
                                {"C", Texts({"1", "1", "1", "1", "1", "2", "1"})}});
-  data.RoleVariable[kControlRole] = 3;
-  const GroupStats stats = StatsOf(data, {ControlRelation::kEqualTo, "1"});
+  const GroupStats stats = StatsOf(data, 3, {ControlRelation::kEqualTo, "1"});
   ASSERT_EQ(stats.GroupCount(), 1u);
   ExpectGroup(stats.groups[0], "99", 2, 4, 18);
 }
@@ -81,9 +80,8 @@ TEST(GroupStats, AStepBeyondTheRangeOfADoubleIsAbandonedAlone) {
 TEST(GroupStats, WithoutCasesThePassReportsItsOwnError) {
   TestRun run({{"Y", Texts({"x", "1"})}, {"G", Texts({"1", ""})}});
   run.Independent(2);
-  const std::string report = run.Report([](ProcedureRun& procedure_run) {
-    const RunCases begun(procedure_run);
-    EXPECT_FALSE(RunGroupPass(procedure_run, begun.control));
+  const std::string report = run.Report([](ProcedureRun& procedure_run, const Roles& roles) {
+    EXPECT_FALSE(RunGroupPass(procedure_run, BeginCases(procedure_run), roles));
   });
   EXPECT_EQ(report, FramedError("Summary Comparison: Y by G", "There are no observations."));
   EXPECT_TRUE(run.aborted);
@@ -91,7 +89,7 @@ TEST(GroupStats, WithoutCasesThePassReportsItsOwnError) {
 
 TEST(GroupStats, NoRecords) {
   DataSet data = MakeTestData({{"Y"}, {"G"}});
-  const GroupedCases cases = GatherGroups(data, CaseControl(data, {}), 1, 2);
+  const GroupedCases cases = GatherGroups(CasesOfAllRecords(data), 1, 2);
   EXPECT_TRUE(cases.values.empty());
   EXPECT_TRUE(cases.labels.empty());
   EXPECT_EQ(ComputeGroupStats(cases).GroupCount(), 0u);

@@ -11,7 +11,7 @@ const std::string kRule = std::string(96, '-') + "\r\n";
 
 TestRun ListRun(const std::vector<TestColumn>& columns, std::vector<std::size_t> selected) {
   TestRun run(columns);
-  run.panel.SelectedVariables = std::move(selected);
+  run.variables = std::move(selected);
   return run;
 }
 
@@ -82,7 +82,7 @@ TEST(ListVariables, LinesThatTheControlRejectsDoNotCount) {
                          {"C", Texts({"0", "0", "0", "1", "1", "1", "1", "1", "1", "1"})}},
                         {1});
   run.Control(2, ControlRelation::kEqualTo, "1");
-  run.panel.Text7 = "5";
+  run.options.list.max_observations = "5";
   std::string lines;
   const char* values[] = {"d", "e", "f", "g", "h"};
   for (int i = 0; i < 5; ++i) {
@@ -94,7 +94,7 @@ TEST(ListVariables, LinesThatTheControlRejectsDoNotCount) {
 
 std::size_t Lines(const std::string& max_observations) {
   TestRun run = ListRun({{"A", Texts({"1", "2", "3", "4"})}}, {1});
-  run.panel.Text7 = max_observations;
+  run.options.list.max_observations = max_observations;
   const std::string report = run.Report(RunListVariables);
   std::size_t lines = 0;
   for (std::size_t at = report.find("\r\n0000"); at != std::string::npos; at = report.find("\r\n0000", at + 1)) ++lines;

@@ -18,13 +18,12 @@ const std::string kRule = std::string(82, '-') + "\r\n";
 // A logistic run of the first column on others.
 struct LogisticRun : TestRun {
   LogisticRun(const std::vector<TestColumn>& columns, std::vector<std::size_t> independent) : TestRun(columns) {
-    panel.selected = Procedure::kRegression;
-    panel.regression = RegressionKind::kLogistic;
-    panel.SelectedVariables = {1};
-    panel.IndependentVariables = std::move(independent);
+    variables = std::move(independent);
   }
 
-  std::string Report() { return TestRun::Report(RunRegression); }
+  std::string Report() {
+    return ReportOf([this](ProcedureRun& run) { RunLogistic(run, {roles.main, variables}, options.logistic); });
+  }
 };
 
 ModelCases MakeCases(std::vector<std::vector<double>> variables) {
@@ -107,7 +106,7 @@ const std::vector<TestColumn> kTrial = {
 TEST(Logistic, WholeReportOfTwoVariablesWithSummaryAndControl) {
   LogisticRun run(kTrial, {2, 3});
   run.Control(4, ControlRelation::kGreaterThan, "3");
-  run.panel.checks.Check2 = true;
+  run.options.logistic.summary = true;
   EXPECT_EQ(run.Report(),
             "------------------------------ Logistic Regression -------------------------------\r\n"
             "Controlling for C > 3\r\n"
@@ -170,7 +169,7 @@ TEST(Logistic, WholeReportOfTwoVariablesWithSummaryAndControl) {
 TEST(Logistic, PredictedValuesAndResidualsSurviveASave) {
   LogisticRun run(kTrial, {2, 3});
   run.Control(4, ControlRelation::kGreaterThan, "3");
-  run.panel.checks.Check1 = true;
+  run.options.logistic.save_predicted = true;
   run.Report();
   ASSERT_EQ(run.data.VariableCount, 6u);
   EXPECT_EQ(run.data.VarList[5].name, "Pi-Y");
@@ -215,7 +214,7 @@ std::string TooFew(const std::string& k, const std::string& ones, const std::str
 
 TEST(Logistic, NoZeroCaseIsRefused) {
   LogisticRun run({{"Y", Texts({"1", "1", "2", "1", "2"})}, {"X", Texts({"1", "2", "3", "4", "5"})}}, {2});
-  run.panel.checks.Check1 = true;
+  run.options.logistic.save_predicted = true;
   EXPECT_EQ(run.Report(), TooFew("    2", "    3", "    0"));
   EXPECT_TRUE(run.aborted);
   EXPECT_EQ(run.data.VariableCount, 2u);
@@ -322,7 +321,7 @@ TEST(Logistic, AnotherValueCountsForNeitherOutcomeAndStaysInTheModel) {
   LogisticRun run({{"Y", Texts({"0", "0", "0", "1", "0", "1", "1", "0", "1", "1", "2"})},
                    {"X", Texts({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "6"})}},
                   {2});
-  run.panel.checks.Check1 = true;
+  run.options.logistic.save_predicted = true;
   const std::string report = run.Report();
   EXPECT_TRUE(Contains(report,
                        "Cases with Y=0:     5     45.45%\r\n"
@@ -352,7 +351,7 @@ TEST(Logistic, AnotherValueCountsForNeitherOutcomeAndStaysInTheModel) {
 // of a second program for the same steps in Python.
 TEST(Logistic, PerfectlySeparatedOutcomesRunToTheEnd) {
   LogisticRun run({{"Y", Texts({"0", "0", "0", "1", "1", "1"})}, {"X", Texts({"1", "2", "3", "4", "5", "6"})}}, {2});
-  run.panel.checks.Check1 = true;
+  run.options.logistic.save_predicted = true;
   const std::string report = run.Report();
   EXPECT_FALSE(run.aborted);
   EXPECT_TRUE(Contains(report, "Model -2 Log Likelihood          0.001    Iteration (13)\r\n")) << report;
@@ -400,7 +399,7 @@ TEST(Logistic, TheRoundsEndAt200AndEtaIsCutFromAboveOnly) {
                    {"A", Texts({"5", "5", "7", "6", "5", "1"})},
                    {"B", Texts({"1", "50000", "4", "2", "80000", "10000"})}},
                   {2, 3});
-  run.panel.checks.Check1 = true;
+  run.options.logistic.save_predicted = true;
   const std::string report = run.Report();
   EXPECT_TRUE(Contains(report,
                        "Initial -2 Log Likelihood        8.318\r\n"

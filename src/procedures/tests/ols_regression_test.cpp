@@ -16,12 +16,14 @@ const std::string kRule = std::string(82, '-') + "\r\n";
 // A run of the first column on others.
 struct RegressionRun : TestRun {
   RegressionRun(const std::vector<TestColumn>& columns, std::vector<std::size_t> independent) : TestRun(columns) {
-    panel.selected = Procedure::kRegression;
-    panel.SelectedVariables = {1};
-    panel.IndependentVariables = std::move(independent);
+    variables = std::move(independent);
   }
 
-  std::string Report() { return TestRun::Report(RunRegression); }
+  std::string Report() {
+    return ReportOf([this](ProcedureRun& run) {
+      RunLeastSquares(run, {roles.main, variables}, options.least_squares);
+    });
+  }
 };
 
 // What stands between two marks of a report.
@@ -87,7 +89,7 @@ const std::vector<TestColumn> kStudy = {
 TEST(LeastSquares, WholeReportOfTwoVariablesWithSummaryAndControl) {
   RegressionRun run(kStudy, {2, 3});
   run.Control(4, ControlRelation::kEqualTo, "1");
-  run.panel.checks.Check2 = true;
+  run.options.least_squares.summary = true;
   EXPECT_EQ(run.Report(),
             "---------------------------- Multiple OLS Regression -----------------------------\r\n"
             "Controlling for GROUP = 1\r\n"
@@ -143,7 +145,7 @@ TEST(LeastSquares, ResidualsBecomeANewVariable) {
   columns[0].value_labels = {"1=low"};
   RegressionRun run(columns, {2, 3});
   run.Control(4, ControlRelation::kEqualTo, "1");
-  run.panel.checks.Check1 = true;
+  run.options.least_squares.save_residuals = true;
   run.Report();
   const DataSet& data = run.data;
   ASSERT_EQ(data.VariableCount, 6u);  // behind the full count, which the blank variable is part of
@@ -162,7 +164,7 @@ TEST(LeastSquares, ResidualsBecomeANewVariable) {
 
 TEST(LeastSquares, AnEmptyLabelOfTheResidualsStaysEmpty) {
   RegressionRun run({{"Y", Texts({"1", "2", "4"})}, {"X", Texts({"1", "2", "3"})}}, {2});
-  run.panel.checks.Check1 = true;
+  run.options.least_squares.save_residuals = true;
   run.Report();
   EXPECT_EQ(run.data.VariableLabel(3), "");
 }
@@ -186,7 +188,7 @@ TEST(LeastSquares, NoCaseIsTooFew) {
 TEST(LeastSquares, AsManyCasesAsCoefficientsAreRefused) {
   RegressionRun run({{"Y", Texts({"1", "3", "2"})}, {"A", Texts({"1", "2", "3"})}, {"B", Texts({"2", "1", "5"})}},
                     {2, 3});
-  run.panel.checks.Check1 = true;
+  run.options.least_squares.save_residuals = true;
   EXPECT_EQ(run.Report(), Refusal(kTooFewForModel));
   EXPECT_TRUE(run.aborted);
   EXPECT_EQ(run.data.VariableCount, 3u);  // nothing is saved
@@ -194,7 +196,7 @@ TEST(LeastSquares, AsManyCasesAsCoefficientsAreRefused) {
 
 TEST(LeastSquares, WithoutVariablesTheTextNamesThePair) {
   RegressionRun run({{"Y", Texts({"1", "3"})}, {"X", Texts({"1", "2"})}}, {2});
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(),
             FramedError("Multiple Regression:  by X", "You must select a dependent and independent variable."));
 }
@@ -290,7 +292,7 @@ TEST(LeastSquares, WithoutAnErrorThereIsNoTest) {
   model.CoefBeta = {0, 0.5};
   model.t = model.p = {0, 0};
   DataSet data = MakeTestData({{"Y"}, {"X"}});
-  const std::string report = LeastSquaresReport(cases, model, CaseControl(data, {}), false);
+  const std::string report = LeastSquaresReport(cases, model, CaseControl(data, 0, {}), false);
   EXPECT_NE(report.find("  Regression              0.000         0             0.000      0.000        NA\r\n"),
             std::string::npos)
       << report;
@@ -305,7 +307,7 @@ TEST(LeastSquares, HugeValuesStayFinite) {
   RegressionRun run(
       {{"Y", Texts({"1e200", "2", "-1e308", "4", "1e308"})}, {"X", Texts({"1", "-1e308", "3e180", "1e308", "9"})}},
       {2});
-  run.panel.checks.Check1 = run.panel.checks.Check2 = true;
+  run.options.least_squares = {.save_residuals = true, .summary = true};
   const std::string report = run.Report();
   EXPECT_FALSE(run.aborted);
   EXPECT_EQ(report.find("inf"), std::string::npos) << report;

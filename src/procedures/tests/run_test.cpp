@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/cell_block.h"
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 
 namespace tessara {
@@ -19,7 +20,7 @@ class RunTest : public testing::Test {
     const char* cells[2][3] = {{"1", "2", "3"}, {"4", "5", "7"}};
     for (std::size_t column = 1; column <= 2; ++column) {
       for (std::size_t record = 0; record < 3; ++record) {
-        data.matrix.SetText(kFirstRecordRow + record, column, cells[column - 1][record]);
+        MatrixEditor(data).SetText(kFirstRecordRow + record, column, cells[column - 1][record]);
       }
     }
   }
@@ -28,7 +29,6 @@ class RunTest : public testing::Test {
     SelectProcedure(panel, procedure);
     panel.SelectedVariables = std::move(analysis);
     panel.IndependentVariables = std::move(independent);
-    data.SelectedVariableCount = panel.SelectedVariables.size();
   }
 
   RunOutcome RunNow() {
@@ -77,7 +77,7 @@ TEST_F(RunTest, NoVariableComesAheadOfNoProcedure) {
 
 TEST_F(RunTest, IndependentVariablesAloneAreNoSelection) {
   Select(Procedure::kCrosstabulation, {}, {2});
-  data.RoleVariable[kControlRole] = 1;
+  panel.control_variable.column = 1;
   ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
 }
 
@@ -88,14 +88,48 @@ TEST_F(RunTest, NoProcedure) {
 }
 
 TEST_F(RunTest, AControlVariableAloneIsASubsetRequestAndNoError) {
-  data.RoleVariable[kControlRole] = 1;
+  panel.control_variable.column = 1;
   ExpectComesNext(RunNow());
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
 }
 
 TEST_F(RunTest, AControlVariableBeyondTheDataIsNoSubsetRequest) {
-  data.RoleVariable[kControlRole] = 21;
+  panel.control_variable.column = 21;
   ExpectRefusal(RunNow(), kAborted, "Please select a dependent variable.");
+}
+
+// "4o" is no number: it must not let all cases through.
+TEST_F(RunTest, AControlValueThatIsNoNumberRefusesTheRunAndStays) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  const std::string before = output.MostRecentText;
+  panel.control_variable.column = 2;
+  for (const ControlRelation relation : {ControlRelation::kGreaterThan, ControlRelation::kLessThan}) {
+    platform.messages.clear();
+    panel.control = {relation, "4o"};
+    ExpectRefusal(RunNow(), "Warning", "Only numerical entries are allowed.");
+    EXPECT_EQ(panel.control.value, "4o");
+    EXPECT_EQ(output.MostRecentText, before);
+    EXPECT_FALSE(charts.charts.empty());
+  }
+  panel.SelectedVariables.clear();  // a request for a subset is stopped too
+  platform.messages.clear();
+  ExpectRefusal(RunNow(), "Warning", "Only numerical entries are allowed.");
+}
+
+TEST_F(RunTest, RelationsOfTextsAndAControlThatIsNotSetTakeAnyValue) {
+  Select(Procedure::kFrequencies, {1});
+  panel.control = {ControlRelation::kGreaterThan, "4o"};
+  EXPECT_FALSE(RunNow().refused);
+  panel.control_variable.column = 2;
+  for (const ControlRelation relation :
+       {ControlRelation::kEqualTo, ControlRelation::kNotEqualTo, ControlRelation::kNoMissing}) {
+    panel.control.relation = relation;
+    EXPECT_FALSE(RunNow().refused);
+  }
+  panel.control = {ControlRelation::kGreaterThan, ""};
+  EXPECT_FALSE(RunNow().refused);
+  EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(RunTest, ProceduresForPairsNeedAnIndependentVariable) {
@@ -111,7 +145,7 @@ TEST_F(RunTest, ProceduresForPairsNeedAnIndependentVariable) {
 
 TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
   Select(Procedure::kCorrelation, {1});
-  panel.checks.Check2 = true;
+  panel.options.correlation.create_matrix = true;
   ExpectRefusal(RunNow(), kAborted, "Please select two analysis variables.");
   platform.messages.clear();
   panel.SelectedVariables = {1, 2};
@@ -122,7 +156,7 @@ TEST_F(RunTest, TheMatrixNeedsTwoVariablesAndNoIndependentOne) {
 
 TEST_F(RunTest, TheMatrixRunsOnceForAllVariables) {
   Select(Procedure::kCorrelation, {1, 2, 1}, {2});
-  panel.checks.Check2 = true;
+  panel.options.correlation.create_matrix = true;
   const RunOutcome outcome = RunNow();
   EXPECT_FALSE(outcome.refused);
   EXPECT_TRUE(platform.messages.empty());
@@ -133,7 +167,7 @@ TEST_F(RunTest, TheMatrixRunsOnceForAllVariables) {
 // V3 is blank: no pair with it has a case, but the matrix is printed all the same.
 TEST_F(RunTest, APairOfTheMatrixWithoutCasesMarksTheRun) {
   Select(Procedure::kCorrelation, {1, 3});
-  panel.checks.Check2 = true;
+  panel.options.correlation.create_matrix = true;
   const RunOutcome outcome = RunNow();
   EXPECT_TRUE(outcome.aborted);
   EXPECT_FALSE(outcome.refused);
@@ -185,7 +219,6 @@ TEST_F(RunTest, EachVariableIsTheMainOneInListOrder) {
   EXPECT_LT(text.find("Variable: V2"), text.find("Variable: V1"));
   EXPECT_NE(text.find("Variable: V1"), std::string::npos);
   EXPECT_EQ(output.OutputLogText, text);
-  EXPECT_EQ(data.RoleVariable[kMainRole], 1u);
 }
 
 TEST_F(RunTest, ARunReplacesTheMostRecentOutputAndExtendsTheLog) {
@@ -246,7 +279,7 @@ TEST_F(RunTest, ATableOfEachMainVariableWithEachIndependentOne) {
 
 // V2 has three categories, so the first pair ends in the error frame and the second gets its turn.
 TEST_F(RunTest, DiagnosticAccuracyForEachReference) {
-  data.matrix.SetText(kFirstRecordRow + 2, 1, "2");  // V1 holds 1 2 2
+  MatrixEditor(data).SetText(kFirstRecordRow + 2, 1, "2");  // V1 holds 1 2 2
   Select(Procedure::kDiagnostic, {2}, {2, 1});
   const RunOutcome outcome = RunNow();
   EXPECT_TRUE(outcome.aborted);
@@ -261,8 +294,7 @@ TEST_F(RunTest, ComparisonsRunForEveryPairOfVariables) {
   for (const Procedure procedure : {Procedure::kTTest, Procedure::kAnova}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     Select(procedure, {1, 2}, {2, 1});
-    panel.Text5 = "1";
-    panel.Text6 = "4";
+    panel.options.t_test = {"1", "4"};
     const RunOutcome outcome = RunNow();
     EXPECT_FALSE(outcome.refused);
     EXPECT_EQ(outcome.aborted, procedure == Procedure::kTTest);
@@ -297,6 +329,40 @@ TEST_F(RunTest, AMarkOfOneRunIsGoneInTheNext) {
   EXPECT_TRUE(RunNow().aborted);
   Select(Procedure::kFrequencies, {1});
   EXPECT_FALSE(RunNow().aborted);
+}
+
+TEST_F(RunTest, ChartsComeOfASingleAnalysisVariable) {
+  Select(Procedure::kFrequencies, {1});
+  RunNow();
+  EXPECT_EQ(charts.kind, ChartKind::kFrequencies);
+  Select(Procedure::kFrequencies, {1, 2});
+  RunNow();
+  EXPECT_EQ(charts.kind, ChartKind::kNone);
+}
+
+TEST_F(RunTest, ARunThatIsRefusedTakesTheFormerChartsAway) {
+  for (const Procedure procedure : {Procedure::kTTest, Procedure::kRegression, Procedure::kNone}) {
+    Select(Procedure::kDescriptives, {1});
+    RunNow();
+    ASSERT_FALSE(charts.charts.empty());
+    ASSERT_NE(charts.summary, "");
+    Select(procedure, {1});
+    EXPECT_TRUE(RunNow().refused);
+    EXPECT_EQ(charts.kind, ChartKind::kNone);
+    EXPECT_TRUE(charts.charts.empty());
+    EXPECT_EQ(charts.summary, "");
+  }
+}
+
+// The design has one box for both.
+TEST_F(RunTest, TheTablesOfFrequenciesHaveTheirTestsWithTheIndexOfDispersion) {
+  Select(Procedure::kFrequencies, {1}, {2});
+  RunNow();
+  EXPECT_EQ(output.MostRecentText.find("Chi-square  "), std::string::npos);
+  panel.options.frequencies.dispersion = true;
+  RunNow();
+  EXPECT_NE(output.MostRecentText.find("Index of Dispersion"), std::string::npos);
+  EXPECT_NE(output.MostRecentText.find("Chi-square  "), std::string::npos);
 }
 
 TEST_F(RunTest, TheFullCountsStandBehindARun) {
@@ -374,13 +440,13 @@ TEST_F(RunTest, ARefusalAheadOfTheRunLeavesTheCharts) {
 
 TEST_F(RunTest, SavedResidualsAreAmongTheVariablesAtOnce) {
   Select(Procedure::kRegression, {1}, {2});
-  panel.checks.Check1 = true;
-  const std::uint64_t revision = data.Revision;
+  panel.options.least_squares.save_residuals = true;
+  const std::uint64_t revision = data.Revision();
   RunNow();
   EXPECT_EQ(data.VariableCount, kNewVariableCount + 1);
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
   EXPECT_EQ(data.VarList.back().name, "R-V1");
-  EXPECT_GT(data.Revision, revision);
+  EXPECT_GT(data.Revision(), revision);
 }
 
 }  // namespace

@@ -35,16 +35,17 @@ inline TestRun CasesOf(const Counts& counts) {
   return CasesOf(values, values, counts);
 }
 
-inline constexpr PanelChecks kNoBox = {};
-inline constexpr PanelChecks kAllBoxes = {.Check1 = true, .Check2 = true, .Check11 = true, .Check12 = true};
-inline constexpr PanelChecks kChiSquare = {.Check2 = true};
-inline constexpr PanelChecks kRisk = {.Check12 = true};
-inline constexpr PanelChecks kAssociation = {.Check1 = true};
-inline constexpr PanelChecks kAgreement = {.Check11 = true};
-inline constexpr PanelChecks kChiSquareAndRisk = {.Check2 = true, .Check12 = true};
+inline constexpr CrosstabulationOptions kNoBox = {.chi_square_tests = false};
+inline constexpr CrosstabulationOptions kAllBoxes = {
+    .association = true, .chi_square_tests = true, .agreement = true, .risk = true};
+inline constexpr CrosstabulationOptions kChiSquare = {.chi_square_tests = true};
+inline constexpr CrosstabulationOptions kRisk = {.chi_square_tests = false, .risk = true};
+inline constexpr CrosstabulationOptions kAssociation = {.association = true, .chi_square_tests = false};
+inline constexpr CrosstabulationOptions kAgreement = {.chi_square_tests = false, .agreement = true};
+inline constexpr CrosstabulationOptions kChiSquareAndRisk = {.chi_square_tests = true, .risk = true};
 
-inline std::string ReportOf(TestRun run, const PanelChecks& checks) {
-  run.panel.checks = checks;
+inline std::string ReportOf(TestRun run, const CrosstabulationOptions& options) {
+  run.options.crosstabulation = options;
   return run.Report(RunCrosstabulation);
 }
 
@@ -54,12 +55,12 @@ inline std::string Behind(const std::string& report) {
   return report.substr(report.find(end_of_table) + end_of_table.size());
 }
 
-inline std::string SectionsOf(const Counts& counts, const PanelChecks& checks) {
-  return Behind(ReportOf(CasesOf(counts), checks));
+inline std::string SectionsOf(const Counts& counts, const CrosstabulationOptions& options) {
+  return Behind(ReportOf(CasesOf(counts), options));
 }
 
 // The same for a table of more cases than a test should lay down one by one.
-inline std::string SectionsOfMany(const Counts& counts, const PanelChecks& checks) {
+inline std::string SectionsOfMany(const Counts& counts, const CrosstabulationOptions& options) {
   const DataSet data = MakeTestData({{"A"}, {"B"}});
   CountedCases cases;
   std::vector<double> cells;
@@ -68,7 +69,7 @@ inline std::string SectionsOfMany(const Counts& counts, const PanelChecks& check
   cases.columns.resize(counts[0].size());
   cases.table = CountedTable(counts.size(), counts[0].size(), cells);
   return Behind(
-      CrosstabulationReport(data, {.rows = 1, .columns = 2}, cases, ComputeTableStatistics(cases.table), checks));
+      CrosstabulationReport(data, {.rows = 1, .columns = 2}, cases, ComputeTableStatistics(cases.table), options));
 }
 
 }  // namespace tessara

@@ -47,9 +47,8 @@ struct TTestRun : TestRun {
                     const std::string& second = "2")
       : TestRun(columns) {
     Independent(2);
-    panel.SelectedVariables = {1};
-    panel.Text5 = first;
-    panel.Text6 = second;
+    options.t_test.group_a = first;
+    options.t_test.group_b = second;
   }
   std::string Report() { return TestRun::Report(RunTTest); }
 };
@@ -164,10 +163,10 @@ TEST(TTest, ExchangedGroupsFlipTheSignOfT) {
 TEST(TTest, BothVariablesMustBeSelected) {
   TTestRun run({{"Y", Texts({"1"})}, {"G", Texts({"1"})}});
   const char* sentence = "You must select an independent and dependent variable.";
-  run.data.RoleVariable[kMainRole] = 0;
+  run.roles.main = 0;
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison:  by G", sentence));
-  run.data.RoleVariable[kMainRole] = 1;
-  run.data.RoleVariable[kIndependentRole] = 0;
+  run.roles.main = 1;
+  run.roles.independent = 0;
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison: Y by ", sentence));
   EXPECT_TRUE(run.aborted);
 }
@@ -184,7 +183,7 @@ TEST(TTest, WithoutCasesThereIsNoMessage) {
   TTestRun run({{"Y"}, {"G"}});
   EXPECT_EQ(run.Report(), "");
   EXPECT_FALSE(run.aborted);
-  run.panel.Text5 = "";  // the check of the values stands ahead
+  run.options.t_test.group_a = "";  // the check of the values stands ahead
   EXPECT_EQ(run.Report(), FramedError("T-Test Comparison: Y by G", "You must select two valid values."));
 }
 
@@ -209,7 +208,7 @@ TEST(TTest, BothGroupsMustReachFive) {
 TEST(TTest, EqualGroupValuesMatchTheFirstGroup) {
   TTestRun run(TwoGroups({1, 2, 3, 4, 5, 6}, {2, 3, 4, 5, 6, 7}), "1", "1");
   EXPECT_EQ(run.Report(), FramedText(kFiveMessage));
-  const TTestCases cases = GatherTTest(run.data, CaseControl(run.data, {}), 1, 2, {"1", "1"});
+  const TTestCases cases = GatherTTest(CasesOfAllRecords(run.data), run.roles, {"1", "1"});
   EXPECT_EQ(cases[0].size(), 6u);
   EXPECT_EQ(cases[1].size(), 0u);
 }
@@ -269,8 +268,8 @@ TEST(TTest, APThatCannotBeComputedIsToldAsTheSmallestOne) {
   const TTestSample two{.n = 1, .mean = 7, .squares = 0};
   const TTestResult result = ComputeTTest(one, two);
   EXPECT_EQ(result.equal_df.value(), 0);
-  EXPECT_EQ(result.equal.p, "0.0001");
-  EXPECT_EQ(result.unequal.p, "0.0001");
+  EXPECT_EQ(result.equal.p.value(), 0.0001);
+  EXPECT_EQ(result.unequal.p.value(), 0.0001);
 }
 
 // A sample without spread leaves the degrees of freedom of the other: six cases have 5, which are enough. The figure is
@@ -279,9 +278,9 @@ TEST(TTest, FiveDegreesOfFreedomAreEnough) {
   const TTestSample one{.n = 10, .mean = 10, .squares = 0};
   const TTestSample two{.n = 6, .mean = 8, .squares = 20};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.unequal_df, "5.00");
-  EXPECT_EQ(result.unequal.t, "2.449");
-  EXPECT_EQ(result.unequal.p, "0.0580");
+  EXPECT_EQ(result.unequal_df.value(), 5);
+  EXPECT_EQ(result.unequal.t.value(), 2.449);
+  EXPECT_EQ(result.unequal.p.value(), 0.058);
 }
 
 // The degrees of freedom are 6.5002, which is 6.50 as a text and 6 as an even number: p 0.2410. With 7 it is 0.2344.
@@ -289,20 +288,20 @@ TEST(TTest, DegreesOfFreedomAreRoundedToEvenFromTheirText) {
   const TTestSample one{.n = 6, .mean = 3.5, .squares = 100};
   const TTestSample two{.n = 6, .mean = 1, .squares = 10.842};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.unequal_df, "6.50");
-  EXPECT_EQ(result.unequal.t, "1.301");
-  EXPECT_EQ(result.unequal.p, "0.2410");
+  EXPECT_EQ(result.unequal_df.value(), 6.5);
+  EXPECT_EQ(result.unequal.t.value(), 1.301);
+  EXPECT_EQ(result.unequal.p.value(), 0.241);
 }
 
 TEST(TTest, EqualVariancesPutTheSecondSampleOnTop) {
   const TTestSample one{.n = 5, .mean = 0, .squares = 10};
   const TTestSample two{.n = 10, .mean = 0, .squares = 20};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.f.value(), 1);
-  EXPECT_EQ(result.numerator_df.value(), 9);
-  EXPECT_EQ(result.denominator_df.value(), 4);
-  EXPECT_EQ(result.equal.t, "0.000");
-  EXPECT_EQ(result.equal.p, "1.0000");
+  EXPECT_EQ(result.ratio.f.value(), 1);
+  EXPECT_EQ(result.ratio.numerator_df.value(), 9);
+  EXPECT_EQ(result.ratio.denominator_df.value(), 4);
+  EXPECT_EQ(result.equal.t.value(), 0);
+  EXPECT_EQ(result.equal.p.value(), 1);
 }
 
 // The difference of the means is beyond the range of a double, and so is each square: t keeps 0.
@@ -312,23 +311,23 @@ TEST(TTest, HugeValuesLeaveTheFailingFiguresAtZero) {
   const TTestSample one{.n = 5, .mean = 1e308, .squares = 1e300};
   const TTestSample two{.n = 5, .mean = -1e308, .squares = 1e300};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.equal.t, "0.000");
-  EXPECT_EQ(result.equal.p, "1.0000");
-  EXPECT_EQ(result.unequal_df, "0.00");  // the square of a share has failed
-  EXPECT_EQ(result.unequal.p, "0.0001");
+  EXPECT_EQ(result.equal.t.value(), 0);
+  EXPECT_EQ(result.equal.p.value(), 1);
+  EXPECT_EQ(result.unequal_df.value(), 0);  // the square of a share has failed
+  EXPECT_EQ(result.unequal.p.value(), 0.0001);
 }
 
 // The cells 1 of the file are texts; a computed column holds numbers, and one of them is met by its general text.
 TEST(TTest, TypedValuesMeetTextsAndNumbersByTheirText) {
   const DataSet data = MakeTestData(
       {{"Y", Texts({"1", "2", "3", "4", "5", "6"})}, {"G", {"0.5", 0.5, ".5", 2.0, "2", "2.0"}, "", "2||||||"}});
-  DataSet copy = MakeTestData({});
-  const CaseControl control(copy, {});
-  const TTestCases cases = GatherTTest(data, control, 1, 2, {"0.5", "2"});
+  const CaseSource source = CasesOfAllRecords(data);
+  const Roles roles{.main = 1, .independent = 2};
+  const TTestCases cases = GatherTTest(source, roles, {"0.5", "2"});
   EXPECT_EQ(cases[0], (std::vector<double>{1, 2}));
   EXPECT_EQ(cases[1], (std::vector<double>{4, 5}));  // though 2 is a missing value of the variable
-  EXPECT_EQ(GatherTTest(data, control, 1, 2, {".5", "2.0"})[0], (std::vector<double>{3}));
-  EXPECT_TRUE(GatherTTest(data, control, 1, 2, {" 2", "x"})[0].empty());
+  EXPECT_EQ(GatherTTest(source, roles, {".5", "2.0"})[0], (std::vector<double>{3}));
+  EXPECT_TRUE(GatherTTest(source, roles, {" 2", "x"})[0].empty());
 }
 
 TEST(TTest, EachSampleLeavesAHistogram) {
@@ -350,16 +349,16 @@ TEST(TTest, EachSampleLeavesAHistogram) {
   EXPECT_EQ(run.charts.charts[1].beside, run.charts.charts[0].values);
 }
 
-TEST(TTest, SeveralVariablesOrAnErrorLeaveNoChart) {
+TEST(TTest, NoChartBehindAnErrorOrWhereNoneIsWanted) {
   TTestRun run(Weights());
   run.Report();
-  run.panel.SelectedVariables = {1, 2};
+  run.wants_charts = false;
   run.Report();
   EXPECT_TRUE(run.charts.charts.empty());
-  run.panel.SelectedVariables = {1};
+  run.wants_charts = true;
   run.Report();
   EXPECT_EQ(run.charts.charts.size(), 2u);
-  run.panel.Text6 = "4";
+  run.options.t_test.group_b = "4";
   run.Report();
   EXPECT_TRUE(run.charts.charts.empty());
 }

@@ -14,12 +14,21 @@ namespace {
 constexpr int kViews = 8;
 
 // A menu or toolbar in one text: "|" stands ahead of a group.
-std::string Outline(const std::vector<CommandControl>& controls) {
+std::string Outline(const std::vector<BarEntry>& entries) {
   std::string text;
-  for (const auto& control : controls) {
-    text += (control.begin_group ? "|" : " ") + std::to_string(control.id) + " " + std::string(control.caption) + "\n";
+  for (const BarEntry& entry : entries) {
+    text += (entry.begin_group ? "|" : " ") + std::to_string(entry.id) + " " + std::string(CaptionOf(entry)) + "\n";
   }
   return text;
+}
+
+// The rows that the menus name.
+std::vector<const CommandRow*> MenuRows() {
+  std::vector<const CommandRow*> rows;
+  for (const CommandMenu& menu : MenuBar()) {
+    for (const BarEntry& entry : menu.entries) rows.push_back(FindCommand(entry.id));
+  }
+  return rows;
 }
 
 TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
@@ -32,6 +41,8 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        "|106 &Print\n"
        "|107 &Exit\n"},
       {"&Edit",
+       " 214 &Undo\n"
+       " 215 &Redo\n"
        "|204 Select &All\n"
        "|205 &Copy\n"
        " 206 &Paste\n"
@@ -58,7 +69,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
   ASSERT_EQ(MenuBar().size(), std::size(expected));
   for (std::size_t i = 0; i < MenuBar().size(); ++i) {
     EXPECT_EQ(MenuBar()[i].title, expected[i].first);
-    EXPECT_EQ(Outline(MenuBar()[i].commands), expected[i].second);
+    EXPECT_EQ(Outline(MenuBar()[i].entries), expected[i].second);
   }
 }
 
@@ -88,33 +99,32 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Show Help Window"};
   const std::set<int> with_caption = {350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
-    const CommandControl& control = Toolbar()[i];
-    EXPECT_EQ(control.tooltip, tooltips[i]);
-    EXPECT_EQ(control.style == CommandStyle::kIconAndCaption, with_caption.contains(control.id)) << control.id;
+    const BarEntry& entry = Toolbar()[i];
+    EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
+    EXPECT_EQ(entry.style == CommandStyle::kIconAndCaption, with_caption.contains(entry.id)) << entry.id;
   }
 }
 
-TEST(CommandControls, OneShortcutStandsForOneCommand) {
+TEST(CommandRows, OneShortcutStandsForOneCommand) {
   std::map<std::string_view, int> commands;
-  for (const auto& menu : MenuBar()) {
-    for (const auto& control : menu.commands) {
-      if (control.shortcut.empty()) continue;
-      EXPECT_TRUE(commands.try_emplace(control.shortcut, control.id).second) << control.shortcut;
-    }
+  for (const CommandRow* row : MenuRows()) {
+    if (row->shortcut.empty()) continue;
+    EXPECT_TRUE(commands.try_emplace(row->shortcut, row->id).second) << row->shortcut;
   }
   EXPECT_EQ(commands["Ctrl+O"], 102);
   EXPECT_EQ(commands["F5"], 308);
 }
 
-TEST(CommandControls, AButtonShowsTheIconOfItsMenuEntry) {
-  std::map<int, std::string_view> icons;
-  for (const auto& menu : MenuBar()) {
-    for (const auto& control : menu.commands) {
-      EXPECT_FALSE(control.icon.empty()) << control.id;
-      icons[control.id] = control.icon;
-    }
+TEST(CommandRows, EveryEntryHasARowOfItsOwnThatIsWhole) {
+  std::set<int> ids;
+  for (const CommandRow* row : MenuRows()) {
+    ASSERT_TRUE(row);
+    EXPECT_TRUE(ids.insert(row->id).second) << row->id << " stands twice in the menus";
+    EXPECT_FALSE(row->caption.empty()) << row->id;
+    EXPECT_FALSE(row->icon.empty()) << row->id;
   }
-  for (const auto& control : Toolbar()) EXPECT_EQ(control.icon, icons[control.id]) << control.id;
+  for (const BarEntry& entry : Toolbar()) EXPECT_TRUE(ids.contains(entry.id)) << entry.id;
+  EXPECT_EQ(FindCommand(999), nullptr);
 }
 
 class CommandTest : public SessionFixture {
@@ -125,6 +135,7 @@ class CommandTest : public SessionFixture {
     session.ActiveView = view;
     return UpdateCommand(session, id, widgets);
   }
+  std::string ReasonOf(int id, View view) { return State(id, view).reason; }
   WidgetAction Execute(int id, View view) {
     ActivateView(session, view);
     platform.most_wait_cursors = 0;
@@ -149,7 +160,7 @@ class CommandTest : public SessionFixture {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "--o++ooo"}, {107, "++++++++"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-oo++oo+"}, {107, "++++++++"},
       {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"}, {211, "---o----"}, {350, "---+----"},
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
@@ -176,7 +187,7 @@ TEST_F(CommandTest, UndoAndRedoAreLeftToTheSheet) {
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
   const std::pair<int, const char*> expected[] = {{101, "++++----"}, {102, "+----o--"}, {103, "+----o--"},
-                                                  {106, "--oo+ooo"}, {205, "+--+-o--"}, {213, "o--+-o--"},
+                                                  {106, "-ooo+oo+"}, {205, "+--+-o--"}, {213, "o--+-o--"},
                                                   {211, "---+----"}, {350, "--------"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -194,6 +205,42 @@ TEST_F(CommandTest, CaptionsFollowTheView) {
   session.output.ShowLogMode = true;
   EXPECT_EQ(State(350, View::ViewOutput).caption, "Most Recent Output");
   EXPECT_EQ(State(308, View::ViewStatProcs).caption, "");
+}
+
+TEST_F(CommandTest, WhatCannotBeChosenSaysWhy) {
+  EXPECT_EQ(ReasonOf(106, View::ViewStatProcs), "The data dictionary is not part of this version");
+  EXPECT_EQ(ReasonOf(106, View::ViewBrevarum), "There is no result yet");
+  EXPECT_EQ(ReasonOf(106, View::ViewHandbook), "The handbook is not part of this version");
+  EXPECT_EQ(ReasonOf(206, View::ViewDataGrid), "The cells of the grid are read only");
+  EXPECT_EQ(ReasonOf(106, View::ViewTips), "");
+  // Every row that can be off has a reason for it.
+  for (const CommandRow* row : MenuRows()) {
+    for (int view = 1; view <= kViews; ++view) {
+      const CommandState state = State(row->id, static_cast<View>(view));
+      const bool off = state.visible && !state.enabled;
+      EXPECT_EQ(state.reason.empty(), !off) << row->id << " in view " << view;
+    }
+  }
+}
+
+TEST_F(CommandTest, TheMarkOfTheHelpWindowFollowsThePane) {
+  EXPECT_FALSE(State(602, View::ViewOutput).checked);
+  session.help_pane_visible = true;
+  EXPECT_TRUE(State(602, View::ViewOutput).checked);
+  EXPECT_FALSE(State(601, View::ViewOutput).checked);
+}
+
+TEST_F(CommandTest, AMessageLeavesWithTheNextCommand) {
+  Report("report");
+  platform.save_answers = {Chosen(folder / "output.txt")};
+  Execute(103, View::ViewOutput);
+  EXPECT_EQ(platform.panes[1], "Save Completed");
+  ActivateView(session, View::ViewDataGrid);
+  EXPECT_EQ(platform.panes[1], "Save Completed");
+  ExecuteCommand(session, 999, widgets);  // no command
+  EXPECT_EQ(platform.panes[1], "Save Completed");
+  Execute(350, View::ViewOutput);
+  EXPECT_EQ(platform.panes[1], "Ready");
 }
 
 TEST_F(CommandTest, DocumentsAreEnabledByTheirFlags) {
@@ -218,7 +265,6 @@ TEST_F(CommandTest, NewInTheDataGridMakesAnEmptyDataSet) {
   EXPECT_EQ(session.data.RecordCount, 1000u);
   EXPECT_TRUE(session.data.DataFilePath.empty());
   EXPECT_FALSE(session.data.DataDirty);
-  EXPECT_EQ(platform.panes[2], "1000 Records");
   EXPECT_TRUE(platform.messages.empty());
 }
 
@@ -226,11 +272,11 @@ TEST_F(CommandTest, NewOnThePanelResetsIt) {
   Open(WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
   session.panel.IndependentVariables = {2};
-  session.data.RoleVariable[kControlRole] = 1;
+  session.panel.control_variable.column = 1;
   Execute(101, View::ViewStatProcs);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
   EXPECT_TRUE(session.panel.IndependentVariables.empty());
-  EXPECT_FALSE(ControlIsSet(session.data));
+  EXPECT_FALSE(ControlIsSet(session.panel, session.data));
   EXPECT_EQ(session.data.RecordCount, 2u);
 }
 
@@ -260,7 +306,6 @@ TEST_F(CommandTest, OpenAsksForAFileOfTheView) {
   platform.open_answers = {Chosen(WriteDataFile("people.dcs"))};
   Execute(102, View::ViewDataGrid);
   EXPECT_EQ(session.data.VariableName(2), "SEX");
-  EXPECT_EQ(platform.panes[3], "2 Variables");
 
   platform.open_answers = {Chosen(WriteFile("old.txt", "old output"))};
   Execute(102, View::ViewOutput);
@@ -432,7 +477,7 @@ TEST_F(CommandTest, ADocumentThatDoesNotOpenIsTold) {
 
 TEST_F(CommandTest, RefreshTestsTheDocumentsAgain) {
   WriteFile("program/Brochure.pdf", "x");
-  Execute(502, View::ViewDataGrid);
+  EXPECT_EQ(Execute(502, View::ViewDataGrid), WidgetAction::kRefreshHelpLists);
   EXPECT_TRUE(State(507, View::ViewDataGrid).enabled);
 }
 
@@ -444,6 +489,7 @@ TEST_F(CommandTest, CommandsOfTheWidgetsAreHandedBack) {
   EXPECT_EQ(Execute(213, View::ViewOutput), WidgetAction::kCut);
   EXPECT_EQ(Execute(401, View::ViewCharts), WidgetAction::kDefaultSize);
   EXPECT_EQ(Execute(608, View::ViewCharts), WidgetAction::kShowAbout);
+  EXPECT_EQ(Execute(106, View::ViewTips), WidgetAction::kPrintPage);
   // Views without a selection of their own.
   for (const int id : {204, 205, 206, 213}) EXPECT_EQ(Execute(id, View::ViewStatProcs), WidgetAction::kNone) << id;
 }

@@ -49,9 +49,8 @@ class SessionFixture : public testing::Test {
 
   // Puts a report into the output log.
   void Report(const std::string& text) {
-    session.output.ReportText = text;
     BeginRun(session.output);
-    AppendReport(session.output);
+    AppendReport(session.output, text);
   }
 
   Path folder;

@@ -38,6 +38,7 @@ TEST_F(StartTest, AnEmptyCommandLineOpensNothing) {
   EXPECT_EQ(session.data.VariableName(20), "V20");
   EXPECT_EQ(session.ActiveView, View::ViewDataGrid);
   EXPECT_EQ(platform.panes[1], "Ready");
+  RefreshStatus(session);
   EXPECT_EQ(platform.panes[2], "1000 Records");
   EXPECT_EQ(platform.panes[3], "20 Variables");
 }
@@ -49,8 +50,6 @@ TEST_F(StartTest, ADataFileOfTheCommandLineIsOpenedWithoutAsking) {
   EXPECT_EQ(session.data.RecordCount, 2u);
   EXPECT_EQ(session.data.VariableName(1), "AGE");
   EXPECT_EQ(platform.panes[1], "Ready");
-  EXPECT_EQ(platform.panes[2], "2 Records");
-  EXPECT_EQ(platform.panes[3], "2 Variables");
   // The path stays the folder of data files; the title is the whole path.
   EXPECT_EQ(session.data.DataFilePath, platform.program_folder / "Data");
   EXPECT_EQ(session.data.DataFileTitle, file.string());
@@ -94,8 +93,18 @@ TEST_F(StartTest, ARelativePathOfTheCommandLineMeansTheFolderOfTheCall) {
   EXPECT_EQ(session.data.DataFileTitle, session.data.LoadedFile.string());
 }
 
+TEST_F(StartTest, TheMemoryForUndoIsThatOfTheSettings) {
+  StartSession(session, {});
+  EXPECT_EQ(session.data.history.limit(), std::size_t{256} << 20);
+  store.Write("UndoMemory", "5");
+  Session second(platform, store);
+  StartSession(second, {});
+  EXPECT_EQ(second.data.history.limit(), std::size_t{5} << 20);
+}
+
 TEST_F(StartTest, TheBatchProgramTouchesNoDocuments) {
   StartBatchSession(session);
+  EXPECT_EQ(session.data.history.limit(), 0u);
   EXPECT_TRUE(platform.entered_folders.empty());
   EXPECT_TRUE(std::filesystem::is_empty(platform.documents_folder));
   EXPECT_EQ(session.data.RecordCount, 1000u);
@@ -113,18 +122,25 @@ TEST_F(StartTest, DocumentationFlagsFollowTheFiles) {
   EXPECT_EQ(session.documentation_found, (std::array{false, false, false, false, true}));
 }
 
-TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControl) {
+TEST_F(SessionTest, OpeningEmptiesThePanelListsAndKeepsTheControlOfTheSameName) {
   session.panel.SelectedVariables = {1, 2};
   session.panel.IndependentVariables = {3};
-  session.data.SelectedVariableCount = 2;
-  session.data.RoleVariable[kControlRole] = 2;
+  session.panel.control_variable = {2, "SEX"};
   EXPECT_EQ(Open(WriteDataFile("people.dcs")), LoadOutcome::kLoaded);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
   EXPECT_TRUE(session.panel.IndependentVariables.empty());
-  EXPECT_EQ(session.data.SelectedVariableCount, 0u);
-  EXPECT_EQ(session.data.RoleVariable[kControlRole], 2u);
+  EXPECT_EQ(session.panel.control_variable.column, 2u);
+  EXPECT_TRUE(platform.notes.empty());
   EXPECT_EQ(session.data.DataFilePath, folder / "people.dcs");
-  EXPECT_EQ(platform.panes[2], "2 Records");
+}
+
+TEST_F(SessionTest, OpeningDataWithoutTheControlVariableResetsItAndSaysSo) {
+  session.panel.control_variable = {2, "WEIGHT"};
+  session.panel.control = {ControlRelation::kLessThan, "70"};
+  EXPECT_EQ(Open(WriteDataFile("people.dcs")), LoadOutcome::kLoaded);
+  EXPECT_EQ(session.panel.control_variable.column, 0u);
+  EXPECT_EQ(session.panel.control.relation, ControlRelation::kNone);
+  EXPECT_EQ(platform.notes, std::vector<std::string>{"the control variable WEIGHT was reset"});
 }
 
 TEST_F(SessionTest, AnEmptyFileIsToldInThePaneAndLeavesTheData) {
@@ -162,20 +178,17 @@ TEST_F(SessionTest, SaveAsMovesThePathAndTheGridTitle) {
 TEST_F(SessionTest, NewDataResetThePanelToo) {
   Open(WriteDataFile("people.dcs"));
   session.panel.SelectedVariables = {1};
-  session.data.SelectedVariableCount = 1;
-  session.data.RoleVariable[kControlRole] = 2;
+  session.panel.control_variable.column = 2;
   session.panel.control = {ControlRelation::kEqualTo, "1"};
   session.data.DataDirty = true;
   NewData(session);
   EXPECT_TRUE(session.panel.SelectedVariables.empty());
-  EXPECT_FALSE(ControlIsSet(session.data));
+  EXPECT_FALSE(ControlIsSet(session.panel, session.data));
   EXPECT_EQ(session.panel.control.value, "");
   EXPECT_TRUE(session.data.DataFilePath.empty());
   EXPECT_EQ(session.data.ProjectNotes, "");
   EXPECT_EQ(session.data.GridTitle, "Data Grid");
   EXPECT_FALSE(session.data.DataDirty);
-  EXPECT_EQ(platform.panes[2], "1000 Records");
-  EXPECT_EQ(platform.panes[3], "20 Variables");
 }
 
 TEST_F(SessionTest, AChangeOfTheNotesMarksTheDataChanged) {
@@ -216,9 +229,10 @@ TEST_F(SessionTest, ARefusedRunStaysInItsView) {
 TEST_F(SessionTest, AVariableThatARunAddsIsCounted) {
   Open(WriteDataFile("people.dcs"));
   SelectProcedure(session.panel, Procedure::kDescriptives);
-  session.panel.checks.Check2 = true;  // save z-scores
+  session.panel.options.descriptives.save_z_scores = true;
   session.panel.SelectedVariables = {1};
   RunPanel(session);
+  RefreshStatus(session);
   EXPECT_EQ(platform.panes[3], "3 Variables");
 }
 
@@ -234,15 +248,19 @@ TEST_F(SessionTest, EachViewHasItsHelpPage) {
 }
 
 TEST_F(SessionTest, TheStatusPanesFollowTheView) {
-  ActivateView(session, View::ViewBrevarum);
+  const auto show = [this](View view) {
+    ActivateView(session, view);
+    RefreshStatus(session);
+  };
+  show(View::ViewBrevarum);
   EXPECT_EQ(session.ActiveView, View::ViewBrevarum);
   EXPECT_EQ(platform.panes[2], " Enter summary data");
   EXPECT_EQ(platform.panes[3], "11/5/2026");
-  ActivateView(session, View::ViewHandbook);
+  show(View::ViewHandbook);
   EXPECT_EQ(platform.panes[2], " Research Methods Handbook");
   EXPECT_EQ(platform.panes[3], "11/5/2026");
   for (const View view : {View::ViewDataGrid, View::ViewStatProcs, View::ViewOutput, View::ViewCharts}) {
-    ActivateView(session, view);
+    show(view);
     EXPECT_EQ(platform.panes[2], "1000 Records");
     EXPECT_EQ(platform.panes[3], "20 Variables");
   }
@@ -260,6 +278,7 @@ TEST_F(SessionTest, EditsOfTheOutputAreStoredInTheViewsThatWriteToIt) {
     Report("report");
     EditBox(session.output, "edited");
     ActivateView(session, view);
+    RefreshStatus(session);
     EXPECT_EQ(session.output.MostRecentText == "edited", stored) << static_cast<int>(view);
     EXPECT_EQ(session.output.BoxText(), "edited");
   }
@@ -270,6 +289,7 @@ TEST_F(SessionTest, AnEditOfTheLogIsStoredInTheLog) {
   ToggleOutputMode(session.output);
   EditBox(session.output, "edited");
   ActivateView(session, View::ViewStatProcs);
+  RefreshStatus(session);
   EXPECT_EQ(session.output.OutputLogText, "edited");
   EXPECT_EQ(session.output.MostRecentText, "report" + std::string(kReportSeparator));
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -42,9 +45,10 @@ using Names = std::vector<std::string>;
 
 TEST_F(StoredSettings, FirstStartWrites0ForEveryName) {
   Read();
+  std::ranges::sort(store.writes);
   EXPECT_EQ(store.writes,
-            (Names{"Op3", "Op4", "Op6", "Op7", "Op8", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16"}));
-  for (const char* name : kSettingNames) EXPECT_EQ(store.MemorySettingsStore::Read(name), "0") << name;
+            (Names{"Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op3", "Op4", "Op6", "Op7", "Op8"}));
+  for (const std::string& name : store.writes) EXPECT_EQ(store.MemorySettingsStore::Read(name), "0") << name;
   EXPECT_TRUE(platform.messages.empty());
 }
 
@@ -77,7 +81,8 @@ TEST_F(StoredSettings, LaterStartWritesNothing) {
 TEST_F(StoredSettings, AreReadInTheirOrderWithoutTheFrameSize) {
   Store("Op3", "0");
   Read();
-  EXPECT_EQ(store.reads, (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4"}));
+  EXPECT_EQ(store.reads,
+            (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4", "UndoMemory"}));
 }
 
 TEST_F(StoredSettings, StoredFlagsTurnOptionsOff) {
@@ -107,8 +112,8 @@ TEST_F(StoredSettings, EmptyPathOr0GivesTheDefault) {
     Store("Op14", text);
     Store("Op15", text);
     Read();
-    EXPECT_EQ(settings.Op14, DefaultDataFolder(platform.program_folder));
-    EXPECT_EQ(settings.Op15, DefaultGlossary(platform.program_folder));
+    EXPECT_EQ(settings.Op14, platform.program_folder / "Data");
+    EXPECT_EQ(settings.Op15, platform.program_folder / "Lexicards.lx1");
   }
 }
 
@@ -117,8 +122,8 @@ TEST_F(StoredSettings, MissingNamesGiveTheDefaults) {
   Read();
   EXPECT_TRUE(settings.show_output());
   EXPECT_EQ(settings.Op6, 0);
-  EXPECT_EQ(settings.Op14, DefaultDataFolder(platform.program_folder));
-  EXPECT_EQ(settings.Op15, DefaultGlossary(platform.program_folder));
+  EXPECT_EQ(settings.Op14, platform.program_folder / "Data");
+  EXPECT_EQ(settings.Op15, platform.program_folder / "Lexicards.lx1");
 }
 
 TEST_F(StoredSettings, TextThatIsNoIntegerGivesTheDefault) {
@@ -144,6 +149,19 @@ TEST_F(StoredSettings, UnknownToolbarStyleGivesTheDefault) {
   }
 }
 
+TEST_F(StoredSettings, MemoryForUndoIsANumberOfMegabytes) {
+  Store("Op3", "0");
+  for (const char* text : {"", "-1", "65537", "much"}) {
+    Store("UndoMemory", text);
+    Settings read;
+    ReadSettings(read, store, platform);
+    EXPECT_EQ(read.undo_memory, 256) << text;
+  }
+  Store("UndoMemory", "0");
+  Read();
+  EXPECT_EQ(settings.undo_memory, 0);
+}
+
 TEST_F(StoredSettings, WrittenValueIsReadAgain) {
   Read();
   WriteSetting(store, platform, "Op10", "1");
@@ -167,10 +185,10 @@ TEST_F(StoredSettings, StoreThatRefusesShowsABox) {
 TEST_F(StoredSettings, StoreThatRefusesTheFirstValuesShowsOneBoxAndTheDefaultsStand) {
   store.refuses = true;
   Read();
-  EXPECT_EQ(store.writes.size(), kSettingNames.size());
+  EXPECT_EQ(store.writes.size(), 12u);
   EXPECT_EQ(platform.messages.size(), 1u);
   EXPECT_TRUE(settings.sounds());
-  EXPECT_EQ(settings.Op14, DefaultDataFolder(platform.program_folder));
+  EXPECT_EQ(settings.Op14, platform.program_folder / "Data");
 }
 
 TEST_F(StoredSettings, FrameSizeIsReadOnItsOwn) {
@@ -207,6 +225,56 @@ TEST(FrameSize, MinimisedFrameLeavesTheDefaultSize) {
   settings.Op7 = 2;
   settings.Op8 = 20000;
   EXPECT_EQ(FrameSizeToApply(settings), (FrameSize{9800, 7400}));
+}
+
+TEST(WindowPlace, ComesBackFromItsText) {
+  for (const WindowPlace& place :
+       {WindowPlace{10, 20, 900, 700, false}, WindowPlace{-1920, 0, 653, 493, true}, WindowPlace{0, 0, 1, 1, false}}) {
+    EXPECT_EQ(WindowPlaceOf(WindowPlaceText(place)), place);
+  }
+  EXPECT_EQ(WindowPlaceText({10, -20, 900, 700, true}), "10 -20 900 700 1");
+}
+
+TEST(WindowPlace, AnotherTextIsNone) {
+  for (const char* text : {"", "0", "1 2 3 4", "1 2 3 4 5", "1 2 0 4 0", "1 2 3 -4 0", "1  2 3 4 0", "1 2 3 4 0 ",
+                           "1,2,3,4,0", "99999999999 2 3 4 0", "a b c d e"}) {
+    EXPECT_EQ(WindowPlaceOf(text), std::nullopt) << text;
+  }
+}
+
+// The rows of the table in docs/settings.md: "| `Op3` | flag | 0 | ... |".
+std::vector<std::string> DocumentedSettings() {
+  std::ifstream page(std::string(TESSARA_SOURCE_DIR) + "/docs/settings.md");
+  std::vector<std::string> names;
+  for (std::string line; std::getline(page, line);) {
+    if (line.starts_with("| `")) names.push_back(line.substr(3, line.find('`', 3) - 3));
+  }
+  return names;
+}
+
+std::string DocumentedLine(std::string_view name) {
+  std::ifstream page(std::string(TESSARA_SOURCE_DIR) + "/docs/settings.md");
+  for (std::string line; std::getline(page, line);) {
+    if (line.starts_with("| `" + std::string(name) + "`")) return line;
+  }
+  return {};
+}
+
+TEST(SettingRows, AreThoseOfTheirPage) {
+  const std::vector<std::string> documented = DocumentedSettings();
+  for (const std::string& name : documented) EXPECT_TRUE(FindSetting(name)) << name;
+  for (const SettingRow& row : SettingRows()) {
+    EXPECT_EQ(std::ranges::count(documented, row.name), 1) << row.name;
+    const std::string line = DocumentedLine(row.name);
+    EXPECT_NE(line.find(row.meaning), std::string::npos) << row.name << ": " << line;
+    const bool is_empty = row.first_value.empty();
+    EXPECT_NE(line.find(is_empty ? "| none |" : "| " + std::string(row.first_value) + " |"), std::string::npos) << line;
+  }
+}
+
+TEST(SettingRows, EachStandsOnce) {
+  for (const SettingRow& row : SettingRows()) EXPECT_EQ(FindSetting(row.name), &row) << row.name;
+  EXPECT_EQ(FindSetting("Op5"), nullptr);
 }
 
 }  // namespace

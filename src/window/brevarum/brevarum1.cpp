@@ -1,13 +1,11 @@
 #include "window/brevarum/brevarum1.h"
 
 #include <QButtonGroup>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSignalBlocker>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyle>
@@ -17,7 +15,11 @@
 #include "window/brevarum/brevarum_input.h"
 #include "window/reference/help_browser.h"
 #include "window/system/page_painter.h"
+#include "window/widgets/elided_label.h"
+#include "window/widgets/flow_layout.h"
 #include "window/widgets/focus_outline.h"
+#include "window/widgets/follow_font.h"
+#include "window/widgets/scrolled.h"
 #include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
@@ -27,7 +29,9 @@ namespace {
 
 constexpr int kColumnsOfCompactText = 24;  // at the least; it scrolls
 constexpr int kLinesOfCompactText = 7;     // at the least
-constexpr int kWidthBeside = 100;          // characters: with less the results stand below the input
+constexpr int kColumnsOfResults = 24;      // the same
+constexpr int kLinesOfResults = 6;
+constexpr int kWidthBeside = 100;  // characters: with less the results stand below the input
 
 enum Tab { kInstructions, kHelp, kModule };
 
@@ -36,34 +40,65 @@ void ShowText(QPlainTextEdit* edit, const QString& text) {
   if (edit->toPlainText() != text) edit->setPlainText(text);
 }
 
+// At the least so much of a text is in sight.
+void SetLeastText(QWidget* text, int columns, int lines) {
+  text->setMinimumSize(text->fontMetrics().averageCharWidth() * columns, text->fontMetrics().height() * lines);
+}
+
 }  // namespace
+
+// The input and beside or below it the results. It asks for no more height than it needs: the page around it scrolls.
+class ColumnSplitter : public QSplitter {
+ public:
+  using QSplitter::QSplitter;
+  QSize sizeHint() const override { return minimumSizeHint(); }
+};
 
 Brevarum1::Brevarum1(QtPlatform& platform, Session& the_session, QWidget* parent)
     : ViewForm(the_session, View::ViewBrevarum, parent), platform_(platform) {
   setObjectName("Brevarum1");
-  auto* layout = new QVBoxLayout(this);
-  layout->setSizeConstraint(QLayout::SetNoConstraint);
-  layout->addWidget(BuildButtons());
-  columns_ = new QSplitter(Qt::Horizontal, this);
+  auto* page = new QWidget(this);
+  auto* inside = new QVBoxLayout(page);
+  inside->addWidget(BuildKinds());
+  auto* second = new QWidget(page);
+  auto* bar = new FlowLayout(second, fontMetrics().height() / 3);
+  bar->SetLastAtRight();
+  bar->addWidget(BuildSamples());
+  bar->addWidget(BuildTabs());
+  inside->addWidget(second);
+  columns_ = new ColumnSplitter(Qt::Horizontal, page);
   columns_->addWidget(BuildInput());
   columns_->addWidget(BuildResults());
   columns_->setChildrenCollapsible(false);
   columns_->setStretchFactor(0, 7);
   columns_->setStretchFactor(1, 3);
   columns_->setSizes({700, 300});  // the same share at the start
-  layout->addWidget(columns_, 1);
+  inside->addWidget(columns_, 1);
+
+  scroll_ = new Scrolled(page, this);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->setSizeConstraint(QLayout::SetNoConstraint);
+  layout->addWidget(scroll_, 1);
+  layout->addWidget(BuildFooter());
+  // Tab goes from the last box to the buttons, and from there to the results.
+  QWidget* before = actions_.back();
+  for (QWidget* result : {static_cast<QWidget*>(compact_), static_cast<QWidget*>(copy_),
+                          static_cast<QWidget*>(narrative_), static_cast<QWidget*>(browser_)}) {
+    setTabOrder(before, result);
+    before = result;
+  }
+  FollowFont(this, [this] { PlaceResults(); });
   Brevarum1::ShowSession();
 }
 
 BrevarumPanel& Brevarum1::panel() const { return session().brevarum; }
 
-// What to calculate, and of how many samples.
-QWidget* Brevarum1::BuildButtons() {
+// What to calculate.
+QWidget* Brevarum1::BuildKinds() {
   auto* bar = new QWidget(this);
-  auto* layout = new QVBoxLayout(bar);
-  layout->setContentsMargins(0, 0, 0, 0);
-  auto* kinds = new QHBoxLayout;
-  kinds->setSpacing(0);
+  auto* kinds = new FlowLayout(bar, 0);
   kinds_ = new QButtonGroup(this);
   int known = -1;
   for (const BrevarumPanelRow& row : BrevarumPanelRows()) {
@@ -77,16 +112,19 @@ QWidget* Brevarum1::BuildButtons() {
     button->installEventFilter(this);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     button->setToolTip(ToQt(row.frame_caption).trimmed());
-    button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     kinds_->addButton(button, row.option);
     kinds->addWidget(button);
   }
-  kinds->addStretch();
-  layout->addLayout(kinds);
   connect(kinds_, &QButtonGroup::idClicked, this,
           [this](int option) { ChangePanel([option](BrevarumPanel& changed) { SelectPanel(changed, option); }); });
+  return bar;
+}
 
-  auto* samples = new QHBoxLayout;
+// Of how many samples.
+QWidget* Brevarum1::BuildSamples() {
+  auto* bar = new QWidget(this);
+  auto* samples = new QHBoxLayout(bar);
+  samples->setContentsMargins(0, 0, 0, 0);
   samples_ = new QButtonGroup(this);
   for (const auto& [id, caption] : {std::pair{0, kTwoSample}, std::pair{1, kOneSample}}) {
     auto* button = new QRadioButton(ToQt(caption), bar);
@@ -95,18 +133,15 @@ QWidget* Brevarum1::BuildButtons() {
     samples_->addButton(button, id);
     samples->addWidget(button);
   }
-  samples->addStretch();
-  samples->addLayout(BuildTabs(bar));
-  layout->addLayout(samples);
   connect(samples_, &QButtonGroup::idClicked, this,
           [this](int id) { ChangePanel([id](BrevarumPanel& changed) { SelectSamples(changed, id == 1); }); });
   return bar;
 }
 
 // Which of the two panes stands beside the input, if any.
-QLayout* Brevarum1::BuildTabs(QWidget* bar) {
-  auto* tabs = new QHBoxLayout;
-  tabs->setSpacing(0);
+QWidget* Brevarum1::BuildTabs() {
+  auto* bar = new QWidget(this);
+  auto* tabs = new FlowLayout(bar, 0);
   tabs_ = new QButtonGroup(this);
   struct TabRow {
     Tab tab;
@@ -130,21 +165,37 @@ QLayout* Brevarum1::BuildTabs(QWidget* bar) {
     tabs->addWidget(button);
   }
   connect(tabs_, &QButtonGroup::idClicked, this, &Brevarum1::ShowTab);
-  return tabs;
+  return bar;
 }
 
 QWidget* Brevarum1::BuildInput() {
-  auto* input = new QWidget;
+  auto* input = new QWidget(this);
   auto* layout = new QVBoxLayout(input);
   layout->setContentsMargins(0, 0, 0, 0);
-
   input_ = new BrevarumInput(session().platform, panel(), input);
   layout->addWidget(input_);
+  connect(input_, &BrevarumInput::EndReached, this, [this] { actions_[0]->setFocus(Qt::TabFocusReason); });
 
-  auto* buttons = new QHBoxLayout;
+  compact_ = new QPlainTextEdit(input);
+  compact_->setObjectName("T5");
+  FocusOutline::AskFor(compact_);
+  compact_->setAccessibleName(tr("Compact results"));
+  compact_->setReadOnly(true);
+  compact_->setTabChangesFocus(true);
+  compact_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  compact_->setFont(FixedPitchFont());
+  FollowFont(compact_, [this] { SetLeastText(compact_, kColumnsOfCompactText, kLinesOfCompactText); });
+  layout->addWidget(compact_, 1);
+  return input;
+}
+
+// The buttons, which stay in sight.
+QWidget* Brevarum1::BuildFooter() {
+  auto* footer = new QWidget(this);
+  auto* buttons = new QHBoxLayout(footer);
   const auto add = [&](std::size_t place, const char* name, const char* icon, const QString& text, const QString& tip,
                        int command) {
-    auto* button = new QPushButton(ThemeIcon(icon), text, input);
+    auto* button = new QPushButton(ThemeIcon(icon), text, footer);
     button->setObjectName(name);
     button->setToolTip(tip);
     button->setAutoDefault(true);  // so that Enter presses it
@@ -158,31 +209,10 @@ QWidget* Brevarum1::BuildInput() {
   QFont bold = actions_[0]->font();
   bold.setBold(true);
   actions_[0]->setFont(bold);
-  message_ = new QLabel(input);
+  message_ = new ElidedLabel(footer);
   message_->setObjectName("CalculatorMessage");
-  message_->setWordWrap(true);
   buttons->addWidget(message_, 1);
-  layout->addLayout(buttons);
-
-  compact_ = new QPlainTextEdit(input);
-  compact_->setObjectName("T5");
-  FocusOutline::AskFor(compact_);
-  compact_->setAccessibleName(tr("Compact results"));
-  compact_->setReadOnly(true);
-  compact_->setTabChangesFocus(true);
-  compact_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  compact_->setFont(FixedPitchFont());
-  const QFontMetrics type(compact_->font());
-  compact_->setMinimumHeight(type.height() * kLinesOfCompactText);
-  compact_->setMinimumWidth(type.averageCharWidth() * kColumnsOfCompactText);
-  layout->addWidget(compact_, 1);
-
-  auto* scroll = new QScrollArea(this);
-  scroll->setWidget(input);
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  return scroll;
+  return footer;
 }
 
 QWidget* Brevarum1::BuildResults() {
@@ -202,7 +232,9 @@ QWidget* Brevarum1::BuildResults() {
   results_title_->setFont(bold);
   results_title_->setWordWrap(true);
   // Room for its longest title of one word, so that a calculation does not move the splitter.
-  results_title_->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(tr("Instructions")));
+  FollowFont(results_title_, [this] {
+    results_title_->setMinimumWidth(results_title_->fontMetrics().horizontalAdvance(tr("Instructions")));
+  });
   copy_ = new QPushButton(ThemeIcon("edit-copy"), tr("Click to Copy"), words);
   copy_->setObjectName("Label44");
   copy_->setToolTip(tr("Copy text output"));
@@ -216,10 +248,12 @@ QWidget* Brevarum1::BuildResults() {
   narrative_->setAccessibleName(tr("Instructions and results"));
   narrative_->setReadOnly(true);
   narrative_->setTabChangesFocus(true);
+  FollowFont(narrative_, [this] { SetLeastText(narrative_, kColumnsOfResults, kLinesOfResults); });
   inside->addWidget(narrative_, 1);
   pane_->addWidget(words);
   browser_ = new HelpBrowser(platform_, pane_);
   browser_->setObjectName("WebBrowser1");
+  FollowFont(browser_, [this] { SetLeastText(browser_, kColumnsOfResults, kLinesOfResults); });
   pane_->addWidget(browser_);
   layout->addWidget(pane_, 1);
   return side;
@@ -237,6 +271,9 @@ void Brevarum1::StoreWidgets() { input_->StoreWidgets(); }
 void Brevarum1::FocusFirst() { input_->FocusFirst(); }
 void Brevarum1::FocusInput() {
   if (!input_->HoldsFocus()) input_->FocusFirst();
+  // In a small window the page goes to what has come out.
+  QWidget* result = compact_->isHidden() ? static_cast<QWidget*>(input_) : compact_;
+  scroll_->ensureWidgetVisible(result);
 }
 
 void Brevarum1::ShowResults() {
@@ -281,8 +318,21 @@ void Brevarum1::ShowTab(int tab) {
   ShowRightPane();
 }
 
+// The help on the calculator in front has its key here: the frame's own help is that on the whole view.
+bool Brevarum1::event(QEvent* event) {
+  const bool key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+  if (!key || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return ViewForm::event(event);
+  event->accept();
+  if (event->type() == QEvent::KeyPress) emit HelpAsked();
+  return true;
+}
+
 void Brevarum1::resizeEvent(QResizeEvent* event) {
   ViewForm::resizeEvent(event);
+  PlaceResults();
+}
+
+void Brevarum1::PlaceResults() {
   const bool beside = width() >= fontMetrics().averageCharWidth() * kWidthBeside;
   const auto wanted = beside ? Qt::Horizontal : Qt::Vertical;
   if (columns_->orientation() != wanted) columns_->setOrientation(wanted);

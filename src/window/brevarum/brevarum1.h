@@ -11,17 +11,19 @@ class QButtonGroup;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
-class QSplitter;
 class QStackedWidget;
 
 // The view of the calculators: what to calculate, the boxes of one input panel at a time, and the results in words, as
-// a compact text and with the page that explains them.
+// a compact text and with the page that explains them. What a small window has no room for scrolls, but for the buttons
+// at the bottom.
 
 namespace tessara {
 
 class BrevarumInput;
+class ColumnSplitter;
 class HelpBrowser;
 class QtPlatform;
+class Scrolled;
 
 class Brevarum1 : public ViewForm {
   Q_OBJECT
@@ -40,15 +42,20 @@ class Brevarum1 : public ViewForm {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
-  QWidget* BuildButtons();
-  QLayout* BuildTabs(QWidget* bar);
+  QWidget* BuildKinds();
+  QWidget* BuildSamples();
+  QWidget* BuildTabs();
   QWidget* BuildInput();
   QWidget* BuildResults();
+  QWidget* BuildFooter();
 
   void ShowResults();
   void ShowRightPane();
+  // Beside the input, or below it where there is no room.
+  void PlaceResults();
   // A button has been pressed: the boxes are stored ahead of the change and shown anew behind it.
   void ChangePanel(const std::function<void(BrevarumPanel&)>& change);
   void ShowTab(int tab);
@@ -60,7 +67,8 @@ class Brevarum1 : public ViewForm {
   QButtonGroup* kinds_ = nullptr;          // Option1
   QButtonGroup* samples_ = nullptr;        // Option2
   QButtonGroup* tabs_ = nullptr;           // Viewbar1
-  QSplitter* columns_ = nullptr;
+  Scrolled* scroll_ = nullptr;
+  ColumnSplitter* columns_ = nullptr;
   BrevarumInput* input_ = nullptr;
   QLabel* results_title_ = nullptr;      // Label43
   QPushButton* copy_ = nullptr;          // Label44

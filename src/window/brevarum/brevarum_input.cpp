@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "window/brevarum/normal_curve.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kCharactersOfABox = 8;  // at the least; a box grows to twice that
 constexpr std::size_t kCountsSide = 5;
+constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 constexpr int kKeyThatEdits = 'E';  // without typing: Delete, Cut, Undo, Redo
 
 QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<int>(name.size())); }
@@ -39,6 +41,10 @@ BrevarumInput::BrevarumInput(Platform& platform, BrevarumPanel& panel, QWidget* 
   }
   BuildSharedFrame();
   frames_->addWidget(shared_);
+  FollowFont(shared_, [this] {
+    laid_out_ = -1;
+    if (CurrentRow(panel_).frame == "F1") LayOutShared(CurrentRow(panel_));
+  });
   auto* inside = new QVBoxLayout(this);
   inside->addWidget(frames_);
   note_ = new QLabel(this);
@@ -58,8 +64,11 @@ QWidget* BrevarumInput::MakeBox(const BrevarumBox& box, QWidget* parent) {
     made = choice;
   } else {
     auto* edit = new QLineEdit(parent);
-    edit->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox);
-    edit->setMaximumWidth(fontMetrics().averageCharWidth() * kCharactersOfABox * 2);
+    FollowFont(edit, [edit] {
+      const int width = edit->fontMetrics().averageCharWidth() * kCharactersOfABox;
+      edit->setMinimumWidth(width);
+      edit->setMaximumWidth(width * 2);
+    });
     if (box.kind == BrevarumBoxKind::kNumber) edit->setAlignment(Qt::AlignRight);
     if (box.kind == BrevarumBoxKind::kLabel) edit->setPlaceholderText(tr("Label"));
     edit->installEventFilter(this);
@@ -323,7 +332,13 @@ bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
   if (!press && event->type() != QEvent::KeyRelease) return QGroupBox::eventFilter(watched, event);
   auto* box = qobject_cast<QWidget*>(watched);
   const auto* key = static_cast<QKeyEvent*>(event);
-  if (!box || key->isAutoRepeat()) return false;
+  if (!box) return false;
+  if (press && !key->modifiers().testAnyFlags(kCommand | Qt::ShiftModifier) && qobject_cast<QLineEdit*>(box)) {
+    if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down) {
+      return GoUpOrDown(box, key->key() == Qt::Key_Up ? -1 : 1);
+    }
+  }
+  if (key->isAutoRepeat()) return false;
   // By its place on the keyboard: what a key is called changes with Shift, which may be let go first.
   const quint32 id = key->nativeScanCode() != 0 ? key->nativeScanCode() : static_cast<quint32>(key->key());
   if (press) {
@@ -338,7 +353,6 @@ bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
 
 // What the panel is told of a key: 0 for one that changes no text.
 int BrevarumInput::CodeOf(const QKeyEvent& key) {
-  constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return kKeyEnter;
   if (key.matches(QKeySequence::Paste)) return 'V';
   for (const auto edit : {QKeySequence::Delete, QKeySequence::Cut, QKeySequence::Undo, QKeySequence::Redo}) {
@@ -361,7 +375,29 @@ void BrevarumInput::KeyReleased(QWidget* box, int key) {
   if (edit) SetBox(panel_, name, FromQt(edit->text()));
   const std::string_view next = BoxKeyReleased(panel_, platform_, name, key);
   if (edit && edit->text() != ToQt(panel_.Box(name))) edit->setText(ToQt(panel_.Box(name)));
-  if (!next.empty()) FocusBox(next);
+  if (next == kCalculateNext) {
+    emit EndReached();
+  } else if (!next.empty()) {
+    FocusBox(next);
+  }
+}
+
+bool BrevarumInput::GoUpOrDown(QWidget* box, int lines) {
+  const auto* grid = qobject_cast<QGridLayout*>(box->parentWidget()->layout());
+  if (!grid) return false;
+  int row = 0;
+  int column = 0;
+  int rows = 0;
+  int columns = 0;
+  grid->getItemPosition(grid->indexOf(box), &row, &column, &rows, &columns);
+  for (row += lines; row >= 0 && row < grid->rowCount(); row += lines) {
+    const QLayoutItem* item = grid->itemAtPosition(row, column);
+    const auto* edit = item ? qobject_cast<QLineEdit*>(item->widget()) : nullptr;
+    if (!edit) continue;
+    FocusBox(edit->objectName().toStdString());
+    return true;
+  }
+  return false;
 }
 
 }  // namespace tessara

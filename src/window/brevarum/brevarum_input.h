@@ -32,6 +32,10 @@ class BrevarumInput : public QGroupBox {
   void FocusFirst();  // the first box for a number
   bool HoldsFocus() const;
 
+ signals:
+  // Enter in the last box: what comes next is Calculate.
+  void EndReached();
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -50,6 +54,8 @@ class BrevarumInput : public QGroupBox {
   void FocusBox(std::string_view name);
   static int CodeOf(const QKeyEvent& key);
   void KeyReleased(QWidget* box, int key);
+  // The box above (-1) or below (1) takes the focus. False when there is none.
+  bool GoUpOrDown(QWidget* box, int lines);
 
   Platform& platform_;
   BrevarumPanel& panel_;

@@ -16,8 +16,10 @@ constexpr double kShareOfCurve = 0.92;  // of the widget's width
 constexpr int kSteps = 160;
 constexpr double kTicks[] = {-4, -2, -1, 0, 1, 2, 4};
 
-// The place of a score on the axis, -1 to 1, by the rule that moves the marker.
+// The place of a score on the axis, -1 to 1, by the rule that moves the marker, and how far from 0 the score of a place
+// is.
 double PlaceOf(double z) { return std::copysign(kOneDeviation * std::sqrt(std::fabs(z)), z) / kEdge; }
+double DistanceAt(double place) { return std::pow(place * kEdge / kOneDeviation, 2); }
 
 }  // namespace
 
@@ -51,8 +53,8 @@ NormalCurve::Plot NormalCurve::PlotOf() const {
 
 void NormalCurve::PaintCurve(QPainter& painter, const Plot& plot) const {
   const auto point = [&](double place) {
-    const double deviations = place * kEdge / kOneDeviation;
-    return QPointF(plot.X(place), plot.base - (plot.base - plot.top) * std::exp(-deviations * deviations / 2));
+    const double z = DistanceAt(place);
+    return QPointF(plot.X(place), plot.base - (plot.base - plot.top) * std::exp(-z * z / 2));
   };
   QPainterPath curve(point(-1));
   for (int step = 1; step <= kSteps; ++step) curve.lineTo(point(-1 + 2.0 * step / kSteps));

@@ -5,8 +5,9 @@
 
 namespace tessara {
 
-// The normal curve of the standard scores with the marker of one score. The scale of its axis is that of the marker:
-// dense far out, so that a score of 4 still has its place. Drawn in the palette's colours, sharp at any size.
+// The normal curve of the standard scores with the marker of one score. The scale of its axis is that of the marker,
+// dense far out, so that a score of 4 still has its place; the curve is drawn on that scale too, so that its height at
+// a tick is that of the score beside it. Drawn in the palette's colours, sharp at any size.
 class NormalCurve : public QWidget {
   Q_OBJECT
 

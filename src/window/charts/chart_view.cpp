@@ -1,11 +1,11 @@
 #include "window/charts/chart_view.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 
 #include "window/charts/chart_drawing.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/hint_label.h"
 #include "window/widgets/text.h"
 
@@ -21,7 +21,7 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent) {
   words_->setAlignment(Qt::AlignCenter);
   words_->setWordWrap(true);
   words_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  SetLow(false);
+  FollowFont(this, [this] { SetLow(low_); });
   ShowNothing({});
 }
 
@@ -57,7 +57,7 @@ void ChartView::Draw() {
   QChart* before = chart();
   QChart* drawn = nullptr;
   if (has_chart_) {
-    drawn = new DrawnChart(shown_, colours, QApplication::font());
+    drawn = new DrawnChart(shown_, colours, font());
   } else {
     drawn = new QChart;
     drawn->setBackgroundBrush(colours.ground);
@@ -70,8 +70,7 @@ void ChartView::Draw() {
 
 void ChartView::changeEvent(QEvent* event) {
   QChartView::changeEvent(event);
-  if (event->type() == QEvent::FontChange) SetLow(low_);
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange) Draw();
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Draw();
 }
 
 void ChartView::focusInEvent(QFocusEvent* event) {

@@ -12,23 +12,6 @@
 namespace tessara {
 namespace {
 
-// The word that a toolbar button shows beside its icon; empty for a button with an icon alone.
-QString ButtonWord(const CommandControl& control) {
-  switch (control.id) {
-    case 102:
-      return QObject::tr("Open");
-    case 103:
-      return QObject::tr("Save");
-    case 106:
-      return QObject::tr("Print");
-    case 308:
-      return QObject::tr("Run");
-    default:
-      break;
-  }
-  return control.style == CommandStyle::kIconAndCaption ? ToQt(control.caption).remove('&') : QString();
-}
-
 // A caption of the rules has no access letter: it takes that of the table.
 QString WithAccessLetter(const QString& caption, const QString& table_caption) {
   const qsizetype mark = table_caption.indexOf('&');
@@ -56,28 +39,29 @@ QAction* CommandBars::action(int id) const {
   return found == actions_.end() ? nullptr : found->second;
 }
 
-QAction* CommandBars::ActionOf(const CommandControl& control) {
-  if (QAction* known = action(control.id)) return known;
-  const QString caption = ToQt(control.caption);
+QAction* CommandBars::ActionOf(const BarEntry& entry) {
+  if (QAction* known = action(entry.id)) return known;
+  const CommandRow& row = *FindCommand(entry.id);
+  const QString caption = ToQt(row.caption);
   auto* made = new QAction(caption, &frame_);
-  made->setObjectName(QString::number(control.id));
-  if (!control.icon.empty()) made->setIcon(ThemeIcon(std::string(control.icon).c_str()));
-  if (!control.shortcut.empty()) made->setShortcut(QKeySequence(ToQt(control.shortcut), QKeySequence::PortableText));
-  if (control.id == kToggleHelpCommand) made->setCheckable(true);
-  if (control.id == 107) made->setMenuRole(QAction::QuitRole);
-  if (control.id == 608) made->setMenuRole(QAction::AboutRole);
-  QObject::connect(made, &QAction::triggered, &frame_, [this, id = control.id] { execute_(id); });
-  actions_[control.id] = made;
-  captions_[control.id] = caption;
+  made->setObjectName(QString::number(row.id));
+  if (!row.icon.empty()) made->setIcon(ThemeIcon(std::string(row.icon).c_str()));
+  if (!row.shortcut.empty()) made->setShortcut(QKeySequence(ToQt(row.shortcut), QKeySequence::PortableText));
+  made->setCheckable(row.checked != nullptr);
+  if (row.id == kExitCommand) made->setMenuRole(QAction::QuitRole);
+  if (row.id == kAboutCommand) made->setMenuRole(QAction::AboutRole);
+  QObject::connect(made, &QAction::triggered, &frame_, [this, id = row.id] { execute_(id); });
+  actions_[row.id] = made;
+  captions_[row.id] = caption;
   return made;
 }
 
 void CommandBars::BuildMenus(QMainWindow& frame) {
   for (const CommandMenu& table : MenuBar()) {
     QMenu* menu = frame.menuBar()->addMenu(ToQt(table.title));
-    for (const CommandControl& control : table.commands) {
-      if (control.begin_group) menu->addSeparator();
-      menu->addAction(ActionOf(control));
+    for (const BarEntry& entry : table.entries) {
+      if (entry.begin_group) menu->addSeparator();
+      menu->addAction(ActionOf(entry));
     }
     menus_.push_back(menu);
   }
@@ -88,19 +72,26 @@ void CommandBars::BuildToolbar(QMainWindow& frame) {
   toolbar_->setObjectName("Standard");
   toolbar_->setMovable(false);
   toolbar_->setContextMenuPolicy(Qt::PreventContextMenu);
-  for (const CommandControl& control : Toolbar()) {
-    if (control.begin_group) toolbar_entries_.push_back({toolbar_->addSeparator(), true});
-    QAction* made = ActionOf(control);
-    made->setToolTip(ToQt(control.tooltip));
-    toolbar_->addAction(made);
-    toolbar_entries_.push_back({made, false});
-    const QString word = ButtonWord(control);
-    made->setIconText(word.isEmpty() ? made->text().remove('&') : word);
-    if (auto* button = qobject_cast<QToolButton*>(toolbar_->widgetForAction(made))) {
-      button->setToolButtonStyle(word.isEmpty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
-      button->setAccessibleName(made->iconText());
-      button->setFocusPolicy(Qt::TabFocus);
-    }
+  for (const BarEntry& entry : Toolbar()) {
+    if (entry.begin_group) toolbar_entries_.push_back({toolbar_->addSeparator(), true});
+    AddButton(entry);
+  }
+}
+
+// A button with a word beside its icon, or with the icon alone.
+void CommandBars::AddButton(const BarEntry& entry) {
+  QAction* made = ActionOf(entry);
+  made->setToolTip(ToQt(FindCommand(entry.id)->tooltip));
+  toolbar_->addAction(made);
+  toolbar_entries_.push_back({made, false});
+  const bool with_caption = entry.style == CommandStyle::kIconAndCaption && entry.word.empty();
+  caption_beside_[entry.id] = with_caption;
+  made->setIconText(ToQt(entry.word.empty() ? CaptionOf(entry) : entry.word).remove('&'));
+  if (auto* button = qobject_cast<QToolButton*>(toolbar_->widgetForAction(made))) {
+    const bool with_word = with_caption || !entry.word.empty();
+    button->setToolButtonStyle(with_word ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    button->setAccessibleName(made->iconText());
+    button->setFocusPolicy(Qt::TabFocus);
   }
 }
 
@@ -114,22 +105,21 @@ void CommandBars::InsertBehind(int id, const QList<QAction*>& entries) {
 }
 
 void CommandBars::Refresh(const Session& session, const WidgetState& widgets) {
-  for (const auto& [id, made] : actions_) {
-    const CommandState state = UpdateCommand(session, id, widgets);
-    const QString& table_caption = captions_.at(id);
-    const QString word = made->iconText();
-    if (!state.caption.empty()) made->setText(WithAccessLetter(ToQt(state.caption), table_caption));
-    if (id == 350) {
-      made->setIconText(made->text().remove('&'));  // names the text that it shows next
-    } else {
-      made->setIconText(word);
-    }
-    made->setVisible(state.visible);
-    made->setEnabled(state.enabled);
-  }
-  if (QAction* help = action(kToggleHelpCommand)) help->setChecked(session.help_pane_visible);
+  for (const auto& [id, made] : actions_) ShowState(made, id, UpdateCommand(session, id, widgets));
   for (QMenu* menu : menus_) menu->menuAction()->setVisible(AnyVisible(*menu));
   ShowSeparators(toolbar_entries_);
+}
+
+void CommandBars::ShowState(QAction* action, int id, const CommandState& state) {
+  if (!state.caption.empty()) {
+    const QString word = action->iconText();
+    action->setText(WithAccessLetter(ToQt(state.caption), captions_.at(id)));
+    action->setIconText(caption_beside_[id] ? ToQt(state.caption) : word);
+  }
+  action->setVisible(state.visible);
+  action->setEnabled(state.enabled);
+  action->setStatusTip(ToQt(state.reason));
+  if (action->isCheckable()) action->setChecked(state.checked);
 }
 
 void CommandBars::ShowSeparators(const std::vector<Entry>& entries) {

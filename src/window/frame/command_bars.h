@@ -11,7 +11,7 @@ class QMainWindow;
 class QMenu;
 class QToolBar;
 
-// Menus and toolbar, built from the command table. An action's object name is its id.
+// Menus and toolbar, built from the rows of the commands. An action's object name is its id.
 
 namespace tessara {
 
@@ -40,13 +40,16 @@ class CommandBars {
 
   void BuildMenus(QMainWindow& frame);
   void BuildToolbar(QMainWindow& frame);
-  QAction* ActionOf(const CommandControl& control);
+  QAction* ActionOf(const BarEntry& entry);
+  void AddButton(const BarEntry& entry);
+  void ShowState(QAction* action, int id, const CommandState& state);
   static void ShowSeparators(const std::vector<Entry>& entries);
 
   QMainWindow& frame_;
   Execute execute_;
   std::map<int, QAction*> actions_;
-  std::map<int, QString> captions_;  // of the tables
+  std::map<int, QString> captions_;     // of the rows
+  std::map<int, bool> caption_beside_;  // the buttons whose word is the caption, as it changes
   std::vector<QMenu*> menus_;
   QToolBar* toolbar_ = nullptr;
   std::vector<Entry> toolbar_entries_;

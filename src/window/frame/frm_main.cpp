@@ -33,6 +33,7 @@
 #include "window/widgets/focus_outline.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
+#include "window/widgets/zoom.h"
 
 namespace tessara {
 namespace {
@@ -40,8 +41,6 @@ namespace {
 constexpr int kLargeIcon = 32;
 constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
-
-int Pixels(int twips) { return twips / kTwipsPerPixel; }
 
 PageText GlossaryPage() {
   return {"view-list-text", QObject::tr("Glossary"),
@@ -78,13 +77,14 @@ class FrmMain::Busy {
 };
 
 FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& start)
-    : platform_(platform), store_(store), session_(platform, store) {
+    : platform_(platform), session_(platform, store), place_(*this, store, platform, session_.settings) {
   setObjectName("frmMain");
   setAcceptDrops(true);
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
+  UseHintsOfPalette();
   setWindowIcon(LogoIcon(palette()));
-  setMinimumSize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
+  place_.BoundLeastSize();
   setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
   if (start.splash) {
     splash_ = std::make_unique<FrmSplash2>();
@@ -102,7 +102,12 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   BuildHelpPane();
   ConnectClipboard();
   FocusOutline::Watch(this);
+  AddViewKeys();
+  zoom_ = new Zoom(store, this);
+  connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
+  ApplyZoom();
   ApplyAppearance();
+  place_.Restore();
   NoteRecentFile();
   TabChanged();
   StartTimers(start);
@@ -173,6 +178,8 @@ void FrmMain::AddView(ViewForm* view, const char* name, const QString& caption, 
   views_[view->view()] = view;
   workspace_->addTab(view, ThemeIcon(icon), caption);
   connect(view, &ViewForm::CommandRequested, this, &FrmMain::Execute);
+  connect(view, &ViewForm::HelpAsked, this, &FrmMain::ShowHelpOfView);
+  connect(view, &ViewForm::ZoomAsked, this, [this](int steps) { zoom_->Step(steps); });
   connect(view, &ViewForm::SessionChanged, this, [this] {
     if (busy_ != 0) return;
     const Busy busy(*this);
@@ -254,14 +261,15 @@ void FrmMain::ShowWantedView() { ShowView(std::exchange(session_.wanted_view, Vi
 void FrmMain::TabChanged() {
   ViewForm* form = current_view();
   if (!form) return;
-  if (busy_ == 0) StoreViews();
+  const bool by_user = busy_ == 0;
+  if (by_user) StoreViews();
   ActivateView(session_, form->view());
   const Busy busy(*this);
   form->ShowSession();
   if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
   // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.
   if (form->view() == View::ViewDataGrid || !workspace_->tabBar()->hasFocus()) form->FocusFirst();
-  RefreshCommands();
+  if (by_user) RefreshCommands();  // an operation that brings a view to the front does so at its end
 }
 
 void FrmMain::StoreViews() {
@@ -280,12 +288,12 @@ void FrmMain::Execute(int id) {
   if (busy_ != 0) return;
   StoreViews();
   const Busy busy(*this);
-  const WidgetAction action = ExecuteCommand(session_, id, State());
+  WidgetAction action = WidgetAction::kNone;
+  platform_.WithinMemory([&] { action = ExecuteCommand(session_, id, State()); });
   ShowWantedView();
   NoteRecentFile();
   ShowSession();
   Perform(action);
-  if (id == kRefreshDocumentationCommand) help_pane_->RefreshLists();
   if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
   if (id == kRunCommand) current_view()->FocusInput();
   RefreshCommands();
@@ -293,11 +301,14 @@ void FrmMain::Execute(int id) {
 
 void FrmMain::OpenFile(const Path& path) {
   if (busy_ != 0) return;
-  ShowView(View::ViewDataGrid);
+  StoreViews();
   const Busy busy(*this);
+  ShowView(View::ViewDataGrid);
   {
     const WaitCursor wait(platform_);
-    if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    platform_.WithinMemory([&] {
+      if (OpenDataFile(session_, path, FilePick::kPicked) == LoadOutcome::kUnreadable) recent_files_->Remove(path);
+    });
   }
   NoteRecentFile();
   ShowSession();
@@ -326,15 +337,16 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCut:
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
+    case WidgetAction::kPrintPage:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
-      showNormal();
-      resize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
-      return;
+      return place_.UseDefaultSize();
+    case WidgetAction::kRefreshHelpLists:
+      return help_pane_->RefreshLists();
     case WidgetAction::kToggleHelpPane:
     case WidgetAction::kOpenHelp:
-      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : HelpPage(session_.ActiveView));
+      return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : PageOfView());
     case WidgetAction::kShowAbout:
       return ShowAbout();
     case WidgetAction::kNone:
@@ -348,6 +360,39 @@ void FrmMain::ShowHelpPane(std::string_view page) {
   help_pane_->RefreshLists();
   help_pane_->ShowPage(page);
   help_pane_->raise();
+}
+
+std::string_view FrmMain::PageOfView() const {
+  if (session_.ActiveView == View::ViewBrevarum) return CurrentRow(session_.brevarum).help_page;
+  return HelpPage(session_.ActiveView);
+}
+
+// The key for help: a pane that is open goes to the page, one that shows it already is closed.
+void FrmMain::ShowHelpOfView() {
+  if (!session_.help_pane_visible || help_pane_->Shows(PageOfView())) return Execute(kToggleHelpCommand);
+  ShowHelpPane(PageOfView());
+}
+
+// Ctrl and a digit bring the tab of that place to the front.
+void FrmMain::AddViewKeys() {
+  for (int place = 0; place < workspace_->count(); ++place) {
+    const QKeySequence key(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + place));
+    auto* action = new QAction(workspace_->tabText(place), this);
+    action->setObjectName(QString("View%1").arg(place + 1));
+    action->setShortcut(key);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [form = QPointer(workspace_->widget(place)), this] {
+      if (form) workspace_->setCurrentWidget(form);
+    });
+    workspace_->setTabToolTip(place, action->text() + " (" + key.toString(QKeySequence::NativeText) + ")");
+  }
+}
+
+void FrmMain::ApplyZoom() {
+  for (const auto& [id, form] : views_) {
+    if (form) form->SetZoom(zoom_->percent());
+  }
+  ZoomType(help_pane_->widget(), zoom_->percent());
 }
 
 void FrmMain::ShowAbout() {
@@ -383,16 +428,7 @@ void FrmMain::ShowTitle() {
 void FrmMain::ApplyAppearance() {
   const bool large = session_.settings.Op13 == 1;
   bars_->UseIconSize(large ? kLargeIcon : kSmallIcon);
-  ReadFrameSize(session_.settings, store_);
-  const FrameSize size = FrameSizeToApply(session_.settings);
-  if (!isMaximized() && !isFullScreen()) resize(Pixels(size.width), Pixels(size.height));
-}
-
-void FrmMain::StoreSize() {
-  session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
-  session_.settings.Op8 = width() * kTwipsPerPixel;
-  WriteSetting(store_, platform_, "Op7", std::to_string(session_.settings.Op7));
-  WriteSetting(store_, platform_, "Op8", std::to_string(session_.settings.Op8));
+  place_.ApplySize();
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -407,7 +443,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     RefreshCommands();
     return;
   }
-  StoreSize();
+  place_.Store();
   timer1_->stop();
   timer2_->stop();
   splash_.reset();
@@ -428,7 +464,11 @@ void FrmMain::FitTabs() {
 
 void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) UseIconsOfPalette(palette());
+  if (event->type() == QEvent::PaletteChange) {
+    UseIconsOfPalette(palette());
+    UseHintsOfPalette();
+  }
+  if (event->type() == QEvent::ApplicationFontChange && zoom_) ApplyZoom();
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {

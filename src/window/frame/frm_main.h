@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "shell/session.h"
+#include "window/frame/frame_place.h"
 #include "window/widgets/view_form.h"
 
 class QLabel;
@@ -23,6 +24,7 @@ class HelpPane;
 class Output1;
 class QtPlatform;
 class RecentFiles;
+class Zoom;
 
 // How a frame starts. Tests leave the splash out and shorten the timers.
 struct FrameStart {
@@ -80,15 +82,19 @@ class FrmMain : public QMainWindow {
   void ShowSession();
   void Perform(WidgetAction action);
   void ShowHelpPane(std::string_view page);
+  // The help page of the current view, of the calculators that of the one in front.
+  std::string_view PageOfView() const;
+  void ShowHelpOfView();
+  void AddViewKeys();
+  void ApplyZoom();
   void ShowAbout();
   void NoteRecentFile();
-  void StoreSize();
   void ShowTitle();
   WidgetState State() const;
 
   QtPlatform& platform_;
-  SettingsStore& store_;
   Session session_;
+  FramePlace place_;
   std::map<View, QPointer<ViewForm>> views_;
   QTabWidget* workspace_ = nullptr;
   QTimer* timer1_ = nullptr;
@@ -96,6 +102,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<RecentFiles> recent_files_;
   std::unique_ptr<CommandBars> bars_;
   HelpPane* help_pane_ = nullptr;
+  Zoom* zoom_ = nullptr;
   Output1* output_ = nullptr;
   std::unique_ptr<FrmSplash2> splash_;
   Path noted_file_;

@@ -5,6 +5,7 @@
 
 #include "platform/files.h"
 #include "shell/path_list.h"
+#include "shell/settings.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
 
@@ -12,7 +13,6 @@ namespace tessara {
 namespace {
 
 constexpr std::size_t kMostFiles = 8;
-constexpr const char* kSettingName = "RecentFiles";
 
 // A file's name as the text of a menu entry: on one line, and without access letters of its own.
 QString EntryName(const QString& file) {
@@ -30,7 +30,7 @@ RecentFiles::RecentFiles(SettingsStore& store, QWidget* parent)
   menu_->setObjectName("RecentFiles");
   menu_->setIcon(ThemeIcon("document-open-recent"));
   menu_->setToolTipsVisible(true);
-  files_ = PathsOfList(store_.Read(kSettingName).value_or(""));
+  files_ = PathsOfList(store_.Read(std::string(kRecentFilesSetting)).value_or(""));
   connect(menu_, &QMenu::aboutToShow, this, [this] {
     DropMissing();
     Fill();
@@ -58,14 +58,14 @@ void RecentFiles::DropMissing() {
   if (std::erase_if(files_, missing) != 0) Store();
 }
 
-void RecentFiles::Store() { store_.Write(kSettingName, PathListText(files_)); }
+void RecentFiles::Store() { store_.Write(std::string(kRecentFilesSetting), PathListText(files_)); }
 
 void RecentFiles::Fill() {
   menu_->clear();
   for (std::size_t i = 0; i < files_.size(); ++i) {
     const QString file = PathToQt(files_[i]);
     QAction* action = menu_->addAction(QString("&%1  ").arg(i + 1) + EntryName(file));
-    action->setToolTip("<span>" + file.toHtmlEscaped() + "</span>");
+    action->setToolTip(file);
     connect(action, &QAction::triggered, this, [this, path = files_[i]] { emit Chosen(path); });
   }
   menu_->setEnabled(!files_.empty());

@@ -97,12 +97,8 @@ GridView::GridView(DataSet& data_set, QWidget* parent)
   setFrameShape(NoFrame);
   setHorizontalScrollMode(ScrollPerPixel);
 
-  const int row_height = fontMetrics().height() + fontMetrics().height() / 2;
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setMinimumSectionSize(row_height);
-  verticalHeader()->setDefaultSectionSize(row_height);
   horizontalHeader()->setMinimumSectionSize(kDefaultColumnTwips / kTwipsPerPixel / 2);
-  horizontalHeader()->setFixedHeight(row_height + row_height / 6);
 
   // A click on a heading takes the cursor into the heading row, one on a record number into the number column: whole
   // columns and whole rows are told from cells by that.
@@ -115,15 +111,58 @@ GridView::GridView(DataSet& data_set, QWidget* parent)
   hint_->setAlignment(Qt::AlignCenter);
   hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
   hint_->setAutoFillBackground(true);
-  hint_->setMargin(fontMetrics().height());
   hint_->hide();
+  MeasureRows();
   ApplyColours();
+}
+
+void GridView::MeasureRows() {
+  const int row_height = fontMetrics().height() + fontMetrics().height() / 2;
+  verticalHeader()->setMinimumSectionSize(row_height);
+  verticalHeader()->setDefaultSectionSize(row_height);
+  horizontalHeader()->setFixedHeight(row_height + row_height / 6);
+  hint_->setMargin(fontMetrics().height());
+}
+
+void GridView::setModel(QAbstractItemModel* grid_model) {
+  QTableView::setModel(grid_model);
+  connect(grid_model, &QAbstractItemModel::columnsInserted, this,
+          [this](const QModelIndex&, int first, int last) { ApplyWidths(first, last); });
 }
 
 void GridView::ShowData() {
   showing_ = true;
   ApplyColours();
-  ApplyWidths();
+  ApplyWidths(0, model()->columnCount() - 1);
+  ShowCursor();
+  showing_ = false;
+  PlaceHint();
+}
+
+bool GridView::ShowChanges() {
+  showing_ = true;  // the cursor of the data set is not the view's to move meanwhile
+  const GridModel::Outcome outcome = static_cast<GridModel*>(model())->Refresh();
+  showing_ = false;
+  if (outcome == GridModel::Outcome::kNothing) return false;
+  if (outcome == GridModel::Outcome::kEverything) {
+    ShowData();
+    return true;
+  }
+  ApplyColours();
+  showing_ = true;
+  if (shown_cursor_ != std::pair(data_.CurrentRow, data_.CurrentColumn)) {
+    ShowCursor();  // the operation has moved it
+  } else if (data_.CurrentRow > 0 && data_.CurrentColumn > 0 && currentIndex().isValid()) {
+    data_.CurrentRow = static_cast<std::size_t>(currentIndex().row()) + 1;  // cells ahead of it came or went
+    data_.CurrentColumn = static_cast<std::size_t>(currentIndex().column()) + 1;
+    shown_cursor_ = {data_.CurrentRow, data_.CurrentColumn};
+  }
+  showing_ = false;
+  return true;
+}
+
+void GridView::ShowCursor() {
+  shown_cursor_ = {data_.CurrentRow, data_.CurrentColumn};
   const int row = static_cast<int>(data_.CurrentRow) - 1;
   const int column = static_cast<int>(data_.CurrentColumn) - 1;
   const QModelIndex cursor = model()->index(std::max(row, 0), std::max(column, 0));
@@ -131,8 +170,8 @@ void GridView::ShowData() {
     selectionModel()->setCurrentIndex(cursor, QItemSelectionModel::ClearAndSelect);
     scrollTo(cursor);
   }
-  showing_ = false;
-  PlaceHint();
+  horizontalHeader()->viewport()->update();
+  verticalHeader()->viewport()->update();
 }
 
 void GridView::ApplyColours() {
@@ -144,17 +183,17 @@ void GridView::ApplyColours() {
   setPalette(own);
 }
 
-void GridView::ApplyWidths() {
+void GridView::ApplyWidths(int first, int last) {
   const auto* grid = static_cast<const GridModel*>(model());
   const int character = fontMetrics().averageCharWidth();
   const int least = std::max(kDefaultColumnTwips / kTwipsPerPixel, character * 9);
   QFont bold = font();
   bold.setBold(true);
   const QFontMetrics heading(bold);
-  for (int column = 0; column < grid->columnCount(); ++column) {
+  for (int column = first; column <= last; ++column) {
     std::size_t widest = 0;
     for (int row = 0; row < std::min(grid->rowCount(), kRecordsMeasured); ++row) {
-      widest = std::max(widest, grid->CellText(row, column).size());
+      widest = std::max(widest, grid->CellLength(row, column));
     }
     const int characters = std::min(static_cast<int>(std::min<std::size_t>(widest, 1000)), kMostColumnCharacters);
     const QString name = grid->headerData(column, Qt::Horizontal).toString();
@@ -182,6 +221,7 @@ std::string GridView::SelectedBlock() const {
 void GridView::MoveCursor(std::size_t row, std::size_t column) {
   data_.CurrentRow = row;
   data_.CurrentColumn = column;
+  shown_cursor_ = {row, column};
   horizontalHeader()->viewport()->update();
   verticalHeader()->viewport()->update();
   emit CursorMoved();
@@ -233,6 +273,11 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) ApplyColours();
+  if (event->type() == QEvent::FontChange && hint_ && model()) {
+    MeasureRows();
+    ApplyWidths(0, model()->columnCount() - 1);
+    PlaceHint();
+  }
 }
 
 }  // namespace tessara

@@ -15,6 +15,8 @@
 #include "presentation/print_pages.h"
 #include "window/output/text_page.h"
 #include "window/system/qt_platform.h"
+#include "window/widgets/flow_layout.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
@@ -41,7 +43,6 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   layout->addWidget(MakeHead());
   layout->addWidget(page_, 1);
   layout->addWidget(MakeFindBar());
-  AddZoomShortcuts();
 
   connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
   connect(page_->document(), &QTextDocument::contentsChange, this,
@@ -66,7 +67,10 @@ QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButt
   button->setText(caption);
   button->setFocusPolicy(Qt::StrongFocus);
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  button->setMinimumWidth(button->sizeHint().width());  // never cut, whatever room there is
+  FollowFont(button, [button] {  // never cut, whatever room there is
+    button->setMinimumWidth(0);
+    button->setMinimumWidth(button->sizeHint().width());
+  });
   group->addButton(button);
   return button;
 }
@@ -80,20 +84,29 @@ QToolButton* Output1::MakeTool(QAction* action) {
   return button;
 }
 
+// Both texts to the left, the tools to the right or, in a narrow window, below.
 QWidget* Output1::MakeHead() {
   auto* head = new QWidget(this);
-  auto* layout = new QHBoxLayout(head);
+  auto* layout = new QVBoxLayout(head);
   const int gap = fontMetrics().height() / 3;
   layout->setContentsMargins(gap, gap, gap, gap);
+  auto* bar = new QWidget(head);
+  auto* flow = new FlowLayout(bar, gap);
+  flow->SetLastAtRight();
+  flow->addWidget(MakeSwitches());
+  flow->addWidget(MakeTools());
+  layout->addWidget(bar);
+  return head;
+}
 
+QWidget* Output1::MakeSwitches() {
+  auto* switches = new QWidget(this);
+  auto* layout = new FlowLayout(switches, 0);
   auto* group = new QButtonGroup(this);
   most_recent_ = MakeSwitch("ShowMostRecent", tr("Most Recent Output"), group);
   log_ = MakeSwitch("ShowOutputLog", tr("Output Log"), group);
-  auto* switches = new QHBoxLayout;
-  switches->setSpacing(0);
-  switches->addWidget(most_recent_);
-  switches->addWidget(log_);
-  layout->addLayout(switches);
+  layout->addWidget(most_recent_);
+  layout->addWidget(log_);
   // A press on the text that does not show asks for the command that toggles.
   connect(most_recent_, &QToolButton::clicked, this, [this] {
     if (session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
@@ -101,8 +114,12 @@ QWidget* Output1::MakeHead() {
   connect(log_, &QToolButton::clicked, this, [this] {
     if (!session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
   });
-  layout->addStretch();
+  return switches;
+}
 
+QWidget* Output1::MakeTools() {
+  auto* tools = new QWidget(this);
+  auto* layout = new FlowLayout(tools, fontMetrics().height() / 3);
   QAction* find = MakeAction("FindText", "edit-find", tr("Find in Output (Ctrl+F)"));
   QAction* smaller = MakeAction("ZoomOut", "list-remove", tr("Smaller Type (Ctrl+-)"));
   QAction* larger = MakeAction("ZoomIn", "list-add", tr("Larger Type (Ctrl++)"));
@@ -111,22 +128,25 @@ QWidget* Output1::MakeHead() {
   QAction* convert = MakeAction("ConvertOutput", "document-export-table", tr("Convert Output to Tab Delimited"));
   connect(convert, &QAction::triggered, this, [this] { emit CommandRequested(kConvertCommand); });
   page_->addAction(convert);
-  connect(smaller, &QAction::triggered, this, [this] { page_->ZoomStep(-1); });
-  connect(larger, &QAction::triggered, this, [this] { page_->ZoomStep(1); });
+  connect(smaller, &QAction::triggered, this, [this] { emit ZoomAsked(-1); });
+  connect(larger, &QAction::triggered, this, [this] { emit ZoomAsked(1); });
   zoom_ = new QToolButton(this);
   zoom_->setObjectName("Zoom");
   zoom_->setAutoRaise(true);
   zoom_->setFocusPolicy(Qt::TabFocus);
   zoom_->setToolTip(tr("Usual Size (Ctrl+0)"));
-  zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height() / 2);
-  connect(zoom_, &QToolButton::clicked, this, [this] { page_->SetZoom(100); });
+  FollowFont(zoom_, [this] {
+    const QFontMetrics type = zoom_->fontMetrics();
+    zoom_->setMinimumWidth(type.horizontalAdvance("400 %") + type.height() / 2);
+  });
+  connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
   layout->addWidget(MakeTool(find));
   layout->addWidget(MakeTool(smaller));
   layout->addWidget(zoom_);
   layout->addWidget(MakeTool(larger));
   layout->addWidget(MakeTool(preview_));
   layout->addWidget(MakeTool(pdf_));
-  return head;
+  return tools;
 }
 
 QWidget* Output1::MakeFindBar() {
@@ -169,18 +189,8 @@ QWidget* Output1::MakeFindBar() {
   return find_bar_;
 }
 
-void Output1::AddZoomShortcuts() {
-  const auto zoom = [this](std::initializer_list<QKeySequence> keys, auto act) {
-    for (const QKeySequence& key : keys) {
-      auto* made = new QShortcut(key, this);
-      made->setContext(Qt::WidgetWithChildrenShortcut);
-      connect(made, &QShortcut::activated, this, act);
-    }
-  };
-  zoom({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { page_->ZoomStep(1); });
-  zoom({Qt::CTRL | Qt::Key_Minus}, [this] { page_->ZoomStep(-1); });
-  zoom({Qt::CTRL | Qt::Key_0}, [this] { page_->SetZoom(100); });
-}
+// The sheet alone: the buttons above it keep their size.
+void Output1::SetZoom(int percent) { page_->SetZoom(percent); }
 
 void Output1::ShowZoom(int percent) { zoom_->setText(tr("%1 %").arg(percent)); }
 

@@ -30,17 +30,19 @@ class Output1 : public ViewForm {
   void FocusFirst() override;
   WidgetState State() const override;
   void Perform(WidgetAction action) override;
+  void SetZoom(int percent) override;
 
   // Print preview and PDF, which have no command of their own.
   QList<QAction*> PrintActions() const { return {preview_, pdf_}; }
 
  private:
   QWidget* MakeHead();
+  QWidget* MakeSwitches();
+  QWidget* MakeTools();
   QWidget* MakeFindBar();
   QToolButton* MakeSwitch(const char* name, const QString& caption, QButtonGroup* group);
   QToolButton* MakeTool(QAction* action);
   QAction* MakeAction(const char* name, const char* icon, const QString& caption);
-  void AddZoomShortcuts();
   void ShowBox(const BoxVersion& now);
   void UserChangedText();
   void ShowZoom(int percent);

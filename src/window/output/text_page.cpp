@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QWheelEvent>
 
 #include "window/output/fixed_pitch_html.h"
 #include "window/system/page_painter.h"
@@ -17,10 +16,6 @@
 namespace tessara {
 namespace {
 
-constexpr int kLeastZoom = 40;
-constexpr int kMostZoom = 400;
-constexpr int kZoomStep = 10;
-constexpr int kWheelNotch = 120;
 constexpr int kSheetColumns = 100;  // a report's width with some room beside it
 constexpr QLatin1String kPageBreakLine("<Page Break>");
 
@@ -40,14 +35,11 @@ TextPage::TextPage(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void TextPage::SetZoom(int percent) {
-  percent = qBound(kLeastZoom, percent, kMostZoom);
   if (percent == zoom_) return;
   zoom_ = percent;
   ApplyType();
   emit ZoomChanged(zoom_);
 }
-
-void TextPage::ZoomStep(int steps) { SetZoom((zoom_ / kZoomStep + steps) * kZoomStep); }
 
 void TextPage::ApplyType() {
   QFont type = FixedPitchFont();
@@ -179,17 +171,6 @@ void TextPage::contextMenuEvent(QContextMenuEvent* event) {
 void TextPage::resizeEvent(QResizeEvent* event) {
   QPlainTextEdit::resizeEvent(event);
   PlaceSheet();
-}
-
-void TextPage::wheelEvent(QWheelEvent* event) {
-  if (!(event->modifiers() & Qt::ControlModifier)) {
-    QPlainTextEdit::wheelEvent(event);
-    return;
-  }
-  wheel_rest_ += event->angleDelta().y();
-  ZoomStep(wheel_rest_ / kWheelNotch);
-  wheel_rest_ %= kWheelNotch;
-  event->accept();
 }
 
 }  // namespace tessara

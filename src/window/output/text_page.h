@@ -5,8 +5,7 @@
 class QLabel;
 class QMimeData;
 
-// A fixed-pitch text on a sheet: a page with a margin, in the middle of what room there is. Zooms with Ctrl and the
-// wheel, Ctrl+Plus, Ctrl+Minus and Ctrl+0.
+// A fixed-pitch text on a sheet: a page with a margin, in the middle of what room there is.
 
 namespace tessara {
 
@@ -18,7 +17,6 @@ class TextPage : public QPlainTextEdit {
 
   int zoom() const { return zoom_; }  // percent
   void SetZoom(int percent);
-  void ZoomStep(int steps);
 
   // What an empty sheet says.
   void SetEmptyText(const QString& text);
@@ -44,7 +42,6 @@ class TextPage : public QPlainTextEdit {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void ApplyType();
@@ -55,7 +52,6 @@ class TextPage : public QPlainTextEdit {
 
   QLabel* empty_text_ = nullptr;
   int zoom_ = 100;
-  int wheel_rest_ = 0;
 };
 
 }  // namespace tessara

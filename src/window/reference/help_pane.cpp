@@ -216,6 +216,10 @@ void HelpPane::Print() {
   browser_->PrintPage();
 }
 
+bool HelpPane::Shows(std::string_view page) const {
+  return shown_->currentWidget() == browser_ && browser_->source().toString().endsWith(ToQt(page));
+}
+
 void HelpPane::RefreshLists() { FillLabels(); }
 
 void HelpPane::closeEvent(QCloseEvent* event) {

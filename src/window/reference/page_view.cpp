@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "window/widgets/follow_font.h"
 #include "window/widgets/theme.h"
 
 namespace tessara {
@@ -36,14 +37,16 @@ class PageIcon : public QWidget {
 PageView::PageView(Session& the_session, View the_view, const PageText& page, QWidget* parent)
     : ViewForm(the_session, the_view, parent) {
   auto* title = new QLabel(page.title, this);
-  QFont font = title->font();
-  font.setPointSizeF(font.pointSizeF() * 1.5);
-  title->setFont(font);
+  FollowFont(this, [this, title] {
+    QFont large;
+    large.setPointSizeF(font().pointSizeF() * 1.5);
+    title->setFont(large);
+  });
   title->setAlignment(Qt::AlignHCenter);
   auto* text = new QLabel(page.text, this);
   text->setWordWrap(true);
   text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  text->setFixedWidth(fontMetrics().averageCharWidth() * kTextColumns);
+  FollowFont(text, [text] { text->setFixedWidth(text->fontMetrics().averageCharWidth() * kTextColumns); });
 
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(fontMetrics().height());

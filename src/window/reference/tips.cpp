@@ -73,4 +73,8 @@ Tips::Tips(QtPlatform& platform, Session& the_session, QWidget* parent)
   setFocusProxy(browser_);
 }
 
+void Tips::Perform(WidgetAction action) {
+  if (action == WidgetAction::kPrintPage) browser_->PrintPage();
+}
+
 }  // namespace tessara

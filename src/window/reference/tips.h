@@ -15,6 +15,8 @@ class Tips : public ViewForm {
  public:
   Tips(QtPlatform& platform, Session& session, QWidget* parent = nullptr);
 
+  void Perform(WidgetAction action) override;
+
  private:
   HelpBrowser* browser_ = nullptr;
 };

@@ -24,6 +24,8 @@ class ControlPanel : public QGroupBox {
   void ShowSession();
   void StoreWidgets();
   void FocusFirst() { picker_->list()->setFocus(); }
+  // The field of the control's value.
+  void FocusValue() { relation_->FocusValue(); }
   // The control variable with its relation in words; empty without one.
   QString ControlWords() const;
 
@@ -40,10 +42,17 @@ class ControlPanel : public QGroupBox {
   void AddFirst();
   void Drop(std::size_t target, VariableListView* source);
   void RemoveMarked(VariableListView* list);
+  void RemoveAll(VariableListView* list);
+  void ShowSourceMenu(const QPoint& place);
+  void ShowTargetMenu(VariableListView* list, const QPoint& place);
+  void ShowFieldMenu(const QPoint& place);
+  // The list of independent variables holds something, but the procedure has no use for one.
+  bool SecondListIsIdle() const;
   void Reset();
   void Finish();
   void ShowHeadings();
   void ShowArrows();
+  QString TargetName(std::size_t arrow) const;
 
   Session& session_;
   VariablePicker* picker_;

@@ -3,12 +3,13 @@
 #include <QButtonGroup>
 #include <QFrame>
 #include <QGridLayout>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <array>
 
 #include "window/stat_procs/sampling_frames.h"
+#include "window/widgets/follow_font.h"
+#include "window/widgets/scrolled.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -32,37 +33,9 @@ const std::vector<Group>& Groups() {
   return groups;
 }
 
-struct BoxMember {
-  std::string_view control;
-  bool PanelChecks::*state;
-};
-
-constexpr std::array<BoxMember, 12> kBoxes = {{
-    {"Check1", &PanelChecks::Check1},
-    {"Check2", &PanelChecks::Check2},
-    {"Check3", &PanelChecks::Check3},
-    {"Check4", &PanelChecks::Check4},
-    {"Check5", &PanelChecks::Check5},
-    {"Check6", &PanelChecks::Check6},
-    {"Check7", &PanelChecks::Check7},
-    {"Check8", &PanelChecks::Check8},
-    {"Check9", &PanelChecks::Check9},
-    {"Check10", &PanelChecks::Check10},
-    {"Check11", &PanelChecks::Check11},
-    {"Check12", &PanelChecks::Check12},
-}};
-
-struct FieldMember {
-  std::string_view control;
-  std::string ProcedurePanel::*text;
-};
-
-constexpr std::array<FieldMember, 3> kFields = {{
-    {"Text5", &ProcedurePanel::Text5},
-    {"Text6", &ProcedurePanel::Text6},
-    {"Text7", &ProcedurePanel::Text7},
-}};
-
+constexpr std::array<std::string_view, 12> kBoxes = {"Check1", "Check2", "Check3", "Check4",  "Check5",  "Check6",
+                                                     "Check7", "Check8", "Check9", "Check10", "Check11", "Check12"};
+constexpr std::array<std::string_view, 3> kFields = {"Text5", "Text6", "Text7"};
 constexpr std::string_view kOutputFormat = "Combo1";
 constexpr std::size_t kCategoricalBoxes = 2;  // the rest of the boxes of a summary table are for continuous data
 
@@ -77,8 +50,7 @@ void CheckOnly(QButtonGroup* group, QRadioButton* option) {
 ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
     : QGroupBox("Statistical Procedure", parent),
       panel_(panel),
-      scroll_(new QScrollArea(this)),
-      content_(new QWidget(scroll_)),
+      content_(new QWidget(this)),
       procedures_(new QButtonGroup(this)),
       regressions_(new QButtonGroup(this)),
       table_kinds_(new QButtonGroup(this)) {
@@ -94,13 +66,7 @@ ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
   inside->addLayout(offered_);
   inside->addStretch(1);
 
-  scroll_->setWidget(content_);
-  scroll_->setWidgetResizable(true);
-  scroll_->setFrameShape(QFrame::NoFrame);
-  scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll_->setFocusPolicy(Qt::NoFocus);
-  scroll_->viewport()->setAutoFillBackground(false);
-  content_->setAutoFillBackground(false);
+  scroll_ = new Scrolled(content_, this);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(scroll_);
   ShowPanel();
@@ -115,7 +81,7 @@ void ProcedureBox::BuildProcedures(QGridLayout* layout) {
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
-    if (row > 0) title->setContentsMargins(0, fontMetrics().height() / 2, 0, 0);
+    if (row > 0) FollowFont(title, [title] { title->setContentsMargins(0, title->fontMetrics().height() / 2, 0, 0); });
     layout->addWidget(title, row++, group.column);
     for (const Procedure procedure : group.procedures) {
       const ProcedureRow& shown = *FindProcedureRow(procedure);
@@ -148,21 +114,25 @@ void ProcedureBox::BuildOptions() {
   offered_->setColumnStretch(0, 1);
   offered_->setColumnStretch(1, 1);
 
-  for (const BoxMember& member : kBoxes) {
+  for (const std::string_view control : kBoxes) {
     auto* box = new QCheckBox(content_);
-    box->setObjectName(ToQt(member.control));
-    boxes_[member.control] = box;
+    box->setObjectName(ToQt(control));
+    boxes_[control] = box;
+    connect(box, &QCheckBox::toggled, this, [this, control](bool on) { TellBox(control, on); });
     connect(box, &QCheckBox::clicked, this, &ProcedureBox::Changed);
   }
-  for (const FieldMember& member : kFields) {
+  for (const std::string_view control : kFields) {
     auto* field = new QLineEdit(content_);
-    field->setObjectName(ToQt(member.control));
-    fields_[member.control] = field;
+    field->setObjectName(ToQt(control));
+    fields_[control] = field;
+    connect(field, &QLineEdit::textChanged, this, [this, control](const QString& text) { TellField(control, text); });
     connect(field, &QLineEdit::textEdited, this, &ProcedureBox::Changed);
   }
   auto* format = new QComboBox(content_);
   format->setObjectName(ToQt(kOutputFormat));
   format->addItems({"0.0", "0.00", "0.000", "0.0000", "0"});
+  connect(format, &QComboBox::currentTextChanged, this,
+          [this](const QString& text) { TellField(kOutputFormat, text); });
   fields_[kOutputFormat] = format;
   for (const auto& [control, field] : fields_) {
     captions_[control] = new QLabel(content_);
@@ -178,7 +148,6 @@ void ProcedureBox::BuildKinds() {
   categorical_ = AddOption("Option15", "Categorical Data", "", table_kinds_);
   continuous_ = AddOption("Option16", "Continuous Data", "", table_kinds_);
   const auto select_regression = [this](RegressionKind kind) {
-    StoreWidgets();
     SelectRegression(panel_, kind);
     emit Selected();
   };
@@ -188,6 +157,7 @@ void ProcedureBox::BuildKinds() {
           [select_regression] { select_regression(RegressionKind::kLogistic); });
   for (QRadioButton* kind : {categorical_, continuous_}) {
     connect(kind, &QRadioButton::clicked, this, [this] {
+      panel_.table_data = continuous_->isChecked() ? TableData::kContinuous : TableData::kCategorical;
       EnableTableBoxes();
       emit Changed();
     });
@@ -197,7 +167,6 @@ void ProcedureBox::BuildKinds() {
 
 void ProcedureBox::Select(Procedure procedure) {
   if (panel_.selected == procedure) return;
-  StoreWidgets();
   SelectProcedure(panel_, procedure);
   emit Selected();
   scroll_->verticalScrollBar()->setValue(0);
@@ -208,22 +177,37 @@ void ProcedureBox::ShowPanel() {
   CheckOnly(procedures_, option == options_.end() ? nullptr : option->second);
   CheckOnly(regressions_, panel_.regression == RegressionKind::kLogistic ? logistic_ : least_squares_);
   CheckOnly(table_kinds_, panel_.table_data == TableData::kContinuous ? continuous_ : categorical_);
-  for (const BoxMember& member : kBoxes) boxes_[member.control]->setChecked(panel_.checks.*member.state);
-  for (const FieldMember& member : kFields) {
-    auto* field = static_cast<QLineEdit*>(fields_[member.control]);
-    const QString text = ToQt(panel_.*member.text);
-    if (field->text() != text) field->setText(text);
-  }
   if (ShownRow(panel_) != laid_out_ || !laid_out_) LayOutOptions();
+  ShowOptions();
   EnableTableBoxes();
 }
 
-void ProcedureBox::StoreWidgets() {
-  for (const BoxMember& member : kBoxes) panel_.checks.*member.state = boxes_[member.control]->isChecked();
-  for (const FieldMember& member : kFields) {
-    panel_.*member.text = FromQt(static_cast<QLineEdit*>(fields_[member.control])->text());
+void ProcedureBox::ShowOptions() {
+  if (!laid_out_) return;
+  for (const ProcedureRow::Box& box : laid_out_->boxes) boxes_[box.control]->setChecked(box.option(panel_.options));
+  for (const ProcedureRow::Field& field : laid_out_->fields) {
+    const QString text = ToQt(field.option(panel_.options));
+    if (auto* line = qobject_cast<QLineEdit*>(fields_[field.control])) {
+      if (line->text() != text) line->setText(text);
+    } else {
+      static_cast<QComboBox*>(fields_[field.control])->setCurrentText(text);
+    }
   }
-  panel_.table_data = continuous_->isChecked() ? TableData::kContinuous : TableData::kCategorical;
+}
+
+// What a box or field shows is the panel's option, and a change of it is told at once.
+void ProcedureBox::TellBox(std::string_view control, bool on) {
+  if (!laid_out_) return;
+  for (const ProcedureRow::Box& box : laid_out_->boxes) {
+    if (box.control == control) box.option(panel_.options) = on;
+  }
+}
+
+void ProcedureBox::TellField(std::string_view control, const QString& text) {
+  if (!laid_out_) return;
+  for (const ProcedureRow::Field& field : laid_out_->fields) {
+    if (field.control == control) field.option(panel_.options) = FromQt(text);
+  }
 }
 
 void ProcedureBox::LayOutOptions() {
@@ -284,6 +268,7 @@ void ProcedureBox::LayOutFields(const ProcedureRow& row) {
     QWidget* control = fields_[field.control];
     captions_[field.control]->setText(ToQt(field.caption));
     control->setAccessibleName(ToQt(field.caption));
+    control->setToolTip(ToQt(field.tooltip));
     Place(captions_[field.control], 0, 1);
     Place(control, 1, 1);
   }

@@ -13,11 +13,11 @@
 
 class QButtonGroup;
 class QGridLayout;
-class QScrollArea;
 
 namespace tessara {
 
 class SamplingFrames;
+class Scrolled;
 
 // The frame "Statistical Procedure": the procedures in four titled groups and, under them, the boxes and fields of the
 // selected one. What it shows is read from the rows of the panel.
@@ -28,7 +28,6 @@ class ProcedureBox : public QGroupBox {
   explicit ProcedureBox(ProcedurePanel& panel, QWidget* parent = nullptr);
 
   void ShowPanel();
-  void StoreWidgets();
   void FocusFirst();
   // The width below which options would be cut off.
   int LeastWidth() const;
@@ -55,9 +54,13 @@ class ProcedureBox : public QGroupBox {
   void Place(QWidget* widget, int column, int span);
   void EnableTableBoxes();
 
+  void ShowOptions();
+  void TellBox(std::string_view control, bool on);
+  void TellField(std::string_view control, const QString& text);
+
   ProcedurePanel& panel_;
-  QScrollArea* scroll_;
   QWidget* content_;
+  Scrolled* scroll_ = nullptr;
   QButtonGroup* procedures_;
   QButtonGroup* regressions_;
   QButtonGroup* table_kinds_;

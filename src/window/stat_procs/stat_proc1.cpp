@@ -12,7 +12,10 @@
 #include "window/stat_procs/procedure_box.h"
 #include "window/stat_procs/stat_proc1_pages.h"
 #include "window/widgets/elided_label.h"
+#include "window/widgets/flow_layout.h"
 #include "window/widgets/focus_outline.h"
+#include "window/widgets/follow_font.h"
+#include "window/widgets/scrolled.h"
 #include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
 
@@ -69,30 +72,37 @@ StatProc1::StatProc1(Session& session, QWidget* parent) : ViewForm(session, View
   connect(procedures_, &ProcedureBox::Changed, this, &StatProc1::PanelChanged);
   connect(example_, &ExamplePane::FoldPressed, this, [this] { PressFace(Face::kExample); });
   StatProc1::ShowSession();
-  ApplyFaces();
+  FollowFont(this, [this] {
+    FitViewbar();
+    ApplyFaces();
+  });
 }
 
 QWidget* StatProc1::BuildViewbar() {
-  auto* bar = new QWidget(this);
-  bar->setObjectName("Viewbar1");
-  auto* layout = new QHBoxLayout(bar);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  viewbar_ = new QWidget(this);
+  viewbar_->setObjectName("Viewbar1");
+  auto* layout = new FlowLayout(viewbar_, 0);
   for (const FaceButton& row : kFaceButtons) {
-    auto* button = new SegmentButton(bar);
+    auto* button = new SegmentButton(viewbar_);
     button->setObjectName(QString("Viewbar1(%1)").arg(static_cast<int>(row.face)));
     button->setText(row.caption);
     button->setToolTip(row.tooltip);
     button->setAccessibleName(row.tooltip);
     button->setIcon(QIcon::fromTheme(row.icon));
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, this, [this, face = row.face] { PressFace(face); });
     face_buttons_[static_cast<std::size_t>(row.face)] = button;
     layout->addWidget(button);
   }
-  layout->addStretch(1);
-  return bar;
+  return viewbar_;
+}
+
+// In a narrow window the buttons leave their icons out, so that they stay in one row as long as they can.
+void StatProc1::FitViewbar() {
+  for (const auto style : {Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextOnly}) {
+    for (QToolButton* button : face_buttons_) button->setToolButtonStyle(style);
+    if (viewbar_->sizeHint().width() <= viewbar_->width()) return;
+  }
 }
 
 void StatProc1::BuildFaces() {
@@ -104,7 +114,7 @@ void StatProc1::BuildFaces() {
   notes_ = new NotesPage(session(), left_);
   for (QWidget* page :
        {static_cast<QWidget*>(control_panel_), static_cast<QWidget*>(statistics_), static_cast<QWidget*>(notes_)}) {
-    left_->addWidget(page);
+    left_->addWidget(new Scrolled(page, left_));
   }
   procedures_ = new ProcedureBox(session().panel, columns_);
   example_ = new ExamplePane(rows_);
@@ -132,7 +142,10 @@ QWidget* StatProc1::BuildFooter() {
   QFont bold = run_->font();
   bold.setBold(true);
   run_->setFont(bold);
-  run_->setMinimumWidth(run_->sizeHint().width() * 3 / 2);
+  FollowFont(run_, [this] {
+    run_->setMinimumWidth(0);
+    run_->setMinimumWidth(run_->sizeHint().width() * 3 / 2);
+  });
   QPalette accent = run_->palette();
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
     accent.setColor(group, QPalette::Button, palette().color(QPalette::Active, QPalette::Highlight));
@@ -153,10 +166,7 @@ void StatProc1::Run() {
   emit CommandRequested(kRunCommand);
 }
 
-void StatProc1::StoreWidgets() {
-  control_panel_->StoreWidgets();
-  procedures_->StoreWidgets();
-}
+void StatProc1::StoreWidgets() { control_panel_->StoreWidgets(); }
 
 void StatProc1::ShowSession() {
   control_panel_->ShowSession();
@@ -164,8 +174,8 @@ void StatProc1::ShowSession() {
   example_->ShowPanel(session().panel);
   notes_->ShowData();
   const DataSet& shown = session().data;
-  if (statistics_of_ != shown.Revision) statistics_->ShowData(shown);
-  statistics_of_ = shown.Revision;
+  if (statistics_of_ != shown.Revision()) statistics_->ShowData(shown);
+  statistics_of_ = shown.Revision();
   ShowSummary();
 }
 
@@ -176,9 +186,7 @@ void StatProc1::ProcedureSelected() {
   emit SessionChanged();
 }
 
-// A box that was clicked goes to the panel's state first: the frame shows every view anew from the state.
 void StatProc1::PanelChanged() {
-  procedures_->StoreWidgets();
   ShowSummary();
   emit SessionChanged();
 }
@@ -198,10 +206,8 @@ void StatProc1::ShowSummary() {
     text = ToQt(FindProcedureRow(panel.selected)->caption) + ": choose a variable for " + ToQt(row->first_heading);
   } else {
     text = ToQt(FindProcedureRow(panel.selected)->caption) + ": " + Names(shown, panel.SelectedVariables);
-    // Frequencies crosstabulate by the independent variables of another procedure too, with no list for them.
-    const bool compares = !row->second_heading.empty() || panel.selected == Procedure::kFrequencies;
-    if (compares && !panel.IndependentVariables.empty()) {
-      text += " by " + Names(shown, panel.IndependentVariables);
+    if (!panel.IndependentVariables.empty()) {
+      text += (RunUsesIndependents(panel) ? " by " : ", without ") + Names(shown, panel.IndependentVariables);
     }
   }
   if (!control.isEmpty()) text += QString::fromUtf8("  \u00B7  Control: ") + control;
@@ -245,9 +251,12 @@ void StatProc1::FocusFace(Face face) {
 
 bool StatProc1::IsFaceShown(Face face) const { return shown_[static_cast<std::size_t>(face)]; }
 
+int StatProc1::LeastLeftWidth() const {
+  return control_panel_->minimumSizeHint().width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
 bool StatProc1::HasRoomBeside() const {
-  return columns_->parentWidget()->width() >=
-         control_panel_->minimumSizeHint().width() + columns_->handleWidth() + procedures_->LeastWidth();
+  return columns_->parentWidget()->width() >= LeastLeftWidth() + columns_->handleWidth() + procedures_->LeastWidth();
 }
 
 bool StatProc1::HasRoomBelow() const {
@@ -263,6 +272,7 @@ void StatProc1::ApplyFaces() {
   const bool example = example_alone || (below && example_open_);
 
   procedures_->setMinimumWidth(beside ? procedures_->LeastWidth() : 0);
+  left_->setMinimumWidth(beside ? LeastLeftWidth() : 0);
   left_->setCurrentIndex(static_cast<int>(left_face_));
   left_->setVisible(left);
   procedures_->setVisible(procedures);
@@ -283,6 +293,13 @@ void StatProc1::FocusFirst() {
   }
 }
 
+// A run that the control's value has stopped leaves the keyboard with that value.
+void StatProc1::FocusInput() {
+  if (!ControlValueIsRefused(session().panel, session().data)) return;
+  if (!IsFaceShown(Face::kControlPanel)) ShowFace(Face::kControlPanel);
+  control_panel_->FocusValue();
+}
+
 // Of the edit commands, select all and copy act on the text that has the focus.
 void StatProc1::Perform(WidgetAction action) {
   QWidget* focus = focusWidget();
@@ -297,15 +314,14 @@ void StatProc1::Perform(WidgetAction action) {
   }
 }
 
-QSize StatProc1::minimumSizeHint() const {
-  return {control_panel_->minimumSizeHint().width(), fontMetrics().height() * 16};
-}
+QSize StatProc1::minimumSizeHint() const { return {0, 0}; }
 
 QSize StatProc1::sizeHint() const { return {fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 42}; }
 
 void StatProc1::resizeEvent(QResizeEvent* event) {
   ViewForm::resizeEvent(event);
   layout()->activate();
+  FitViewbar();
   ApplyFaces();
 }
 

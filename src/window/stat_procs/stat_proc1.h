@@ -24,8 +24,8 @@ class StatisticsPage;
 enum class Face { kControlPanel, kGridStatistics, kProjectNotes, kStatProcedures, kExample };
 
 // The procedure panel. The faces that the window has room for stand beside each other: the lists, statistics or notes
-// on the left, the procedures on the right, the example below. In a small window they share one place. The buttons of
-// Viewbar1 show which ones are to be seen.
+// on the left, the procedures on the right, the example below. In a small window they share one place, and scroll where
+// even that is too small. The buttons of Viewbar1 show which ones are to be seen.
 class StatProc1 : public ViewForm {
   Q_OBJECT
 
@@ -35,6 +35,7 @@ class StatProc1 : public ViewForm {
   void ShowSession() override;
   void StoreWidgets() override;
   void FocusFirst() override;
+  void FocusInput() override;
   void Perform(WidgetAction action) override;
 
   void ShowFace(Face face);
@@ -52,6 +53,7 @@ class StatProc1 : public ViewForm {
   static constexpr std::size_t kFaces = 5;
 
   QWidget* BuildViewbar();
+  void FitViewbar();
   void BuildFaces();
   QWidget* BuildFooter();
   void PressFace(Face face);
@@ -59,12 +61,14 @@ class StatProc1 : public ViewForm {
   // Lays the faces out for the present size.
   void ApplyFaces();
   bool HasRoomBeside() const;
+  int LeastLeftWidth() const;
   bool HasRoomBelow() const;
   void ShowSummary();
   void ProcedureSelected();
   void PanelChanged();
   void Run();
 
+  QWidget* viewbar_ = nullptr;
   std::array<QToolButton*, kFaces> face_buttons_{};
   QSplitter* rows_ = nullptr;
   QSplitter* columns_ = nullptr;

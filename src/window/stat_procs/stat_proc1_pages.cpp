@@ -8,7 +8,9 @@
 #include "data/data_statistics.h"
 #include "procedures/examples/examples.h"
 #include "window/system/page_painter.h"
+#include "window/widgets/elided_label.h"
 #include "window/widgets/focus_outline.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -35,7 +37,7 @@ StatisticsPage::StatisticsPage(QWidget* parent)
   usage_->setRange(0, 100);
   usage_->setTextVisible(false);
   usage_->setAccessibleName("Data cell usage");
-  usage_->setMaximumHeight(fontMetrics().height());
+  FollowFont(usage_, [this] { usage_->setMaximumHeight(usage_->fontMetrics().height()); });
   auto* page = new QVBoxLayout(this);
   page->addLayout(layout);
   page->addWidget(usage_);
@@ -45,10 +47,8 @@ StatisticsPage::StatisticsPage(QWidget* parent)
 void StatisticsPage::ShowData(const DataSet& data_set) {
   const DataStatistics statistics = RefreshDataStatistics(data_set);
   for (std::size_t i = 0; i < captions_.size(); ++i) {
-    const QString label = ToQt(statistics.labels[i]);
-    const qsizetype value = label.indexOf(": ") + 2;
-    captions_[i]->setText(label.left(value));
-    values_[i]->setText(label.mid(value));
+    captions_[i]->setText(ToQt(statistics.lines[i].caption));
+    values_[i]->setText(ToQt(statistics.lines[i].value));
   }
   usage_->setValue(qRound(statistics.usage_bar));
 }
@@ -81,7 +81,10 @@ void NotesPage::ShowData() {
 }
 
 ExamplePane::ExamplePane(QWidget* parent)
-    : QWidget(parent), fold_(new QToolButton(this)), heading_(new QLabel(this)), example_(new QPlainTextEdit(this)) {
+    : QWidget(parent),
+      fold_(new QToolButton(this)),
+      heading_(new ElidedLabel(this)),
+      example_(new QPlainTextEdit(this)) {
   fold_->setObjectName("FoldExample");
   fold_->setAutoRaise(true);
   fold_->setArrowType(Qt::DownArrow);
@@ -103,7 +106,10 @@ ExamplePane::ExamplePane(QWidget* parent)
   example_->setAcceptDrops(false);
   example_->setFont(FixedPitchFont());
   example_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  example_->document()->setDocumentMargin(fontMetrics().height());
+  FollowFont(this, [this] {
+    example_->document()->setDocumentMargin(fontMetrics().height());
+    SetOpen(example_->isVisibleTo(this));
+  });
   example_->setPlaceholderText("Select a procedure to see an example of its report and how to read it.");
 
   auto* header = new QHBoxLayout;

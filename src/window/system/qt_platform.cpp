@@ -18,17 +18,20 @@
 #include <QSoundEffect>
 #include <QStandardPaths>
 #include <QTextDocument>
+#include <QTimer>
 #include <QUrl>
 
 #include "platform/files.h"
 #include "window/system/page_painter.h"
+#include "window/system/plain_text_rule.h"
 #include "window/system/progress_form.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
 namespace {
 
-constexpr int kNotePane = 1;
+constexpr std::size_t kNotePane = 1;
+constexpr const char* kReady = "Ready";
 
 // The pointer of a dialog is an arrow, also when the operation that asks runs under the wait cursor.
 class PlainCursor {
@@ -111,15 +114,18 @@ PlatformFolders SystemFolders() {
   return {FindProgramFolder(), exists ? PathFromQt(documents) : UserDocumentsFolder()};
 }
 
-QtPlatform::QtPlatform(PlatformFolders folders) : folders_(std::move(folders)) {}
+QtPlatform::QtPlatform(PlatformFolders folders)
+    : folders_(std::move(folders)), note_end_(std::make_unique<QObject>()) {}
 QtPlatform::~QtPlatform() = default;
 
 void QtPlatform::AttachFrame(QWidget* frame, const std::array<QLabel*, 3>& panes, std::function<void()> before_dialog) {
   frame_ = frame;
+  plain_text_ = std::make_unique<PlainTextRule>();
   before_dialog_ = std::move(before_dialog);
   for (std::size_t i = 0; i < panes.size(); ++i) {
     panes_[i] = panes[i];
-    if (panes_[i] && !pane_texts_[i].empty()) panes_[i]->setText(ToQt(pane_texts_[i]));
+    if (panes_[i]) panes_[i]->setTextFormat(Qt::PlainText);
+    if (!pane_texts_[i].empty() || i + 1 == kNotePane) ShowPane(i);
   }
 }
 
@@ -250,7 +256,15 @@ void QtPlatform::SetStatusPane(int pane, const std::string& text) {
   if (pane < 1 || pane > 3) return;
   const auto index = static_cast<std::size_t>(pane - 1);
   pane_texts_[index] = text;
-  if (panes_[index]) panes_[index]->setText(ToQt(text));
+  ShowPane(index);
+}
+
+void QtPlatform::ShowPane(std::size_t index) {
+  if (!panes_[index]) return;
+  std::string shown = pane_texts_[index];
+  if (index + 1 == kNotePane && !notes_.empty())
+    shown = shown.empty() || shown == kReady ? notes_ : shown + "; " + notes_;
+  panes_[index]->setText(ToQt(shown));
 }
 
 void QtPlatform::ShowProgress(double minimum, double maximum, const std::string& caption) {
@@ -258,7 +272,12 @@ void QtPlatform::ShowProgress(double minimum, double maximum, const std::string&
   progress_->Open(minimum, maximum, ToQt(caption));
 }
 
-void QtPlatform::ShowNote(const std::string& text) { SetStatusPane(kNotePane, text); }
+// An operation's notes stand beside what it says in the pane, whichever comes first, and leave it with that.
+void QtPlatform::ShowNote(const std::string& text) {
+  if (notes_.empty()) QTimer::singleShot(0, note_end_.get(), [this] { notes_.clear(); });
+  notes_ += (notes_.empty() ? "" : "; ") + text;
+  ShowPane(kNotePane - 1);
+}
 
 bool QtPlatform::UpdateProgress(double value) { return !progress_ || progress_->Step(value); }
 void QtPlatform::HideProgress() { progress_.reset(); }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "platform/memory.h"
 #include "platform/platform.h"
 
 class QLabel;
@@ -20,6 +21,7 @@ class QWidget;
 
 namespace tessara {
 
+class PlainTextRule;
 class ProgressForm;
 
 struct PlatformFolders {
@@ -43,6 +45,12 @@ class QtPlatform : public Platform {
   // Where PDF documents of this machine are shown; it yields false for one that cannot be. Without it, and for all
   // else, the desktop is asked.
   void ShowDocumentsIn(std::function<bool(const QString& file)> viewer) { viewer_ = std::move(viewer); }
+
+  // Runs an operation. False when the memory did not suffice, and then the user has been told.
+  template <typename Operation>
+  bool WithinMemory(Operation operation) {
+    return tessara::WithinMemory(*this, memory_reserve_, operation);
+  }
 
   // Prints a page of the help. False when the printer refuses.
   virtual bool PrintDocument(const QTextDocument& document);
@@ -88,16 +96,21 @@ class QtPlatform : public Platform {
 
  private:
   QWidget* DialogParent() const;
+  void ShowPane(std::size_t index);
   // A printer for a new job: the system's own until a dialog has chosen another one for it.
   QPrinter& NewPrinter();
   std::optional<ChosenFile> AskFile(const FileDialog& dialog, bool to_save);
 
   PlatformFolders folders_;
+  MemoryReserve memory_reserve_;
   QPointer<QWidget> frame_;
   std::array<QPointer<QLabel>, 3> panes_;
   std::array<std::string, 3> pane_texts_;
+  std::string notes_;                  // of the operation at work
+  std::unique_ptr<QObject> note_end_;  // whose timers go with it
   std::function<void()> before_dialog_;
   std::function<bool(const QString&)> viewer_;
+  std::unique_ptr<PlainTextRule> plain_text_;
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<ProgressForm> progress_;
   std::unique_ptr<QSoundEffect> sound_;

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
 
 namespace tessara {
 

@@ -1,5 +1,6 @@
 #include "window/widgets/theme.h"
 
+#include <QApplication>
 #include <QPainter>
 
 #include "window/widgets/text.h"
@@ -8,6 +9,7 @@ namespace tessara {
 namespace {
 
 constexpr int kDarkBelow = 128;
+constexpr float kHint = 0.65F;  // of the text's colour
 
 }  // namespace
 
@@ -26,6 +28,20 @@ void UseIconsOfPalette(const QPalette& palette) {
 }
 
 QIcon ThemeIcon(const char* name) { return QIcon::fromTheme(QLatin1String(name)); }
+
+QColor HintColour(const QPalette& palette) {
+  QColor colour = palette.color(QPalette::Active, QPalette::Text);
+  colour.setAlphaF(kHint);
+  return colour;
+}
+
+void UseHintsOfPalette() {
+  QPalette palette = QApplication::palette();
+  const QColor hint = HintColour(palette);
+  if (palette.color(QPalette::Active, QPalette::PlaceholderText) == hint) return;
+  palette.setColor(QPalette::PlaceholderText, hint);
+  QApplication::setPalette(palette);
+}
 
 void PaintLogo(QPainter& painter, const QRectF& place, const QPalette& palette) {
   constexpr int kTiles = 3;

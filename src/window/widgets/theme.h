@@ -17,6 +17,11 @@ void AddIconFolder(const Path& program_folder);
 void UseIconsOfPalette(const QPalette& palette);
 QIcon ThemeIcon(const char* name);
 
+// The colour of hints: that of text, faint but legible on any ground.
+QColor HintColour(const QPalette& palette);
+// Gives the program's fields and labels that colour for their hints; called again when the palette changes.
+void UseHintsOfPalette();
+
 // The mark of the product: tiles laid into rising bars, in the palette's accent colour.
 void PaintLogo(QPainter& painter, const QRectF& place, const QPalette& palette);
 QIcon LogoIcon(const QPalette& palette);

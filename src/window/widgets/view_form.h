@@ -4,11 +4,15 @@
 
 #include "shell/command_table.h"
 #include "shell/session.h"
+#include "window/widgets/zoom.h"
 
 // A view of the tabbed workspace. It only copies widgets into the session and shows the session again; what a user does
 // with it are operations of the core.
 
 namespace tessara {
+
+// Gives a widget, and all in it that have no type of their own, the type of the program at that size.
+void ZoomType(QWidget* widget, int percent);
 
 class ViewForm : public QWidget {
   Q_OBJECT
@@ -30,12 +34,18 @@ class ViewForm : public QWidget {
   virtual WidgetState State() const { return {}; }
   // The part of a command that only a widget can do: select all, copy, paste, cut.
   virtual void Perform(WidgetAction action) { Q_UNUSED(action); }
+  // The size of the view's type, in percent of the usual one.
+  virtual void SetZoom(int percent);
 
  signals:
   // The user has asked for a command of the command table, by its id.
   void CommandRequested(int id);
   // The session has changed: the frame refreshes command state, panes and titles.
   void SessionChanged();
+  // The help on what the view is about just now is wanted.
+  void HelpAsked();
+  // Larger or smaller type in all views, by steps; none for the usual size.
+  void ZoomAsked(int steps);
 
  protected:
   Session& session() const { return session_; }

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "shell/command_row.h"
+
+// The operations that the rows of commands name, as far as they stand nowhere else.
+
+namespace tessara {
+
+// New.
+void ResetProcedurePanel(Session& session);
+void ClearCalculator(Session& session);
+void ClearOutputAfterWarning(Session& session);
+
+// The text of the Output view.
+void OpenText(Session& session);
+void SaveText(Session& session);
+void PrintText(Session& session, const WidgetState& widgets);
+void ConvertText(Session& session);
+void ToggleText(Session& session);
+
+void RunProcedure(Session& session);
+void RunCalculator(Session& session);
+void PrintCalculation(Session& session);
+void CopyCalculation(Session& session);
+void TellWhereChartsPrint(Session& session);
+
+void RepairPracticeFiles(Session& session);
+WidgetAction RefreshDocumentation(Session& session);
+void OpenDocumentation(Session& session, Document document);
+template <Document document>
+void OpenDocumentation(Session& session) {
+  OpenDocumentation(session, document);
+}
+
+WidgetAction OpenHelp(Session& session);
+WidgetAction ToggleHelpPane(Session& session);
+
+}  // namespace tessara

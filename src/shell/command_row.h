@@ -1,0 +1,99 @@
+#pragma once
+
+#include <string_view>
+#include <variant>
+
+#include "shell/session.h"
+
+// A command is one row: what it is called everywhere, and how it stands and what it does in each view.
+
+namespace tessara {
+
+// The commands that front ends name themselves.
+inline constexpr int kNewCommand = 101;
+inline constexpr int kOpenCommand = 102;
+inline constexpr int kPrintCommand = 106;
+inline constexpr int kExitCommand = 107;
+inline constexpr int kConvertCommand = 211;
+inline constexpr int kCopyOutputCommand = 212;
+inline constexpr int kRunCommand = 308;
+inline constexpr int kToggleOutputCommand = 350;
+inline constexpr int kToggleHelpCommand = 602;
+inline constexpr int kAboutCommand = 608;
+
+// What the rules need to know of the front end's widgets.
+struct WidgetState {
+  bool output_has_selection = false;
+  bool clipboard_has_text = false;
+  bool can_undo = false;  // in the text of the Output view
+  bool can_redo = false;
+};
+
+// What is left to the front end, because only it has the widget.
+enum class WidgetAction {
+  kNone,
+  kCloseFrame,
+  kSelectAll,
+  kCopy,
+  kPaste,
+  kCut,
+  kUndo,
+  kRedo,
+  kPrintPage,
+  kDefaultSize,
+  kRefreshHelpLists,
+  kToggleHelpPane,
+  kShowAbout,
+  kOpenHelp,
+};
+
+// The views that one part of a row speaks of.
+class ViewSet {
+ public:
+  constexpr ViewSet() = default;
+  template <typename... Views>
+  constexpr ViewSet(View first, Views... others) : bits_((Bit(first) | ... | Bit(others))) {}
+
+  constexpr bool contains(View view) const { return (bits_ & Bit(view)) != 0; }
+
+ private:
+  static constexpr unsigned Bit(View view) { return 1u << static_cast<unsigned>(view); }
+
+  unsigned bits_ = 0;
+};
+
+// No rule at all means always.
+using Rule = bool (*)(const Session& session, const WidgetState& widgets);
+
+// What a command does: an operation of the core, something of a widget's, or an operation that yields the latter.
+// Nothing: it cannot be chosen.
+using Operation = std::variant<std::monostate, void (*)(Session&), void (*)(Session&, const WidgetState&), WidgetAction,
+                               WidgetAction (*)(Session&)>;
+
+// How a command stands and what it does in some of the views.
+struct CommandUse {
+  ViewSet views = {};
+  std::string_view caption = {};  // empty: that of the row
+  Rule shown = nullptr;           // of several uses in a view the first one counts that this rule lets show
+  Rule enabled = nullptr;
+  Operation run = {};
+  std::string_view reason = {};  // what the status bar says while the command is not enabled
+  bool in_bars = true;           // false: no menu or button shows the command here, keys alone lead to it
+};
+
+inline constexpr std::size_t kMostUses = 8;
+
+struct CommandRow {
+  int id = 0;
+  std::string_view caption = {};   // of the menu, "&" ahead of the access letter
+  std::string_view icon = {};      // name in the icon theme
+  std::string_view shortcut = {};  // "Ctrl+O"
+  std::string_view tooltip = {};
+  Rule checked = nullptr;  // a command with this rule carries a mark while it holds
+  CommandUse uses[kMostUses] = {};
+};
+
+// The row of a number; nullptr when no row has it.
+const CommandRow* FindCommand(int id);
+
+}  // namespace tessara

@@ -1,0 +1,225 @@
+#include <initializer_list>
+#include <span>
+
+#include "shell/command_operations.h"
+#include "shell/command_row.h"
+#include "shell/command_rules.h"
+#include "shell/file_questions.h"
+
+// All commands, by the menus that they stand in.
+
+namespace tessara {
+namespace {
+
+using enum View;
+
+constexpr ViewSet kEveryView = {ViewDataGrid, ViewStatProcs, ViewBrevarum, ViewOutput,
+                                ViewCharts,   ViewGlossary,  ViewHandbook, ViewTips};
+
+constexpr std::string_view kNoGlossary = "The glossary is not part of this version";
+constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
+constexpr std::string_view kNoDictionary = "The data dictionary is not part of this version";
+constexpr std::string_view kNoReportPages = "Report pages of the table are not part of this version";
+constexpr std::string_view kReadOnly = "The cells of the grid are read only";
+constexpr std::string_view kNoOutput = "There is no output yet";
+constexpr std::string_view kNoSelection = "No text is selected";
+constexpr std::string_view kNoText = "The clipboard holds no text";
+constexpr std::string_view kNoResult = "There is no result yet";
+constexpr std::string_view kNoDocument = "This document is not in the program folder";
+
+constexpr CommandRow kFileCommands[] = {
+    {.id = kNewCommand,
+     .caption = "&New",
+     .icon = "document-new",
+     .shortcut = "Ctrl+N",
+     .tooltip = "New",
+     .uses = {{.views = ViewDataGrid, .run = NewData},
+              {.views = ViewStatProcs, .run = ResetProcedurePanel},
+              {.views = ViewBrevarum, .run = ClearCalculator},
+              {.views = ViewOutput, .run = ClearOutputAfterWarning}}},
+    {.id = kOpenCommand,
+     .caption = "&Open Data File",
+     .icon = "document-open",
+     .shortcut = "Ctrl+O",
+     .tooltip = "Open an existing file",
+     .uses = {{.views = ViewDataGrid, .caption = "Open Data File", .run = AskAndOpenData},
+              {.views = ViewOutput, .caption = "Open Text File", .shown = InTextMode, .run = OpenText},
+              {.views = ViewGlossary, .caption = "Open Glossary File", .reason = kNoGlossary}}},
+    {.id = 103,
+     .caption = "&Save Data",
+     .icon = "document-save",
+     .shortcut = "Ctrl+S",
+     .tooltip = "Save the active file",
+     .uses = {{.views = ViewDataGrid, .caption = "Save Data", .run = SaveDataOrAsk},
+              {.views = ViewOutput, .caption = "Save Output", .shown = InTextMode, .run = SaveText},
+              {.views = ViewGlossary, .caption = "Save Note", .reason = kNoGlossary}}},
+    {.id = 110,
+     .caption = "&Save Glossary As",
+     .icon = "document-save-as",
+     .shortcut = "Ctrl+Shift+S",
+     .uses = {{.views = ViewDataGrid, .caption = "Save Data As...", .run = AskAndSaveData},
+              {.views = ViewGlossary, .caption = "Save Glossary As...", .reason = kNoGlossary}}},
+    {.id = kPrintCommand,
+     .caption = "&Print",
+     .icon = "document-print",
+     .shortcut = "Ctrl+P",
+     .tooltip = "Print the active document",
+     .uses = {{.views = ViewStatProcs, .reason = kNoDictionary},
+              {.views = ViewBrevarum, .enabled = HasCalculation, .run = PrintCalculation, .reason = kNoResult},
+              {.views = ViewOutput, .shown = InTextMode, .run = PrintText},
+              {.views = ViewOutput, .reason = kNoReportPages},
+              {.views = ViewCharts, .run = TellWhereChartsPrint},
+              {.views = ViewGlossary, .reason = kNoGlossary},
+              {.views = ViewHandbook, .reason = kNoHandbook},
+              {.views = ViewTips, .run = WidgetAction::kPrintPage}}},
+    {.id = kExitCommand,
+     .caption = "&Exit",
+     .icon = "application-exit",
+     .shortcut = "Ctrl+Q",
+     .uses = {{.views = kEveryView, .run = WidgetAction::kCloseFrame}}},
+};
+
+constexpr CommandRow kEditCommands[] = {
+    {.id = 214,
+     .caption = "&Undo",
+     .icon = "edit-undo",
+     .shortcut = "Ctrl+Z",
+     .uses = {{.views = ViewOutput,
+               .shown = InTextMode,
+               .enabled = CanUndoText,
+               .run = WidgetAction::kUndo,
+               .reason = "There is nothing to undo"}}},
+    {.id = 215,
+     .caption = "&Redo",
+     .icon = "edit-redo",
+     .shortcut = "Ctrl+Shift+Z",
+     .uses = {{.views = ViewOutput,
+               .shown = InTextMode,
+               .enabled = CanRedoText,
+               .run = WidgetAction::kRedo,
+               .reason = "There is nothing to redo"}}},
+    {.id = 204,
+     .caption = "Select &All",
+     .icon = "edit-select-all",
+     .shortcut = "Ctrl+A",
+     .uses = {{.views = ViewDataGrid, .run = WidgetAction::kSelectAll},
+              {.views = ViewOutput, .enabled = HasOutputText, .run = WidgetAction::kSelectAll, .reason = kNoOutput}}},
+    {.id = 205,
+     .caption = "&Copy",
+     .icon = "edit-copy",
+     .shortcut = "Ctrl+C",
+     .tooltip = "Copy Selection",
+     .uses = {{.views = ViewDataGrid, .run = WidgetAction::kCopy},
+              {.views = ViewBrevarum, .run = CopyCalculation, .in_bars = false},
+              {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCopy, .reason = kNoSelection},
+              {.views = ViewGlossary, .reason = kNoGlossary}}},
+    {.id = 206,
+     .caption = "&Paste",
+     .icon = "edit-paste",
+     .shortcut = "Ctrl+V",
+     .tooltip = "Paste",
+     .uses = {{.views = ViewDataGrid, .reason = kReadOnly},
+              {.views = ViewOutput, .enabled = ClipboardHasText, .run = WidgetAction::kPaste, .reason = kNoText},
+              {.views = ViewGlossary, .reason = kNoGlossary}}},
+    {.id = 213,
+     .caption = "&Cut",
+     .icon = "edit-cut",
+     .shortcut = "Ctrl+X",
+     .tooltip = "Paste",  // of the button that cuts: the pairing is intended
+     .uses = {{.views = ViewDataGrid, .reason = kReadOnly},
+              {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCut, .reason = kNoSelection},
+              {.views = ViewGlossary, .reason = kNoGlossary}}},
+    {.id = kCopyOutputCommand,
+     .caption = "Copy Output",
+     .icon = "edit-copy",
+     .tooltip = "Copy Output",
+     .uses = {{.views = ViewBrevarum, .enabled = HasCalculation, .run = CopyCalculation, .reason = kNoResult}}},
+    {.id = kConvertCommand,
+     .caption = "Convert Output to Tab Delimited",
+     .icon = "document-export-table",
+     .shortcut = "Ctrl+T",
+     .uses = {{.views = ViewOutput, .enabled = HasOutputToConvert, .run = ConvertText, .reason = kNoOutput}}},
+    {.id = kToggleOutputCommand,
+     .caption = "&Output Log",
+     .icon = "view-history",
+     .shortcut = "Ctrl+L",
+     .tooltip = "View Output Log",
+     .uses = {{.views = ViewOutput, .caption = "Most Recent Output", .shown = ShowsLog, .run = ToggleText},
+              {.views = ViewOutput, .caption = "Output Log", .shown = ShowsMostRecent, .run = ToggleText}}},
+};
+
+constexpr CommandRow kVariableCommands[] = {
+    {.id = kRunCommand,
+     .caption = "Run Procedure",
+     .icon = "media-playback-start",
+     .shortcut = "F5",
+     .tooltip = "Run Statistical Procedure",
+     .uses = {{.views = ViewStatProcs, .run = RunProcedure}, {.views = ViewBrevarum, .run = RunCalculator}}},
+};
+
+constexpr CommandRow kOptionsCommands[] = {
+    {.id = 401,
+     .caption = "Default &Size",
+     .icon = "view-restore",
+     .uses = {{.views = kEveryView, .run = WidgetAction::kDefaultSize}}},
+    {.id = 402,
+     .caption = "&Repair Sample Data Files",
+     .icon = "tools-wizard",
+     .uses = {{.views = kEveryView, .run = RepairPracticeFiles}}},
+};
+
+// A command that opens a document, the same in every view.
+template <Document document>
+constexpr CommandRow DocumentRow(int id, std::string_view caption) {
+  return {.id = id,
+          .caption = caption,
+          .icon = "application-pdf",
+          .uses = {{.views = kEveryView,
+                    .enabled = DocumentIsThere<document>,
+                    .run = static_cast<void (*)(Session&)>(OpenDocumentation<document>),
+                    .reason = kNoDocument}}};
+}
+
+constexpr CommandRow kDocumentationCommands[] = {
+    {.id = 502,
+     .caption = "Refresh Documentation List",
+     .icon = "view-refresh",
+     .uses = {{.views = kEveryView, .run = RefreshDocumentation}}},
+    DocumentRow<Document::kUserManual>(503, "User Manual"),
+    DocumentRow<Document::kHandbook>(504, "Methods Handbook"),
+    DocumentRow<Document::kWorkbook>(505, "Student Workbook"),
+    DocumentRow<Document::kDiscount>(506, "Student Discount"),
+    DocumentRow<Document::kBrochure>(507, "Brochure"),
+};
+
+constexpr CommandRow kHelpCommands[] = {
+    {.id = 601,
+     .caption = "&Help with Tessara",
+     .icon = "help-contents",
+     .uses = {{.views = kEveryView, .run = OpenHelp}}},
+    {.id = kToggleHelpCommand,
+     .caption = "Open Help &Window",
+     .icon = "help-contextual",
+     .shortcut = "F1",
+     .tooltip = "Show Help Window",
+     .checked = HelpPaneIsVisible,
+     .uses = {{.views = kEveryView, .run = ToggleHelpPane}}},
+    {.id = kAboutCommand,
+     .caption = "About Tessara",
+     .icon = "help-about",
+     .uses = {{.views = kEveryView, .run = WidgetAction::kShowAbout}}},
+};
+
+}  // namespace
+
+const CommandRow* FindCommand(int id) {
+  for (const std::span<const CommandRow> rows : std::initializer_list<std::span<const CommandRow>>{
+           kFileCommands, kEditCommands, kVariableCommands, kOptionsCommands, kDocumentationCommands, kHelpCommands}) {
+    for (const CommandRow& row : rows) {
+      if (row.id == id) return &row;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace tessara

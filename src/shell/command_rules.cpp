@@ -1,0 +1,34 @@
+#include "shell/command_rules.h"
+
+namespace tessara {
+
+bool InTextMode(const Session& session, const WidgetState&) { return !session.output.OutputGridMode; }
+
+bool ShowsLog(const Session& session, const WidgetState&) {
+  return !session.output.OutputGridMode && session.output.ShowLogMode;
+}
+
+bool ShowsMostRecent(const Session& session, const WidgetState&) {
+  return !session.output.OutputGridMode && !session.output.ShowLogMode;
+}
+
+bool HasOutputText(const Session& session, const WidgetState&) { return !session.output.BoxText().empty(); }
+
+bool HasOutputToConvert(const Session& session, const WidgetState& widgets) {
+  return session.output.OutputGridMode || HasOutputText(session, widgets);
+}
+
+bool HasOutputSelection(const Session& session, const WidgetState& widgets) {
+  return session.output.OutputGridMode || widgets.output_has_selection;
+}
+
+bool CanUndoText(const Session&, const WidgetState& widgets) { return widgets.can_undo; }
+bool CanRedoText(const Session&, const WidgetState& widgets) { return widgets.can_redo; }
+
+bool ClipboardHasText(const Session&, const WidgetState& widgets) { return widgets.clipboard_has_text; }
+
+bool HasCalculation(const Session& session, const WidgetState&) { return CanCopyResult(session.brevarum); }
+
+bool HelpPaneIsVisible(const Session& session, const WidgetState&) { return session.help_pane_visible; }
+
+}  // namespace tessara

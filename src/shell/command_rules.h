@@ -1,0 +1,27 @@
+#pragma once
+
+#include "shell/command_row.h"
+
+// The rules that the rows of commands name.
+
+namespace tessara {
+
+bool InTextMode(const Session& session, const WidgetState& widgets);
+bool ShowsLog(const Session& session, const WidgetState& widgets);
+bool ShowsMostRecent(const Session& session, const WidgetState& widgets);
+bool HasOutputText(const Session& session, const WidgetState& widgets);
+bool HasOutputToConvert(const Session& session, const WidgetState& widgets);
+// In the grid of the Output view there is a current cell at all times.
+bool HasOutputSelection(const Session& session, const WidgetState& widgets);
+bool CanUndoText(const Session& session, const WidgetState& widgets);
+bool CanRedoText(const Session& session, const WidgetState& widgets);
+bool ClipboardHasText(const Session& session, const WidgetState& widgets);
+bool HasCalculation(const Session& session, const WidgetState& widgets);
+bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);
+
+template <Document document>
+bool DocumentIsThere(const Session& session, const WidgetState&) {
+  return session.documentation_found[static_cast<std::size_t>(document)];
+}
+
+}  // namespace tessara
