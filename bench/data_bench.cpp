@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "bench_data.h"
+#include "data/change_door.h"
 #include "data/field_ends.h"
 #include "platform/files.h"
 
@@ -66,14 +67,14 @@ void FirstChangedCell(benchmark::State& state) {
     state.PauseTiming();
     BenchData bench;
     state.ResumeTiming();
-    bench.data.matrix.SetText(kFirstRecordRow, kNumberColumn, "1");
+    MatrixEditor(bench.data).SetText(kFirstRecordRow, kNumberColumn, "1");
   }
 }
 BENCHMARK(FirstChangedCell)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void AddedColumn(benchmark::State& state) {
   BenchData bench;
-  for (auto _ : state) benchmark::DoNotOptimize(bench.data.matrix.AddColumn());
+  for (auto _ : state) benchmark::DoNotOptimize(MatrixEditor(bench.data).AddColumn());
 }
 BENCHMARK(AddedColumn)->Iterations(1000);
 

@@ -72,6 +72,8 @@ class CommandLineReader {
     if (rest_.front() == "--") {
       options_ended_ = true;
       rest_.erase(rest_.begin());
+    } else if (rest_.front().size() > 1 && rest_.front().starts_with('-')) {
+      options_.error = "unknown option " + Quoted(rest_.front());  // neither a file nor a command, whatever it is
     }
   }
 

@@ -12,26 +12,19 @@
 
 namespace tessara {
 
-// What the command at hand implies. Answers to dialogs serve once.
-struct ImpliedAnswers {
-  std::optional<Path> print_path;
-  Answer question = Answer::kYes;
-};
-
 class BatchPlatform : public Platform {
  public:
   BatchPlatform(LogStream& stream, std::optional<std::uint64_t> seed) : stream_(stream), seed_(seed) {}
 
-  ImpliedAnswers answers;
-  bool refused = false;  // a box of refusal or warning has been shown
+  Answer answer = Answer::kYes;  // to a question, as the command at hand implies
+  bool refused = false;          // a box of refusal or warning has been shown
 
-  // Paths are words of the commands: no command asks for one.
+  // Paths are words of the commands: no command asks for one, nor for a printer.
   std::optional<ChosenFile> AskOpenFile(const FileDialog&) override { return std::nullopt; }
   std::optional<ChosenFile> AskSaveFile(const FileDialog&) override { return std::nullopt; }
-  std::optional<PrintChoice> AskPrint(const PrintDialog& dialog) override;
+  std::optional<PrintChoice> AskPrint(const PrintDialog&) override { return std::nullopt; }
   Answer ShowMessage(const MessageBox& box) override;
-  // Writes the sheets to the path of the command: PDF when it ends in .pdf, else text with form feeds between them.
-  bool Print(const PrintJob& job) override;
+  bool Print(const PrintJob&) override { return false; }
   bool Preview(const PrintJob&) override { return false; }
   bool WritePdf(const PrintJob& job, const Path& path) override;
 
@@ -58,8 +51,6 @@ class BatchPlatform : public Platform {
   std::string clipboard_;
 };
 
-// Whether the name ends in .pdf, in any case.
-bool IsPdfPath(const Path& path);
 // Whether this installation can write PDF.
 bool CanWritePdf();
 

@@ -1,6 +1,9 @@
 #include "batch/completion.h"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
+#include <vector>
 
 #include "batch/batch_options.h"
 #include "batch/commands/commands.h"
@@ -24,12 +27,15 @@ std::string CommandNames(std::string_view between) {
   return list;
 }
 
-// A line of the choice by command for each command that has options.
+// A line of the choice by command for each command that has options which the program has not.
 std::string OptionsByCommand() {
   std::string lines;
   for (const CommandRow* row : Commands()) {
-    if (row->options.empty()) continue;
-    lines += "    " + std::string(row->name) + ") options+=' " + Listed(row->options) + "' ;;\n";
+    std::vector<OptionRow> own;
+    std::ranges::copy_if(row->options, std::back_inserter(own), [](const OptionRow& option) {
+      return std::ranges::find(ProgramOptions(), option.names, &OptionRow::names) == ProgramOptions().end();
+    });
+    if (!own.empty()) lines += "    " + std::string(row->name) + ") options+=' " + Listed(own) + "' ;;\n";
   }
   return lines;
 }

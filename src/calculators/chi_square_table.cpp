@@ -10,6 +10,7 @@
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
 #include "numerics/sums.h"
+#include "presentation/risk_measures.h"
 
 namespace tessara {
 namespace {
@@ -103,6 +104,7 @@ std::string AssociationPart(const TableStatistics& t) {
 
 std::string AgreementPart(const TableStatistics& t) {
   const std::string error = t.kappa_is_perfect ? "  NA" : Text(t.kappa_error, ".000");
+  const std::string significance = t.kappa_is_perfect ? "  NA" : Text(t.kappa_significance, ".0000");
   const std::string ahead_of_kappa = Blanks(t.kappa < 0 ? 4 : 5);  // the sign hangs out to the left
   std::string part = "\r\n\r\n";
   part += "Agreement Statistics\r\n";
@@ -110,7 +112,7 @@ std::string AgreementPart(const TableStatistics& t) {
   part += "Proportion Agree            " + Text(t.proportion_agree, ".000") + "\r\n";
   part += "Kappa Statistic        " + ahead_of_kappa + Text(t.kappa, ".000") + "\r\n";
   part += "Kappa Standard Error        " + error + "\r\n";
-  part += "Kappa Significance (p<)     " + t.kappa_significance + "\r\n";
+  part += "Kappa Significance (p<)     " + significance + "\r\n";
   return part;
 }
 

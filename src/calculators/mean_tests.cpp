@@ -10,54 +10,38 @@
 namespace tessara {
 namespace {
 
-void TestEqualVariances(TwoMeansTest& test) {
-  const Number& n1 = test.n1;
-  const Number& n2 = test.n2;
-  test.df = n1 + n2 - 2;
-  const Number error = Sqrt(((n1 - 1) * Square(test.deviation1) + (n2 - 1) * Square(test.deviation2)) / test.df) *
-                       Sqrt((n1 + n2) / (n1 * n2));
-  test.t = (test.mean1 - test.mean2) / error;
-  const Checked p = TDistP(test.df, test.t);
-  Keep(test.p_text, Masked(p, "0.000"));
-  test.p = p;
+SampleSpread SpreadOf(const Number& n, const Number& deviation) {
+  return {.n = n, .squares = (n - 1) * Square(deviation), .mean_variance = Square(deviation) / n};
 }
 
-void TestUnequalVariances(TwoMeansTest& test) {
-  const Number a = Square(test.deviation1) / test.n1;
-  const Number b = Square(test.deviation2) / test.n2;
-  test.unequal_df = RoundedBy(Square(a + b) / (Square(a) / (test.n1 + 1) + Square(b) / (test.n2 + 1)) - 2, ".00");
-  test.unequal_t = (test.mean1 - test.mean2) / Sqrt(a + b);
+void TestEqualVariances(const SampleSpread& one, const SampleSpread& two, TwoMeansTest& test) {
+  test.df = PooledDf(one, two);
+  const Number error = PooledError(one, two);
+  test.t = (test.mean1 - test.mean2) / error;
+  test.p = Computed(TDistP(test.df, test.t));
+}
+
+void TestUnequalVariances(const SampleSpread& one, const SampleSpread& two, TwoMeansTest& test) {
+  test.unequal_df = RoundedBy(WelchDf(one, two), ".00");
+  test.unequal_t = (test.mean1 - test.mean2) / WelchError(one, two);
   if (test.unequal_df < 5) {
     test.unequal_err = true;
-    test.unequal_text = "Err";
     return;
   }
-  const Checked p = TDistP(Floor(test.unequal_df), test.unequal_t);
-  Keep(test.unequal_text, Masked(p, "0.000"));
-  test.unequal_p = p;
+  test.unequal_p = Computed(TDistP(Floor(test.unequal_df), test.unequal_t));
 }
 
-// The larger variance stands above; a quotient that fails leaves F at 0, with the degrees that belong to it.
 void TestHomogeneity(TwoMeansTest& test) {
-  const Checked square1 = Square(test.deviation1);
-  const Checked square2 = Square(test.deviation2);
-  if (square1 <= square2) {
-    test.f = square2 / square1;
-    test.d1 = test.n2 - 1;
-    test.d2 = test.n1 - 1;
-  } else {
-    test.f = square1 / square2;
-    test.d1 = test.n1 - 1;
-    test.d2 = test.n2 - 1;
-  }
-  test.f_p = FDistP(test.d1, test.d2, test.f);
+  test.ratio = CompareVariances(test.n1, Square(test.deviation1), test.n2, Square(test.deviation2));
+  test.f_p = FDistP(test.ratio.numerator_df, test.ratio.denominator_df, test.ratio.f);
 }
 
 // A p of 0 is shown as 0.0001, and so is one that could not be computed.
-Number ShownP(const Number& p) { return p.value() == 0 ? Number(0.0001) : p; }
+double ShownP(const std::optional<double>& p) { return p.value_or(0) == 0 ? 0.0001 : *p; }
 
 std::string DegreesText(const TwoMeansTest& test) {
-  return "DF= (" + GeneralText(test.d1.value()) + ", " + GeneralText(test.d2.value()) + ")";
+  return "DF= (" + GeneralText(test.ratio.numerator_df.value()) + ", " +
+         GeneralText(test.ratio.denominator_df.value()) + ")";
 }
 
 std::string UnequalDf(const TwoMeansTest& test) {
@@ -76,7 +60,7 @@ std::string OneMeanLines(const OneMeanTest& test) {
   lines += "Std Deviation   " + FormatCol(test.deviation, 18, 4) + "\r\n";
   lines += "Sample Size (n) " + FormatCol(test.n, 13, 0) + "\r\n";
   lines += "Test statistic  " + FormatCol(test.t, 18, 4) + "\r\n";
-  lines += "            p < " + FormatCol(test.p, 18, 4);
+  lines += "            p < " + FormatCol(test.p.value_or(0), 18, 4);
   return lines;
 }
 
@@ -130,8 +114,10 @@ std::optional<TwoMeansTest> ComputeTwoMeans(const TwoMeansBoxes& boxes) {
   test.deviation2 = TypedNumber(boxes.deviation2);
   test.label1 = SampleLabel(boxes.label1);
   test.label2 = SampleLabel(boxes.label2);
-  TestEqualVariances(test);
-  TestUnequalVariances(test);
+  const SampleSpread one = SpreadOf(test.n1, test.deviation1);
+  const SampleSpread two = SpreadOf(test.n2, test.deviation2);
+  TestEqualVariances(one, two, test);
+  TestUnequalVariances(one, two, test);
   TestHomogeneity(test);
   return test;
 }
@@ -143,7 +129,7 @@ std::string TwoMeansReport(const TwoMeansTest& test) {
   report += "Std Deviation   " + FormatCol(test.deviation1, 15, 4) + FormatCol(test.deviation2, 15, 4) + "\r\n";
   report += "Sample Size (n) " + FormatCol(test.n1, 10, 0) + "     " + FormatCol(test.n2, 10, 0) + "\r\n\r\n\r\n";
   report += "              Homogeneity of Variance\r\n";
-  report += "     F= " + MaskedNumber(test.f.value(), "0.00") + "     " + DegreesText(test) + "     p < " +
+  report += "     F= " + MaskedNumber(test.ratio.f.value(), "0.00") + "     " + DegreesText(test) + "     p < " +
             MaskedNumber(test.f_p.value(), "0.0000") + "\r\n\r\n\r\n";
   report += "                     T-statistic        DF      p < (2-tailed)\r\n";
   report += DashedRule(63) + "\r\n";
@@ -157,7 +143,7 @@ std::string TwoMeansReport(const TwoMeansTest& test) {
 std::string TwoMeansShortReport(const TwoMeansTest& test) {
   std::string report = "Two-Sample Difference of Means (2-tailed)\r\n\r\n";
   report += "            Homogeneity of Variance\r\n";
-  report += "    F= " + MaskedNumber(test.f.value(), "0.00") + "    " + DegreesText(test) + "     p < " +
+  report += "    F= " + MaskedNumber(test.ratio.f.value(), "0.00") + "    " + DegreesText(test) + "     p < " +
             MaskedNumber(test.f_p.value(), "0.0000") + "\r\n\r\n";
   report += "             T-statistic      DF          p < \r\n";
   report += "Equal   " + FormatCol(test.t, 15, 4) + " " + FormatCol(test.df, 8, 0) + FormatCol(ShownP(test.p), 16, 4) +
@@ -167,7 +153,8 @@ std::string TwoMeansShortReport(const TwoMeansTest& test) {
 }
 
 std::string TwoMeansNarrative(const TwoMeansTest& test) {
-  return DifferenceNarrative("Two-Sample T-Test", test.f_p >= 0.05 ? test.p_text : test.unequal_text,
+  const std::string unequal_p = test.unequal_err ? "Err" : MaskedOrEmpty(test.unequal_p, "0.000");
+  return DifferenceNarrative("Two-Sample T-Test", test.f_p >= 0.05 ? MaskedOrEmpty(test.p, "0.000") : unequal_p,
                              " between the two independent sample means.");
 }
 
@@ -182,9 +169,7 @@ std::optional<OneMeanTest> ComputeOneMean(const OneMeanBoxes& boxes) {
   const Number error = test.deviation / Sqrt(test.n);
   test.t = (test.mean - test.population_mean) / error;
   if (df <= 0) return std::nullopt;
-  const Checked p = TDistP(df, test.t);
-  Keep(test.p_text, Masked(p, "0.000"));
-  test.p = p;
+  test.p = Computed(TDistP(df, test.t));
   return test;
 }
 
@@ -197,7 +182,8 @@ std::string OneMeanShortReport(const OneMeanTest& test) {
 }
 
 std::string OneMeanNarrative(const OneMeanTest& test) {
-  return DifferenceNarrative("One-Sample T-Test", test.p_text, " between the sample and population mean.");
+  return DifferenceNarrative("One-Sample T-Test", MaskedOrEmpty(test.p, "0.000"),
+                             " between the sample and population mean.");
 }
 
 Calculation MeanTests(const TwoMeansBoxes& two, const OneMeanBoxes& one, Samples posted) {
@@ -237,7 +223,7 @@ std::optional<ManyMeansTest> ComputeManyMeans(const ManyMeansBoxes& boxes) {
   test.within_square = test.within / test.df2;
   test.f = RoundedBy(test.between_square / test.within_square, "0.00");
   // The p-value belongs to the F that is printed.
-  Keep(test.p_text, Masked(FDistP(test.df1, test.df2, test.f), "0.000"));
+  test.p = Computed(RoundedBy(FDistP(test.df1, test.df2, test.f), "0.000"));
   return test;
 }
 
@@ -262,7 +248,8 @@ std::string ManyMeansReport(const ManyMeansTest& test) {
             FormatCol(test.total_df, 17, 0) + "\r\n\r\n";
   report += "                   F Statistic          p <\r\n";
   report += "                 ---------------      -------\r\n";
-  report += Blanks(15) + FormatCol(test.f, 18, 2) + "  " + FormatCol(test.p_text, 18, 2) + "\r\n\r\n\r\n";
+  report += Blanks(15) + FormatCol(test.f, 18, 2) + "  " + (test.p ? FormatCol(*test.p, 18, 2) : FormatCol("", 18, 2)) +
+            "\r\n\r\n\r\n";
   return report;
 }
 
@@ -276,12 +263,12 @@ std::string ManyMeansShortReport(const ManyMeansTest& test) {
             FormatCol(test.within_square, 14, 2) + "\r\n";
   report +=
       "  Total" + FormatCol(Number(test.between + test.within), 18, 2) + FormatCol(test.total_df, 5, 0) + "\r\n\r\n";
-  report += "      F Statistic = " + MaskedNumber(test.f.value(), "0.00") + "    p < " + test.p_text;
+  report += "      F Statistic = " + MaskedNumber(test.f.value(), "0.00") + "    p < " + MaskedOrEmpty(test.p, "0.000");
   return report;
 }
 
 std::string ManyMeansNarrative(const ManyMeansTest& test) {
-  return DifferenceNarrative("ANOVA", test.p_text,
+  return DifferenceNarrative("ANOVA", MaskedOrEmpty(test.p, "0.000"),
                              " among the " + std::to_string(test.k) + " independent sample means.");
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "data/change_door.h"
 #include "data/load_fit.h"
 #include "data/progress.h"
 #include "data/used_range.h"
@@ -75,37 +76,27 @@ LoadedText SplitLines(FileBytes bytes, std::size_t rows, std::size_t columns, Pr
   });
 }
 
-// From the banner on. Yields how the file fits its banner.
-LoadFit LoadBytes(DataSet& data, Platform& platform, FileBytes bytes, std::size_t selected_variables) {
+// From the banner on. Yields how the file fits its banner; a count that the banner lacks stays as the data have it.
+LoadFit ReadContents(const DataSet& data, Platform& platform, FileBytes bytes, std::size_t selected_variables,
+                     DataContents& contents) {
   const WaitCursor wait(platform);
-  data.DataBanner = std::string(FirstLine(bytes.text()));
-  data.ProjectNotes.clear();
-  data.matrix = DataMatrix();  // the old data go first, so that the two never stand in memory together
-  const Banner banner = ParseBanner(data.DataBanner, data.RecordCount, data.VariableCount);
+  contents.DataBanner = std::string(FirstLine(bytes.text()));
+  contents.RecordCount = data.RecordCount;
+  contents.VariableCount = data.VariableCount;
+  const Banner banner = ParseBanner(contents.DataBanner, contents.RecordCount, contents.VariableCount);
 
   Progress progress(platform);
-  const std::size_t rows = data.RecordCount + kFirstRecordRow;
-  const double shown =
-      data.WithinEditLimit() ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
+  const std::size_t rows = contents.RecordCount + kFirstRecordRow;
+  const bool within_limit = CellsOf(contents.RecordCount, contents.VariableCount) <= kEditLimit;
+  const double shown = within_limit ? static_cast<double>(rows - 1) : static_cast<double>(kGridRecordsAboveLimit);
   progress.ProgressOpen(0, static_cast<double>(rows - 1) + shown, "Loading data file...", selected_variables);
   progress.ProgressStep(shown);
-  LoadedText text = SplitLines(std::move(bytes), rows, data.VariableCount, progress);
-  const LoadFit fit = FitOf(text, banner, data.RecordCount, data.VariableCount);
-  data.matrix = DataMatrix(rows, data.VariableCount, std::move(text));
-
-  RebuildVariableLists(data);
-  data.CurrentRow = 1;
-  data.CurrentColumn = 1;
-  data.ProjectNotes = NotesFromField(TextOf(data.matrix.Cell(kNotesRow, 2)));
-  data.DataDirty = false;
-  data.GridTitle = data.DataFileTitle;
-  ++data.Revision;
+  LoadedText text = SplitLines(std::move(bytes), rows, contents.VariableCount, progress);
+  const LoadFit fit = FitOf(text, banner, contents.RecordCount, contents.VariableCount);
+  contents.matrix = DataMatrix(rows, contents.VariableCount, std::move(text));
+  contents.ProjectNotes = NotesFromField(TextOf(contents.matrix.Cell(kNotesRow, 2)));
+  contents.GridTitle = contents.DataFileTitle;
   return fit;
-}
-
-void TakeFacts(DataSet& data, const FileFacts& facts) {
-  data.DataFileSize = facts.size;
-  data.DataFileModified = ShortDateTime(facts.modified);
 }
 
 // Joins rows of the matrix as the file has them. The columns that still stand as they were loaded are copied in one
@@ -157,8 +148,7 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, s
   if (over_misfit && !KeepAsFound(path)) return WriteResult::kRefused;
   const UsedRange used = TrimToUsedRange(data);
   const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
-  data.matrix.SetText(0, 1, banner);
-  data.matrix.SetText(kNotesRow, 2, NotesToField(data.ProjectNotes));
+  StoreFirstRow(data, banner, NotesToField(data.ProjectNotes));
 
   Progress progress(platform);
   const std::size_t rows = used.records + kFirstRecordRow;
@@ -179,6 +169,7 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, s
 
 WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   const WriteResult result = WriteDataFile(data, platform, path, selected_variables);
+  if (result == WriteResult::kWritten) MarkSaved(data);
   data.DataDirty = false;  // also when it has failed
   return result;
 }
@@ -237,14 +228,24 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   auto bytes = facts ? ReadWholeFile(path) : std::nullopt;
   if (!bytes) return LoadOutcome::kUnreadable;
   const bool picked = pick == FilePick::kPicked;
-  if (picked) data.DataFilePath = path;
-  TakeFacts(data, *facts);
-  if (picked && facts->size == 0) return LoadOutcome::kEmptyFile;
-  data.DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path));
-  data.LoadedFile = path;
-  const LoadFit fit = LoadBytes(data, platform, std::move(*bytes), selected_variables);
-  data.MisfitFile = fit.Fits() ? Path() : path;
-  if (!fit.Fits()) platform.ShowNote(FitNote(fit));
+  if (picked && facts->size == 0) {
+    data.DataFilePath = path;
+    data.DataFileSize = facts->size;
+    data.DataFileModified = ShortDateTime(facts->modified);
+    return LoadOutcome::kEmptyFile;
+  }
+  // The data that stand in memory go when the new ones are whole.
+  DataContents contents{.matrix = {},
+                        .DataFilePath = picked ? path : data.DataFilePath,
+                        .LoadedFile = path,
+                        .DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path)),
+                        .DataFileSize = facts->size,
+                        .DataFileModified = ShortDateTime(facts->modified)};
+  const LoadFit fit = ReadContents(data, platform, std::move(*bytes), selected_variables, contents);
+  const std::string note = FitNote(fit);
+  if (!fit.Fits()) contents.MisfitFile = path;
+  ApplyChange(data, ReplaceData(std::move(contents), "Open"));
+  if (!note.empty()) platform.ShowNote(note);
   return LoadOutcome::kLoaded;
 }
 
@@ -279,16 +280,7 @@ SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, 
   return SaveOutcome::kSaved;
 }
 
-void NewDataFile(DataSet& data) {
-  MakeEmptyDataSet(data);
-  data.DataFilePath.clear();
-  data.LoadedFile.clear();
-  data.DataFileSize.reset();
-  data.DataFileModified.clear();
-  data.ProjectNotes.clear();
-  data.GridTitle = kUntitledGrid;
-  data.DataDirty = false;
-}
+void NewDataFile(DataSet& data) { ApplyChange(data, ReplaceData(EmptyContents(), "New")); }
 
 void RepairSampleFiles(Platform& platform) {
   const Answer answer =

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "data/change_door.h"
 #include "numerics/number_text.h"
 #include "platform/files.h"
 
@@ -17,11 +18,11 @@ constexpr std::uint64_t kShareForVariables = 8;    // no more than this part of 
 std::string DataSet::VariableName(std::size_t column) const { return TextOf(matrix.Cell(kVariableNameRow, column)); }
 std::string DataSet::VariableLabel(std::size_t column) const { return TextOf(matrix.Cell(kVariableLabelRow, column)); }
 
-std::size_t DataSet::CellCount() const {
-  if (RecordCount != 0 && VariableCount > std::numeric_limits<std::size_t>::max() / RecordCount) {
+std::size_t CellsOf(std::size_t record_count, std::size_t variable_count) {
+  if (record_count != 0 && variable_count > std::numeric_limits<std::size_t>::max() / record_count) {
     return std::numeric_limits<std::size_t>::max();
   }
-  return RecordCount * VariableCount;
+  return record_count * variable_count;
 }
 
 bool ShapeCanBeHeld(std::size_t record_count, std::size_t variable_count) {
@@ -32,19 +33,19 @@ bool ShapeCanBeHeld(std::size_t record_count, std::size_t variable_count) {
                              : record_count <= cells && record_count + kFirstRecordRow <= cells / variable_count;
 }
 
-void MakeEmptyDataSet(DataSet& data) {
+DataContents EmptyContents() {
   // One row more than records and dictionary need: a new data set has a spare one.
-  data.matrix = DataMatrix(kFirstRecordRow + kNewRecordCount + 1, kNewVariableCount);
-  data.RecordCount = kNewRecordCount;
-  data.VariableCount = kNewVariableCount;
+  DataContents contents{.matrix = DataMatrix(kFirstRecordRow + kNewRecordCount + 1, kNewVariableCount),
+                        .RecordCount = kNewRecordCount,
+                        .VariableCount = kNewVariableCount,
+                        .GridTitle = std::string(kUntitledGrid)};
   for (std::size_t column = 1; column <= kNewVariableCount; ++column) {
-    data.matrix.SetText(kVariableNameRow, column, "V" + std::to_string(column));
+    contents.matrix.SetText(kVariableNameRow, column, "V" + std::to_string(column));
   }
-  data.CurrentRow = 1;
-  data.CurrentColumn = 1;
-  ++data.Revision;
-  RebuildVariableLists(data);
+  return contents;
 }
+
+void MakeEmptyDataSet(DataSet& data) { BeginData(data, EmptyContents()); }
 
 void RebuildVariableLists(DataSet& data) {
   data.VarList.assign(1, {"None", 0});

@@ -20,15 +20,16 @@ DataStatistics RefreshDataStatistics(const DataSet& data) {
 
   DataStatistics statistics;
   statistics.usage_bar = percent > 100 ? 100 : percent < kLeastUsageShown ? kSliver : percent;
-  statistics.labels[0] = "Number of Observations: " + Grouped(static_cast<double>(data.RecordCount));
-  statistics.labels[1] = "Number of Variables: " + Grouped(static_cast<double>(data.VariableCount));
-  statistics.labels[2] = "Data Cells Used: " + Grouped(cells);
-  statistics.labels[3] = remaining < 0 ? "Exceeds Edit Limit by: " + Grouped(-remaining) + " cells"
-                                       : "Data Cells Remaining: " + Grouped(remaining);
-  statistics.labels[4] = "Data Cell Usage: " + Percentage(std::min(cells / limit, 1.0));
-  statistics.labels[5] = "Data File Size: ";
-  if (data.DataFileSize) statistics.labels[5] += Grouped(static_cast<double>(*data.DataFileSize)) + " bytes";
-  statistics.labels[6] = "Data File Modified: " + data.DataFileModified;
+  const std::string size =
+      data.DataFileSize ? Grouped(static_cast<double>(*data.DataFileSize)) + " bytes" : std::string();
+  statistics.lines = {{{"Number of Observations: ", Grouped(static_cast<double>(data.RecordCount))},
+                       {"Number of Variables: ", Grouped(static_cast<double>(data.VariableCount))},
+                       {"Data Cells Used: ", Grouped(cells)},
+                       {"Data Cells Remaining: ", Grouped(remaining)},
+                       {"Data Cell Usage: ", Percentage(std::min(cells / limit, 1.0))},
+                       {"Data File Size: ", size},
+                       {"Data File Modified: ", data.DataFileModified}}};
+  if (remaining < 0) statistics.lines[3] = {"Exceeds Edit Limit by: ", Grouped(-remaining) + " cells"};
   return statistics;
 }
 

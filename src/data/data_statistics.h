@@ -10,7 +10,13 @@
 namespace tessara {
 
 struct DataStatistics {
-  std::array<std::string, 7> labels;
+  struct Line {
+    std::string caption;  // with its colon and blank
+    std::string value;
+
+    std::string Text() const { return caption + value; }
+  };
+  std::array<Line, 7> lines;
   double usage_bar = 0;  // 0 to 100
 };
 

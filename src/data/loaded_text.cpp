@@ -180,6 +180,17 @@ LoadedText::LoadedText(FileBytes bytes, std::size_t row_limit, std::size_t colum
   if (bytes_.size() > 0 && row_limit > 0) Splitter(*this, row_limit, progress).Run();
 }
 
+std::size_t LoadedText::Bytes() const {
+  std::size_t bytes = bytes_.size();
+  for (const Chunk& chunk : chunks_) bytes += sizeof chunk + chunk.IndexBytes();
+  return bytes;
+}
+
+std::size_t LoadedText::Chunk::IndexBytes() const {
+  return (ends ? (fields + 1) * stride : line_ends.capacity()) * sizeof(std::uint32_t) +
+         lines.capacity() * sizeof(Line);
+}
+
 std::optional<std::string_view> LoadedText::Field(std::size_t row, std::size_t column) const {
   if (row >= row_count_ || column == 0 || column > column_limit_) return std::nullopt;
   const Chunk& chunk = chunks_[row >> line_bits_];

@@ -30,6 +30,9 @@ class LoadedText {
   // Indexes the first row_limit lines and of each the first column_limit fields.
   LoadedText(FileBytes bytes, std::size_t row_limit, std::size_t column_limit, const Progress& progress = {});
 
+  // Bytes of memory that the text and its index take.
+  std::size_t Bytes() const;
+
   // Lines that are there, at most row_limit.
   std::size_t row_count() const { return row_count_; }
 
@@ -70,6 +73,7 @@ class LoadedText {
     std::vector<Line> lines;
     std::vector<std::uint32_t> line_ends;
 
+    std::size_t IndexBytes() const;
     std::optional<std::string_view> FieldOfLine(const Line& line, std::size_t column) const;
   };
 

@@ -128,6 +128,11 @@ inline Condition operator>=(Checked a, Checked b) { return CompareChecked(a, b, 
 inline Condition operator==(Checked a, Checked b) { return CompareChecked(a, b, a.value() == b.value()); }
 inline Condition operator!=(Checked a, Checked b) { return CompareChecked(a, b, a.value() != b.value()); }
 
+// A value that need not be there.
+inline std::optional<double> Computed(Checked value) {
+  return value.failed() ? std::nullopt : std::optional<double>(value.value());
+}
+
 // An assignment to anything but a Number: an empty optional leaves the target alone.
 template <typename T, typename U>
 void Keep(T& target, std::optional<U> value) {

@@ -3,17 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/probability.h"
-#include "numerics/report_text.h"
 
 namespace tessara {
 namespace {
-
-std::optional<double> Computed(Checked value) {
-  return value.failed() ? std::nullopt : std::optional<double>(value.value());
-}
 
 // Pearson's chi-square and the likelihood ratio, cell by cell.
 void TestIndependence(const CountedTable& table, TableStatistics& statistics) {
@@ -88,11 +82,11 @@ void MeasureAgreement(const CountedTable& table, TableStatistics& statistics) {
     expected += (table.row_totals[i] / n) * (table.column_totals[i] / n);
   }
   statistics.proportion_agree = agreeing / n;
-  Agreement agreement = ComputeAgreement(statistics.proportion_agree, expected, n, ".0000", ".0001");
+  const Agreement agreement = ComputeAgreement(statistics.proportion_agree, expected, n);
   statistics.kappa = agreement.kappa;
   statistics.kappa_error = agreement.standard_error;
   statistics.kappa_is_perfect = statistics.proportion_agree.value() == 1;
-  statistics.kappa_significance = statistics.kappa_is_perfect ? "  NA" : std::move(agreement.significance);
+  statistics.kappa_significance = agreement.significance;
 }
 
 void MeasureTwoByTwo(const CountedTable& table, TableStatistics& statistics) {
@@ -105,15 +99,6 @@ void MeasureTwoByTwo(const CountedTable& table, TableStatistics& statistics) {
   if (table.n < 100) statistics.fisher_p = Computed(FisherExactP(a, b, c, d));
   statistics.odds_ratio = OddsRatioInterval(a, b, c, d);
   statistics.relative_risk = RiskRatioInterval(a, b, c, d);
-}
-
-std::string RatioLine(std::string_view label, const RatioInterval& interval) {
-  std::string line(label);
-  if (interval.filled.value() != 0) {
-    line += FormatCol(interval.ratio, 10, 3) + FormatCol(interval.standard_error, 10, 3) +
-            FormatCol(interval.lower, 11, 3) + FormatCol(interval.upper, 11, 3);
-  }
-  return line + "\r\n";
 }
 
 }  // namespace
@@ -140,17 +125,7 @@ TableStatistics ComputeTableStatistics(const CountedTable& table) {
   return statistics;
 }
 
-std::string RiskMeasuresText(const TableStatistics& statistics) {
-  std::string text = "\r\n";
-  text += "Risk Measures                     SE      95%LL      95%UL\r\n";
-  text += DashedRule(59) + "\r\n";
-  text += RatioLine("Odds Ratio      ", statistics.odds_ratio);
-  text += RatioLine("Relative Risk   ", statistics.relative_risk);
-  return text;
-}
-
-Agreement ComputeAgreement(Checked observed, Checked expected, Checked n, std::string_view mask,
-                           std::string_view beyond) {
+Agreement ComputeAgreement(Checked observed, Checked expected, Checked n) {
   Agreement agreement;
   agreement.kappa = (observed - expected) / (1 - expected);
   agreement.standard_error = Sqrt(expected / ((1 - expected) * n));
@@ -158,13 +133,13 @@ Agreement ComputeAgreement(Checked observed, Checked expected, Checked n, std::s
   const Number hundredths = Checked(RoundHalfEven((100 * z).value()));
   const double t = Abs(hundredths).value();
   if (t == 0) {
-    agreement.significance = "1.0000";
+    agreement.significance = 1;
   } else if (t > 459) {
-    agreement.significance = beyond;
+    agreement.significance = 0.0001;
   } else {
     Number tail = NormalCdf(z);
     if (z > 0) tail = 1 - tail;
-    agreement.significance = MaskedNumber((2 * tail).value(), mask);
+    agreement.significance = 2 * tail;
   }
   return agreement;
 }

@@ -2,8 +2,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "numerics/checked.h"
@@ -49,8 +47,8 @@ struct TableStatistics {
   Number proportion_agree;
   Number kappa;
   Number kappa_error;
-  bool kappa_is_perfect = false;   // all cases agree: neither error nor significance is given
-  std::string kappa_significance;  // "1.0000", ".0001", a p under ".0000", or "  NA"
+  Number kappa_significance;
+  bool kappa_is_perfect = false;  // all cases agree: neither error nor significance is given
 
   // Of a table with one degree of freedom, which is one of 2 by 2.
   Number yates_chi_square;
@@ -65,19 +63,14 @@ struct TableStatistics {
 // and Kruskal (1954), kappa after Cohen (1960), with the standard error of a kappa of 0.
 TableStatistics ComputeTableStatistics(const CountedTable& table);
 
-// The heading and the two lines of odds ratio and relative risk, behind an empty line. A ratio that could not be
-// computed whole has its label alone.
-std::string RiskMeasuresText(const TableStatistics& statistics);
-
 // Kappa of agreement from the observed and the expected share of agreeing cases among n. What fails stays 0.
 struct Agreement {
   Number kappa;
   Number standard_error;
-  // "1.0000" where 100 z rounds to 0 (half to even, and also where z failed), `beyond` where it is above 459, else
-  // twice the normal tail under `mask`.
-  std::string significance;
+  // 1 where 100 z rounds to 0 (half to even, and also where z failed), 0.0001 where it is above 459, else twice the
+  // normal tail.
+  Number significance;
 };
-Agreement ComputeAgreement(Checked observed, Checked expected, Checked n, std::string_view mask,
-                           std::string_view beyond);
+Agreement ComputeAgreement(Checked observed, Checked expected, Checked n);
 
 }  // namespace tessara

@@ -132,6 +132,10 @@ Checked RoundedBy(Checked value, std::string_view mask) {
   return text ? ToNumber(*text) : Checked::Failed();
 }
 
+std::string MaskedOrEmpty(const std::optional<double>& value, std::string_view mask) {
+  return value ? MaskedNumber(*value, mask) : std::string();
+}
+
 std::string MaskedValue(const TaggedView& value, std::string_view mask) {
   if (!value.is_text()) return MaskedNumber(value.number(), mask);
   if (const std::optional<double> number = ParseNumber(value.text())) return MaskedNumber(*number, mask);

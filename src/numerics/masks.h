@@ -22,6 +22,8 @@ Checked RoundedBy(Checked value, std::string_view mask);
 // A finite number under a mask. The second form writes behind what `out` holds already, for loops over many values.
 std::string MaskedNumber(double value, std::string_view mask);
 void AppendMasked(double value, std::string_view mask, std::string& out);
+// A number that need not be there under a mask; an empty text for none.
+std::string MaskedOrEmpty(const std::optional<double>& value, std::string_view mask);
 
 // A tagged value under a mask: the empty tag formats 0, empty text stays empty, numeric text is formatted as its
 // number, and other text is the text itself.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
@@ -51,6 +52,10 @@ std::size_t BarCount(std::size_t n) {
   return kMostBars;
 }
 
+std::string IntervalText(std::string_view low, std::string_view high) {
+  return std::string(low).append(" to ").append(high);
+}
+
 std::string IntervalLabel(std::string_view text) { return PadRight(text, kLabelWidth) + ' '; }
 
 BarTable MakeBarTable(const std::vector<double>& values, double minimum, double range) {
@@ -61,10 +66,10 @@ BarTable MakeBarTable(const std::vector<double>& values, double minimum, double 
 
   BarTable table;
   for (std::size_t k = 0; k < bars; ++k) {
-    std::string interval = MaskedNumber(Edge(minimum, width, k), "0.00");
-    interval += " to ";
-    interval += MaskedNumber(Edge(minimum, width, k + 1), "0.00");
-    table.bars.push_back({IntervalLabel(interval), Bar(counts[k], largest), counts[k]});
+    std::string low = MaskedNumber(Edge(minimum, width, k), "0.00");
+    std::string high = MaskedNumber(Edge(minimum, width, k + 1), "0.00");
+    std::string label = IntervalLabel(IntervalText(low, high));
+    table.bars.push_back({std::move(low), std::move(high), std::move(label), Bar(counts[k], largest), counts[k]});
   }
   for (std::size_t k = 0; k <= bars; ++k) table.edges.push_back(Edge(minimum, width, k));
   return table;

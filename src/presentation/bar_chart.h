@@ -12,7 +12,9 @@ namespace tessara {
 
 struct BarTable {
   struct Bar {
-    std::string label;  // 31 characters, by IntervalLabel
+    std::string low;  // the ends of the interval, two decimals
+    std::string high;
+    std::string label;  // of both ends, 31 characters, by IntervalLabel
     std::string bar;    // "X" characters, 20 for the tallest
     std::size_t count = 0;
   };
@@ -23,6 +25,8 @@ struct BarTable {
 // 5 bars for up to 40 values, 7 for up to 100, 9 above.
 std::size_t BarCount(std::size_t n);
 
+// The words for an interval.
+std::string IntervalText(std::string_view low, std::string_view high);
 // The first 30 characters of a text, padded with blanks to 30, and one blank.
 std::string IntervalLabel(std::string_view text);
 

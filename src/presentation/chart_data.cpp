@@ -123,14 +123,24 @@ Chart WithRows(const Chart& chart) {
   BarTable table = IntervalsOf(*chart.values);
   Chart::Series counts{kFrequency, {}};
   filled.labels.clear();
-  for (const BarTable::Bar& bar : table.bars) {
-    filled.labels.emplace_back(Trimmed(bar.label));
+  filled.details.clear();
+  for (BarTable::Bar& bar : table.bars) {
+    filled.labels.push_back(std::move(bar.low));
+    filled.details.push_back(std::move(bar.high));
     counts.values.push_back(static_cast<double>(bar.count));
   }
   filled.series = {std::move(counts)};
   if (chart.beside && !chart.beside->empty()) filled.axes = CommonAxes(table, IntervalsOf(*chart.beside));
   filled.edges = std::move(table.edges);
   return filled;
+}
+
+std::string RowLabel(const Chart& chart, std::size_t row) {
+  const std::string& label = chart.labels[row];
+  if (row >= chart.details.size()) return label;
+  const std::string& detail = chart.details[row];
+  if (chart.type == ChartType::kBars) return label + "  (" + detail + ")";
+  return std::string(Trimmed(IntervalLabel(IntervalText(label, detail))));
 }
 
 std::size_t PointCount(const Chart& chart) {
@@ -145,7 +155,7 @@ ChartTable ChartRows(const Chart& chart) {
   }
   const Chart filled = WithRows(chart);
   for (std::size_t row = 0; row < filled.labels.size(); ++row) {
-    std::vector<TaggedValue> cells = {filled.labels[row]};
+    std::vector<TaggedValue> cells = {RowLabel(filled, row)};
     for (const Chart::Series& series : filled.series) {
       cells.push_back(row < series.values.size() ? TaggedValue(series.values[row]) : TaggedValue());
     }

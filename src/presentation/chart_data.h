@@ -52,8 +52,10 @@ struct Chart {
   std::string vertical_title;    // of the axis of the values; in a scatter chart that of y
   std::string footnote;          // the words of the control caption
 
-  std::vector<std::string> labels;  // one for each row; none in a scatter chart, whose rows are its points
-  std::vector<Series> series;       // bars: one or more; intervals: one; none in a scatter chart
+  std::vector<std::string> labels;   // one for each row; none in a scatter chart, whose rows are its points
+  std::vector<std::string> details;  // what a label has behind it: of a category its percent, of an interval, whose
+                                     // label is its lower end, the upper one; none at all where labels stand alone
+  std::vector<Series> series;        // bars: one or more; intervals: one; none in a scatter chart
 
   ChartValues values;         // of the interval kinds, whose rows are counted when the chart is looked at
   ChartValues beside;         // the values of the chart whose axes this one shares, if any
@@ -94,6 +96,8 @@ Chart ScatterChart(std::string title, std::string horizontal_title, std::string 
 // The rows of a chart: labels of the intervals are without the blanks that fill them in a report. A series that is
 // shorter than the labels has empty cells at its end.
 ChartTable ChartRows(const Chart& chart);
+// A row's label with its detail: "Male  (61.2%)", "10.00 to 20.00". The chart has its rows.
+std::string RowLabel(const Chart& chart, std::size_t row);
 // The points of a scatter chart; 0 of any other.
 std::size_t PointCount(const Chart& chart);
 

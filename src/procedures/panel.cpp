@@ -128,7 +128,6 @@ bool ControlValueIsRefused(const ProcedurePanel& panel, const DataSet& data) {
 bool RunUsesIndependents(const ProcedurePanel& panel) {
   switch (panel.selected) {
     case Procedure::kFrequencies:
-    case Procedure::kDescriptives:
       return true;
     case Procedure::kCorrelation:
       return !panel.options.correlation.create_matrix;

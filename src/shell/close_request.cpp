@@ -1,5 +1,6 @@
 #include "shell/close_request.h"
 
+#include "data/change_door.h"
 #include "shell/file_questions.h"
 
 namespace tessara {
@@ -35,7 +36,7 @@ bool OutputMayGo(Session& session) {
 bool RequestClose(Session& session) {
   const bool data_changed = session.data.DataDirty;
   if (!DataMayGo(session) || !OutputMayGo(session)) return false;
-  if (data_changed) session.data.matrix = DataMatrix();
+  if (data_changed) DropData(session.data);
   session.data.DataDirty = false;
   session.output.OutputChanged = false;
   return true;

@@ -3,6 +3,7 @@
 #include <system_error>
 #include <utility>
 
+#include "data/change_door.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
@@ -49,19 +50,30 @@ Path Absolute(const Path& path) {
   return error ? path : whole;
 }
 
+// The lists and the control of the panel go with their variables.
+void FollowPanel(Session& session) {
+  if (const auto lost = FollowData(session.panel, session.data)) {
+    session.platform.ShowNote("the control variable " + *lost + " was reset");
+  }
+}
+
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
   // A relative path means the folder that the program was called from.
   const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
+  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.undo_memory) << 20);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, kReady);
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
-void StartBatchSession(Session& session) { PrepareSession(session); }
+void StartBatchSession(Session& session) {
+  PrepareSession(session);
+  session.data.history.SetLimit(0);  // a script has no way back
+}
 
 void TestDocumentationFiles(Session& session) {
   const Path program = session.platform.ProgramFolder();
@@ -75,8 +87,8 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
       LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
   if (outcome == LoadOutcome::kLoaded) {
-    const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
-    if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
+    FollowPanel(session);
+    ClearPanelLists(session.panel);
   }
   return outcome;
 }
@@ -92,6 +104,7 @@ SaveOutcome SaveDataTo(Session& session, const Path& path) {
 void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.panel);
+  FollowPanel(session);
 }
 
 void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
@@ -99,10 +112,11 @@ void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessageP
 void SetProjectNotes(Session& session, std::string notes) {
   if (notes == session.data.ProjectNotes) return;
   session.data.ProjectNotes = std::move(notes);
-  session.data.DataDirty = true;
+  MarkChanged(session.data);
 }
 
 RunOutcome RunPanel(Session& session) {
+  FollowPanel(session);
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
@@ -134,6 +148,7 @@ std::string_view HelpPage(View view) {
 }
 
 void RefreshStatus(Session& session) {
+  FollowPanel(session);
   Platform& platform = session.platform;
   switch (session.ActiveView) {
     case View::ViewBrevarum:

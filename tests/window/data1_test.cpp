@@ -2,6 +2,7 @@
 
 #include <QtTest>
 
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 
 namespace tessara {
@@ -20,17 +21,17 @@ class Data1Test : public QObject {
 
   void Load(std::size_t records, std::size_t variables) {
     DataSet& data = session_->data;
-    data.matrix = DataMatrix(records + kFirstRecordRow, variables);
+    DataMatrix matrix(records + kFirstRecordRow, variables);
     data.RecordCount = records;
     data.VariableCount = variables;
     data.CurrentRow = data.CurrentColumn = 1;
     data.GridTitle = "scores.dcs";
     for (std::size_t row = 0; row < 3; ++row) {
       for (std::size_t column = 1; column <= 3; ++column) {
-        data.matrix.SetText(kFirstRecordRow + row, column, std::to_string(row + 1) + "-" + std::to_string(column));
+        matrix.SetText(kFirstRecordRow + row, column, std::to_string(row + 1) + "-" + std::to_string(column));
       }
     }
-    ++data.Revision;
+    MatrixEditor(data).Replace(std::move(matrix));
     view_->ShowSession();
   }
 

@@ -45,6 +45,27 @@ class ListsTest : public QObject {
     QCoreApplication::processEvents();
   }
 
+  // "4o" behind "greater than", and all else ready for a run.
+  QLineEdit* TypeAWrongValue() {
+    Button("Option1")->click();
+    Choose(1, "Image2(0)");
+    Choose(2, "Image2(2)");
+    Button("Option8")->click();
+    auto* value = window().Find<QLineEdit>("Text1");
+    QTest::keyClicks(value, "4o");
+    return value;
+  }
+  void CompareRefused(QLineEdit* value) {
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+    QCOMPARE(window().script().messages[0].title, std::string("Warning"));
+    QCOMPARE(window().script().messages[0].text, std::string("Only numerical entries are allowed."));
+    QCOMPARE(value->text(), "4o");
+    QVERIFY(value->hasFocus());
+    QVERIFY(window().session().output.OutputLogText.empty());
+    QCOMPARE(window().session().ActiveView, View::ViewStatProcs);
+  }
+
  private slots:
   void init() {
     window_ = std::make_unique<WindowFixture>();
@@ -127,6 +148,39 @@ class ListsTest : public QObject {
     QCOMPARE(Summary(), "Correlation: AGE by SEX");
     Button("Check2")->click();  // the matrix is of the first list alone
     QCOMPARE(Summary(), "Correlation: AGE, without SEX");
+  }
+
+  void AWrongValueStopsTheRunByEnter() {
+    QLineEdit* value = TypeAWrongValue();
+    QTest::keyClick(value, Qt::Key_Return);
+    CompareRefused(value);
+    // Put right, the same key runs.
+    QTest::keyClicks(value, "0");
+    QTest::keyClick(value, Qt::Key_Return);
+    QVERIFY(!window().session().output.OutputLogText.empty());
+  }
+
+  void AWrongValueStopsTheRunByItsCommand() {
+    QLineEdit* value = TypeAWrongValue();
+    window().Trigger(308);
+    CompareRefused(value);
+  }
+
+  void AWrongValueStopsTheRunByItsButton() {
+    QLineEdit* value = TypeAWrongValue();
+    QTest::mouseClick(window().Find<QWidget>("RunButton"), Qt::LeftButton);
+    CompareRefused(value);
+  }
+
+  void AWrongValueIsAnsweredWhenItsFieldIsLeft() {
+    QLineEdit* value = TypeAWrongValue();
+    QTest::keyClick(value, Qt::Key_Tab);
+    CompareRefused(value);
+    // Reset is no way into a box.
+    QTest::mouseClick(Button("ResetVar"), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QCOMPARE(window().script().messages.size(), std::size_t{1});
+    QCOMPARE(value->text(), "");
   }
 
   void MaxObservationsHasItsTip() {

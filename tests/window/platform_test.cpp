@@ -163,8 +163,7 @@ class PlatformTest : public QObject {
  private:
   static void AppendOutput(WindowFixture& window, const std::string& report) {
     OutputLog& output = window.session().output;
-    output.ReportText = report;
-    AppendReport(output);
+    AppendReport(output, report);
   }
 };
 

@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 #include "window/stat_procs/variable_lists.h"
 
@@ -38,11 +39,11 @@ class StatProc1Test : public QObject {
 
   void Load(const std::vector<std::string>& names) {
     DataSet& data = session_->data;
-    data.matrix = DataMatrix(10 + kFirstRecordRow, names.size());
+    MatrixEditor(data).Replace(DataMatrix(10 + kFirstRecordRow, names.size()));
     data.RecordCount = 10;
     data.VariableCount = names.size();
-    for (std::size_t i = 0; i < names.size(); ++i) data.matrix.SetText(kVariableNameRow, i + 1, names[i]);
-    ++data.Revision;
+    for (std::size_t i = 0; i < names.size(); ++i) MatrixEditor(data).SetText(kVariableNameRow, i + 1, names[i]);
+    MatrixEditor(data).Replace(data.matrix);
     RebuildVariableLists(data);
     view_->ShowSession();
   }
@@ -274,14 +275,18 @@ class StatProc1Test : public QObject {
   void GreaterThanTakesNumbersOnly() {
     Click("Option8");
     auto* value = Find<QLineEdit>("Text1");
+    value->setFocus();
     QTest::keyClicks(value, "old");
-    view_->StoreWidgets();
-    QCOMPARE(platform_.messages.size(), std::size_t{1});
+    QTest::keyClick(value, Qt::Key_Tab);
+    QTRY_COMPARE(platform_.messages.size(), std::size_t{1});
     QCOMPARE(platform_.messages[0].title, std::string("Warning"));
     QCOMPARE(platform_.messages[0].text, std::string("Only numerical entries are allowed."));
-    QVERIFY(value->text().isEmpty());
+    QCOMPARE(value->text(), QString("old"));  // left in place, with the keyboard
+    QVERIFY(value->hasFocus());
     Click("Option10");
     QTest::keyClicks(Find<QLineEdit>("Text3"), "old");
+    QTest::keyClick(Find<QLineEdit>("Text3"), Qt::Key_Tab);
+    QCoreApplication::processEvents();
     view_->StoreWidgets();
     QCOMPARE(platform_.messages.size(), std::size_t{1});
     QCOMPARE(panel().control.value, std::string("old"));

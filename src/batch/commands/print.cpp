@@ -1,3 +1,7 @@
+#include <cctype>
+#include <string>
+#include <utility>
+
 #include "batch/commands/commands.h"
 #include "batch/words/script_line.h"
 #include "platform/files.h"
@@ -10,21 +14,46 @@ constexpr OptionRow kOptions[] = {
     {"--overwrite", "", "also over a file that this run works on", OptionValue::kNone},
 };
 
-CommandResult Run(Batch& batch, const CommandWords& words) {
-  if (!IsPossiblePath(words.words[0])) return NotUnderstood(Quoted(words.words[0]) + " is not a path");
-  const Path path = PathFromUtf8(words.words[0]);
-  if (batch.files.GuardsInput(path) && !words.Has("--overwrite")) {
-    return NotUnderstood(Quoted(words.words[0]) + " is a file that this run works on; --overwrite writes over it");
+bool IsPdfPath(const Path& path) {
+  std::string ending = PathToUtf8(path.extension());
+  for (char& c : ending) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return ending == ".pdf";
+}
+
+// Text with form feeds between the sheets.
+bool WritePlainText(const PrintJob& job, const Path& path) {
+  SafeFileWriter file(path);
+  bool first = true;
+  for (const Sheet& sheet : job.sheets) {
+    if (!std::exchange(first, false)) file.Write("\f");
+    file.Write(sheet.text);
   }
-  if (IsPdfPath(path) && !CanWritePdf()) {
+  return file.Commit() == WriteResult::kWritten;
+}
+
+PrintJob PagesOfLog(const Batch& batch, const CalendarDay& today) {
+  const Settings& settings = batch.session.settings;
+  return JobOfPages(
+      OutputPages(batch.session.output.BoxText(), {settings.print_date(), settings.notes_caption()}, today));
+}
+
+CommandResult Run(Batch& batch, const CommandWords& words) {
+  const std::string& name = words.words[0];
+  if (!IsPossiblePath(name)) return NotUnderstood(Quoted(name) + " is not a path");
+  const Path path = PathFromUtf8(name);
+  if (batch.files.GuardsInput(path) && !words.Has("--overwrite")) {
+    return NotUnderstood(Quoted(name) + " is a file that this run works on; --overwrite writes over it");
+  }
+  const bool is_pdf = IsPdfPath(path);
+  if (is_pdf && !CanWritePdf()) {
     batch.platform.ShowMessage({"Printer Error",
                                 "This installation cannot write PDF files: its module for printing "
                                 "is not there. A name with another ending gives plain text."});
     return Done();
   }
-  batch.platform.answers.print_path = path;
-  const PrintOptions options{batch.session.settings.print_date(), batch.session.settings.notes_caption()};
-  PrintOutput(batch.session.output, batch.platform, options, false);
+  const PrintJob job = PagesOfLog(batch, batch.platform.Now().date);
+  const bool written = is_pdf ? batch.platform.WritePdf(job, path) : WritePlainText(job, path);
+  if (!written) ShowPrinterError(batch.platform);
   return Done();
 }
 

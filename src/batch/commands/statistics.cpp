@@ -9,7 +9,9 @@ namespace {
 
 CommandResult Run(Batch& batch, const CommandWords&) {
   std::string report;
-  for (const std::string& line : RefreshDataStatistics(batch.session.data).labels) report += line + "\r\n";
+  for (const DataStatistics::Line& line : RefreshDataStatistics(batch.session.data).lines) {
+    report += line.Text() + "\r\n";
+  }
   AppendReport(batch.session.output, report);
   return Done();
 }

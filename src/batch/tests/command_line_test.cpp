@@ -71,6 +71,8 @@ TEST(ReadCommandLine, TellsWhatIsWrong) {
       {{"--bytes"}, "nothing to do: give a data file, a command or a script (see tessara-cli --help)"},
       {{"--nothing"}, "unknown option \"--nothing\""},
       {{"a.dcs", "--nothing"}, "unknown option \"--nothing\""},
+      {{"-5", "new"}, "unknown option \"-5\""},
+      {{"a.dcs", "---x"}, "unknown option \"---x\""},
       {{"a.dcs", "frequences", "A"}, "unknown command \"frequences\"; the nearest is \"frequencies\""},
       {{"a.dcs", "explore", "A"}, "the command \"explore\" is not available in this version"},
       {{"compute"}, "the command \"compute\" is not available in this version"},

@@ -84,6 +84,14 @@ TEST(ParseWords, WordsStayAsTheyAre) {
   EXPECT_EQ(ParseFor("control", {"A", "--eq", "{}"}).Value("--eq"), "{}");
 }
 
+TEST(ParseWords, ANumberIsAWord) {
+  const Words numbers = {"-5", "-.5", "-1e3", "-1,000"};
+  const CommandWords words = ParseFor("frequencies", numbers);
+  EXPECT_EQ(words.error, "");
+  EXPECT_EQ(words.words, numbers);
+  EXPECT_EQ(ParseFor("frequencies", {"-5x"}).error, "unknown option \"-5x\"");
+}
+
 TEST(ParseWords, TellsWhatIsWrong) {
   struct Case {
     const char* command;

@@ -90,7 +90,8 @@ TEST(CompletionScript, OffersTheOptionsOfTheCommandAndOfTheProgram) {
   EXPECT_EQ(Completed({"a.dcs", "crosstab", "A", "--r"}), "--risk ");
   EXPECT_EQ(Completed({"a.dcs", "frequencies", "A", "--s"}), "--script --seed ");
   EXPECT_EQ(Completed({"regression", "--s"}), "--save-residuals --script --seed --summary ");
-  EXPECT_EQ(Completed({"--ris"}), "");  // of no command yet
+  EXPECT_EQ(Completed({"save", "--ov"}), "--overwrite ");  // once, of both
+  EXPECT_EQ(Completed({"--ris"}), "");                     // of no command yet
 }
 
 }  // namespace

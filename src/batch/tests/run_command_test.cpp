@@ -59,12 +59,38 @@ TEST_F(RunCommandTest, WithoutMemoryItIsNotUnderstoodAndTheLogStays) {
   EXPECT_EQ(RunLine({"statistics"}).status, BatchStatus::kAllWell);
 }
 
+CommandResult AskForTooMuch(Batch&, const CommandWords&) {
+  std::string text;
+  text.reserve(text.max_size() + 1);
+  return Done();
+}
+
+constexpr CommandRow kGreedy{.name = "greedy", .summary = "", .details = "", .example = "", .run = AskForTooMuch};
+
+TEST_F(RunCommandTest, WhatNoMemoryCanHoldIsOutOfMemoryToo) {
+  EXPECT_EQ(RunCommand(batch_, kGreedy, {}).error, "out of memory");
+}
+
 TEST_F(RunCommandTest, NamesTheCommandInWhatIsWrong) {
   EXPECT_EQ(RunLine({"open"}).error, "open: PATH is missing");
   EXPECT_EQ(RunLine({"new", "x"}).error, "new: \"x\" is a word too many");
   EXPECT_EQ(RunLine({"list", "A", "--max"}).error, "list: --max needs a value");
   EXPECT_EQ(RunLine({"list", "A"}).error, "list: unknown variable \"A\"");
   EXPECT_EQ(RunLine({"nonsense"}).status, BatchStatus::kNotUnderstood);
+}
+
+CommandResult TellANote(Batch& batch, const CommandWords&) {
+  batch.platform.ShowNote("the file has 2 records,\r\nits first line says \x80 3\x1B");
+  return Done();
+}
+
+constexpr CommandRow kTelling{.name = "telling", .summary = "", .details = "", .example = "", .run = TellANote};
+
+TEST_F(RunCommandTest, ANoteGoesToStandardErrorAndChangesNoStatus) {
+  EXPECT_EQ(RunCommand(batch_, kTelling, {}).status, BatchStatus::kAllWell);
+  EXPECT_EQ(Content(err_),
+            "tessara-cli: note: the file has 2 records,\nits first line says \xE2\x82\xAC 3\xE2\x90\x9B\n");
+  EXPECT_EQ(Content(out_), "");
 }
 
 TEST_F(RunCommandTest, ARefusalDoesNotStickToTheNextCommand) {

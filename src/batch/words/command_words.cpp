@@ -6,6 +6,7 @@
 
 #include "batch/words/nearest_word.h"
 #include "batch/words/script_line.h"
+#include "numerics/number_text.h"
 
 namespace tessara {
 namespace {
@@ -166,7 +167,7 @@ bool LooksLikeOption(std::string_view word) {
   const std::size_t name = word.starts_with("--") ? 2 : 1;
   if (!word.starts_with('-') || word.size() <= name) return false;
   const auto first = static_cast<unsigned char>(word[name]);
-  return first > ' ' && first != '-';
+  return first > ' ' && first != '-' && !ParseNumber(word);
 }
 
 CommandWords ParseWords(std::span<const OptionRow> rows, WordOrder order, std::span<const std::string> words) {

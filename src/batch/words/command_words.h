@@ -38,7 +38,7 @@ enum class WordOrder {
   kLeading,   // the first plain word ends the options; it and all behind it are words
 };
 
-// Whether a word would be read as an option: one or two hyphens and more behind them.
+// Whether a word would be read as an option: one or two hyphens and more behind them, unless it is a number.
 bool LooksLikeOption(std::string_view word);
 
 // An option is named in full, "--max 20" or "--max=20"; a short name stands ahead of its value, "-s FILE" or "-sFILE".

@@ -23,7 +23,7 @@ std::string ExampleText() {
 }
 
 TEST_F(LoadDataFileTest, EveryCellOfTheExampleStandsInItsPlace) {
-  const std::uint64_t revision = data.Revision;
+  const std::uint64_t revision = data.Revision();
   ASSERT_EQ(OpenText(ExampleText()), LoadOutcome::kLoaded);
   EXPECT_EQ(data.RecordCount, 2u);
   EXPECT_EQ(data.VariableCount, 3u);
@@ -38,7 +38,7 @@ TEST_F(LoadDataFileTest, EveryCellOfTheExampleStandsInItsPlace) {
   EXPECT_EQ(Record(2, 2), "9");
   EXPECT_EQ(Record(2, 3), "");  // an empty field is the empty text
   EXPECT_EQ(data.ProjectNotes, "First line\r\nSecond line");
-  EXPECT_GT(data.Revision, revision);
+  EXPECT_GT(data.Revision(), revision);
 }
 
 TEST_F(LoadDataFileTest, PathTitleSizeTimeAndBannerAreTaken) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/change_door.h"
 #include "data/data_file.h"
 #include "data/tests/data_fixture.h"
 
@@ -25,10 +26,10 @@ std::string Repeated(std::string_view text, int count) {
 }
 
 TEST_F(SaveDataFileTest, WritesBannerNotesDictionaryAndRecords) {
-  data.matrix.SetText(kMissingSpecRow, 2, "9||||||");
-  data.matrix.SetText(kVariableLabelRow, 1, "Age in years");
-  data.matrix.SetText(kFirstRecordRow, 1, "34");
-  data.matrix.SetText(kFirstRecordRow + 1, 2, "x");
+  MatrixEditor(data).SetText(kMissingSpecRow, 2, "9||||||");
+  MatrixEditor(data).SetText(kVariableLabelRow, 1, "Age in years");
+  MatrixEditor(data).SetText(kFirstRecordRow, 1, "34");
+  MatrixEditor(data).SetText(kFirstRecordRow + 1, 2, "x");
   data.ProjectNotes = "First line\r\n\r\nThird line";
   EXPECT_EQ(SavedText(),
             WithSeparators("2 2 Tessara data~First line@#$%@#$%Third line\r\n~9||||||\r\nAge in years~\r\n" +
@@ -61,7 +62,7 @@ TEST_F(SaveDataFileTest, ABlankVariableInTheMiddleSurvivesAndANamedTrailingOneDo
 }
 
 TEST_F(SaveDataFileTest, TheWorkingCountsReturnAfterwards) {
-  for (std::size_t record = 1; record <= 12; ++record) data.matrix.SetText(kHeaderRowCount + record, 1, "1");
+  for (std::size_t record = 1; record <= 12; ++record) MatrixEditor(data).SetText(kHeaderRowCount + record, 1, "1");
   const std::string saved = SavedText();
   EXPECT_EQ(saved.substr(0, saved.find("\r\n")), "12 1 Tessara data");
   EXPECT_EQ(data.RecordCount, 1000u);
@@ -69,7 +70,7 @@ TEST_F(SaveDataFileTest, TheWorkingCountsReturnAfterwards) {
 }
 
 TEST_F(SaveDataFileTest, OneVariableHasNoPlaceForNotes) {
-  data.matrix.SetText(kFirstRecordRow, 1, "5");
+  MatrixEditor(data).SetText(kFirstRecordRow, 1, "5");
   data.ProjectNotes = "notes";
   EXPECT_EQ(SavedText(), "1 1 Tessara data\r\n" + Repeated("\r\n", 14) + "V1\r\n5\r\n");
   EXPECT_TRUE(platform.messages.empty());
@@ -81,16 +82,16 @@ TEST_F(SaveDataFileTest, ANumberIsWrittenInItsShortestForm) {
       {0.1, "0.1"}, {-2, "-2"}, {1e15, "1E+15"}, {1.5e-7, "1.5E-07"}, {1.0 / 3, "0.3333333333333333"}};
   std::string records;
   for (std::size_t i = 0; i < numbers.size(); ++i) {
-    data.matrix.SetNumber(kFirstRecordRow + i, 1, numbers[i].first);
+    MatrixEditor(data).SetNumber(kFirstRecordRow + i, 1, numbers[i].first);
     records += numbers[i].second + "\r\n";
   }
   EXPECT_EQ(SavedText(), "5 1 Tessara data\r\n" + Repeated("\r\n", 14) + "V1\r\n" + records);
 }
 
 TEST_F(SaveDataFileTest, TheNumberZeroIsBlankUntilItComesBackAsText) {
-  data.matrix.SetNumber(kFirstRecordRow, 1, 0);
-  data.matrix.SetText(kFirstRecordRow, 2, "x");
-  data.matrix.SetNumber(kFirstRecordRow + 1, 1, 0);  // a wholly blank record
+  MatrixEditor(data).SetNumber(kFirstRecordRow, 1, 0);
+  MatrixEditor(data).SetText(kFirstRecordRow, 2, "x");
+  MatrixEditor(data).SetNumber(kFirstRecordRow + 1, 1, 0);  // a wholly blank record
   ASSERT_EQ(SaveAs(folder / "zero.dcs"), SaveOutcome::kSaved);
   ASSERT_EQ(Open(folder / "zero.dcs"), LoadOutcome::kLoaded);
   EXPECT_EQ(data.RecordCount, 1u);
@@ -116,12 +117,12 @@ TEST_F(SaveDataFileTest, AFileThatNothingChangedIsWrittenAsItWas) {
 
 TEST_F(SaveDataFileTest, ChangedAndAddedCellsStandAmongTheLoadedOnes) {
   ASSERT_EQ(OpenText(FileText("3 3 x", "A~B~C", {"1~2~3", "4", "7~8~9"})), LoadOutcome::kLoaded);
-  data.matrix.SetText(kFirstRecordRow, 2, "two");
-  data.matrix.SetText(kFirstRecordRow + 1, 3, "a text that is longer than a cell");
-  const std::size_t added = data.matrix.AddColumn();
+  MatrixEditor(data).SetText(kFirstRecordRow, 2, "two");
+  MatrixEditor(data).SetText(kFirstRecordRow + 1, 3, "a text that is longer than a cell");
+  const std::size_t added = MatrixEditor(data).AddColumn();
   data.VariableCount = added;
-  data.matrix.SetText(kVariableNameRow, added, "D");
-  data.matrix.SetNumber(kFirstRecordRow + 2, added, 0.5);
+  MatrixEditor(data).SetText(kVariableNameRow, added, "D");
+  MatrixEditor(data).SetNumber(kFirstRecordRow + 2, added, 0.5);
   EXPECT_EQ(SavedText(),
             WithSeparators("3 4 Tessara data~~~\r\n" + Repeated("~~~\r\n", 14) +
                            "A~B~C~D\r\n1~two~3~\r\n4~~a text that is longer than a cell~\r\n7~8~9~0.5\r\n"));
@@ -160,7 +161,7 @@ TEST_F(SaveDataFileTest, ClearsTheDirtyFlagAndTheWaitCursor) {
 }
 
 TEST_F(SaveDataFileTest, ProgressCountsTheTrimmedLines) {  // 984 records and 16 lines
-  for (std::size_t record = 1; record <= 984; ++record) data.matrix.SetText(kHeaderRowCount + record, 1, "1");
+  for (std::size_t record = 1; record <= 984; ++record) MatrixEditor(data).SetText(kHeaderRowCount + record, 1, "1");
   SavedText();
   ASSERT_EQ(platform.progress.size(), 1u);
   EXPECT_EQ(platform.progress[0].caption, "Saving data file...");
@@ -171,7 +172,7 @@ TEST_F(SaveDataFileTest, ProgressCountsTheTrimmedLines) {  // 984 records and 16
 }
 
 TEST_F(SaveDataFileTest, ASmallSaveShowsNoProgress) {
-  for (std::size_t record = 1; record <= 983; ++record) data.matrix.SetText(kHeaderRowCount + record, 1, "1");
+  for (std::size_t record = 1; record <= 983; ++record) MatrixEditor(data).SetText(kHeaderRowCount + record, 1, "1");
   SavedText();
   EXPECT_TRUE(platform.progress.empty());
 }
@@ -259,7 +260,7 @@ TEST_F(SaveDataFileTest, NoTemporaryFileIsLeftBehind) {
 
 TEST_F(SaveDataFileTest, AFileWithTheLongestOfNamesCanBeSaved) {
   const std::string name = std::string(251, 'n') + ".dcs";  // 255 bytes
-  data.matrix.SetText(kFirstRecordRow, 1, "5");
+  MatrixEditor(data).SetText(kFirstRecordRow, 1, "5");
   EXPECT_EQ(SaveAs(folder / name), SaveOutcome::kSaved);
   EXPECT_TRUE(fs::exists(folder / name));
 }

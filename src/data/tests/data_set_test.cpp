@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/change_door.h"
 #include "data/missing_test.h"
 #include "data/used_range.h"
 #include "data/value_labels.h"
@@ -17,14 +18,14 @@ namespace {
 // Columns of texts; a null pointer is a cell never assigned.
 DataSet MakeData(const std::vector<std::vector<const char*>>& columns, std::size_t records) {
   DataSet data;
-  data.matrix = DataMatrix(kFirstRecordRow + records, columns.size());
+  MatrixEditor(data).Replace(DataMatrix(kFirstRecordRow + records, columns.size()));
   data.RecordCount = records;
   data.VariableCount = columns.size();
   for (std::size_t column = 0; column < columns.size(); ++column) {
-    data.matrix.SetText(kVariableNameRow, column + 1, "V" + std::to_string(column + 1));
+    MatrixEditor(data).SetText(kVariableNameRow, column + 1, "V" + std::to_string(column + 1));
     for (std::size_t record = 0; record < columns[column].size(); ++record) {
       if (const char* text = columns[column][record]) {
-        data.matrix.SetText(kFirstRecordRow + record, column + 1, text);
+        MatrixEditor(data).SetText(kFirstRecordRow + record, column + 1, text);
       }
     }
   }
@@ -99,7 +100,7 @@ TEST(DataSet, AShapeIsHeldWhenItsCellsFitTheMemory) {
 
 TEST(DataSet, TheVariableListsNameEveryColumnBehindNone) {
   DataSet data = MakeData({{"1"}, {"2"}}, 1);
-  data.matrix.SetText(kVariableNameRow, 2, "SEX");
+  MatrixEditor(data).SetText(kVariableNameRow, 2, "SEX");
   RebuildVariableLists(data);
   ASSERT_EQ(data.VarList.size(), 3u);
   EXPECT_EQ(data.VarList[0].name, "None");
@@ -114,7 +115,7 @@ TEST(DataSet, TheVariableListsNameEveryColumnBehindNone) {
 
 TEST(LoadMissingSet, UnpacksTheSpecOfTheVariable) {
   DataSet data = MakeData({{"1"}, {"2"}}, 1);
-  data.matrix.SetText(kMissingSpecRow, 2, "9|98|n/a||1|7.5|");
+  MatrixEditor(data).SetText(kMissingSpecRow, 2, "9|98|n/a||1|7.5|");
   const MissingValues missing = LoadMissingSet(data.matrix, 2);
   const auto& entries = missing.entries;
   EXPECT_EQ(entries[0].view().text(), "9");
@@ -129,7 +130,7 @@ TEST(LoadMissingSet, UnpacksTheSpecOfTheVariable) {
 
 TEST(LoadMissingSet, AColumnThatTheMatrixLacksHasNoMissingValues) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(kMissingSpecRow, 1, "9||||1|7.5|");
+  MatrixEditor(data).SetText(kMissingSpecRow, 1, "9||||1|7.5|");
   for (const std::size_t column : {0u, 2u}) {
     EXPECT_FALSE(LoadMissingSet(data.matrix, column).HasSingleValues());
     EXPECT_FALSE(LoadMissingSet(data.matrix, column).HasBounds());
@@ -226,10 +227,10 @@ TEST(MissingTest, AgreesWithTheTestOfEveryValue) {
 
 TEST(ValueLabels, AreSplitAtTheFirstEqualsSign) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "1=Yes");
-  data.matrix.SetText(5, 1, "2=a=b");
-  data.matrix.SetText(11, 1, "8=the last slot");
-  data.matrix.SetText(12, 1, "9=a reserved row");
+  MatrixEditor(data).SetText(4, 1, "1=Yes");
+  MatrixEditor(data).SetText(5, 1, "2=a=b");
+  MatrixEditor(data).SetText(11, 1, "8=the last slot");
+  MatrixEditor(data).SetText(12, 1, "9=a reserved row");
   const ValueLabels labels = LoadValueLabels(data.matrix, 1);
   EXPECT_FALSE(labels.NoValueLabels);
   EXPECT_EQ(labels.Apply("1"), "Yes");
@@ -242,17 +243,17 @@ TEST(ValueLabels, AreSplitAtTheFirstEqualsSign) {
 
 TEST(ValueLabels, ASlotBelowThreeCharactersIsEmpty) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "1=");
+  MatrixEditor(data).SetText(4, 1, "1=");
   EXPECT_TRUE(LoadValueLabels(data.matrix, 1).NoValueLabels);
   EXPECT_EQ(LoadValueLabels(data.matrix, 1).Apply("1"), "1");
-  data.matrix.SetText(5, 1, "10=");
+  MatrixEditor(data).SetText(5, 1, "10=");
   EXPECT_FALSE(LoadValueLabels(data.matrix, 1).NoValueLabels);
   EXPECT_EQ(LoadValueLabels(data.matrix, 1).Apply("10"), "");
 }
 
 TEST(ValueLabels, ASlotWithoutAnEqualsSignIsAValueWithAnEmptyLabel) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "abc");
+  MatrixEditor(data).SetText(4, 1, "abc");
   const ValueLabels labels = LoadValueLabels(data.matrix, 1);
   EXPECT_FALSE(labels.NoValueLabels);
   EXPECT_EQ(labels.Apply("abc"), "");
@@ -260,8 +261,8 @@ TEST(ValueLabels, ASlotWithoutAnEqualsSignIsAValueWithAnEmptyLabel) {
 
 TEST(ValueLabels, TheFirstOfTwoEqualValuesCounts) {
   DataSet data = MakeData({{"1"}}, 1);
-  data.matrix.SetText(4, 1, "1=first");
-  data.matrix.SetText(5, 1, "1=second");
+  MatrixEditor(data).SetText(4, 1, "1=first");
+  MatrixEditor(data).SetText(5, 1, "1=second");
   EXPECT_EQ(LoadValueLabels(data.matrix, 1).Apply("1"), "first");
 }
 
@@ -282,16 +283,16 @@ TEST(TrimToUsedRange, CutsTheTrailingRunsOfBlankColumnsAndRecords) {
 
 TEST(TrimToUsedRange, ANamedButEmptyLastColumnIsCut) {
   DataSet data = MakeData({{"1"}, {nullptr}}, 1);
-  data.matrix.SetText(kVariableLabelRow, 2, "a label");
+  MatrixEditor(data).SetText(kVariableLabelRow, 2, "a label");
   ExpectUsed(data, 1, 1);
 }
 
 TEST(TrimToUsedRange, NumbersEqualToZeroAreBlank) {
   DataSet data = MakeData({{"1"}, {nullptr}}, 2);
-  data.matrix.SetNumber(kFirstRecordRow, 2, 0);
-  data.matrix.SetNumber(kFirstRecordRow + 1, 1, 0);
+  MatrixEditor(data).SetNumber(kFirstRecordRow, 2, 0);
+  MatrixEditor(data).SetNumber(kFirstRecordRow + 1, 1, 0);
   ExpectUsed(data, 1, 1);
-  data.matrix.SetText(kFirstRecordRow + 1, 2, "0");
+  MatrixEditor(data).SetText(kFirstRecordRow + 1, 2, "0");
   ExpectUsed(data, 2, 2);
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/change_door.h"
 #include "data/data_file.h"
 #include "data/tests/data_fixture.h"
 #include "numerics/number_text.h"
@@ -83,7 +84,7 @@ TEST_F(RoundTripTest, AMatrixOfTypedCellsComesBackAsItsTexts) {
   for (int turn = 0; turn < 20; ++turn) {
     const auto [records, variables] = RandomShape(random, turn % 8);
     Rows rows = RandomRows(random, records, variables);
-    data.matrix = DataMatrix(rows.size(), variables);
+    MatrixEditor(data).Replace(DataMatrix(rows.size(), variables));
     data.RecordCount = records;
     data.VariableCount = variables;
     data.ProjectNotes = "some notes\r\nof two lines";
@@ -92,10 +93,10 @@ TEST_F(RoundTripTest, AMatrixOfTypedCellsComesBackAsItsTexts) {
         std::string& cell = rows[row][column - 1];
         if (random() % 4 == 0 && cell != "last") {
           const double number = static_cast<double>(static_cast<std::int64_t>(random() % 2000) - 1000) / 16;
-          data.matrix.SetNumber(row, column, number);
+          MatrixEditor(data).SetNumber(row, column, number);
           cell = GeneralText(number);
         } else if (!cell.empty()) {
-          data.matrix.SetText(row, column, cell);
+          MatrixEditor(data).SetText(row, column, cell);
         }
       }
     }
@@ -121,30 +122,30 @@ TEST_F(RoundTripTest, EditsOfLoadedDataAgreeWithAModel) {
       switch (random() % 8) {
         case 0:
           cell.clear();
-          data.matrix.SetEmpty(row, column);
+          MatrixEditor(data).SetEmpty(row, column);
           break;
         case 1: {
           const std::size_t from_row = 1 + random() % (rows.size() - 1);
           const std::size_t from_column = 1 + random() % columns;
           cell = std::string(rows[from_row][from_column - 1]);
-          data.matrix.Set(row, column, data.matrix.Cell(from_row, from_column));
+          MatrixEditor(data).Set(row, column, data.matrix.Cell(from_row, from_column));
           break;
         }
         case 2:
           if (edit % 10 == 0) {
             for (auto& cells : rows) cells.emplace_back();
-            data.VariableCount = data.matrix.AddColumn();
+            data.VariableCount = MatrixEditor(data).AddColumn();
             ASSERT_EQ(data.VariableCount, columns + 1);
             break;
           }
           [[fallthrough]];
         default:
           cell = RandomCell(random);
-          data.matrix.SetText(row, column, cell);
+          MatrixEditor(data).SetText(row, column, cell);
       }
     }
     rows.back().back() = "last";
-    data.matrix.SetText(rows.size() - 1, rows[0].size(), "last");
+    MatrixEditor(data).SetText(rows.size() - 1, rows[0].size(), "last");
     rows[0][0] = std::to_string(records) + " " + std::to_string(rows[0].size()) + " Tessara data";
     if (rows[0].size() > 1) rows[0][1] = NotesToField(data.ProjectNotes);
     ASSERT_NO_FATAL_FAILURE(ExpectCells(rows)) << turn;
@@ -157,7 +158,7 @@ TEST_F(RoundTripTest, NumericViewsAgreeWithTheCellsThroughEdits) {
   ASSERT_EQ(OpenText(TextOfRows(RandomRows(random, 300, 4))), LoadOutcome::kLoaded);
   for (int edit = 0; edit < 200; ++edit) {
     const std::size_t column = 1 + random() % 4;
-    data.matrix.SetText(kFirstRecordRow + random() % 300, column, RandomCell(random));
+    MatrixEditor(data).SetText(kFirstRecordRow + random() % 300, column, RandomCell(random));
     const NumericColumn& numbers = data.matrix.Numbers(column, 300);
     for (std::size_t record = 0; record < 300; ++record) {
       const TaggedView cell = data.matrix.Cell(kFirstRecordRow + record, column);

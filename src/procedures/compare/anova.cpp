@@ -30,7 +30,7 @@ AnovaTable ComputeAnova(const GroupStats& stats) {
   }
   table.f = table.between_mean / table.within_mean;
   table.total_squares = table.between_squares + table.within_squares;
-  Keep(table.p, Masked(FDistP(table.between_df, table.within_df, table.f), "0.0000"));
+  table.p = Computed(FDistP(table.between_df, table.within_df, table.f));
   return table;
 }
 
@@ -95,7 +95,7 @@ std::string AnalysisOfVariance(const AnovaTable& table) {
   text += "         Total " + squares(table.total_squares) + degrees(table.total_df) + "\r\n\r\n";
   text += "                    F Statistic             p <\r\n";
   text += "                  -------------          ------\r\n";
-  text += "                " + FormatCol(table.f, 15, 2) + "          " + (table.p.empty() ? "0.0000" : table.p) +
+  text += "                " + FormatCol(table.f, 15, 2) + "          " + MaskedNumber(table.p.value_or(0), "0.0000") +
           "\r\n\r\n\r\n";
   return text;
 }

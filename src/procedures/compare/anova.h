@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "numerics/checked.h"
@@ -24,7 +24,7 @@ struct AnovaTable {
   Number between_mean;
   Number within_mean;
   Number f;
-  std::string p;                   // four decimals; empty when it could not be computed
+  std::optional<double> p;         // nothing when it could not be computed
   std::vector<Number> deviations;  // of each group, with n - 1
 };
 

@@ -7,6 +7,7 @@
 #include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "numerics/report_text.h"
+#include "presentation/risk_measures.h"
 
 namespace tessara {
 namespace {
@@ -89,13 +90,10 @@ struct TestColumns {
 
 std::string StatisticText(const Number& statistic) { return MaskedNumber(statistic.value(), "0.000"); }
 
-// A p that could not be computed is an empty text.
-std::string TestPText(std::optional<double> p) { return p ? MaskedNumber(*p, "0.0000") : ""; }
-
 std::string ChiSquareSection(const CountedTable& table, const TableStatistics& s) {
   const std::string df = GeneralText(s.df);
   const std::string chi = StatisticText(s.chi_square);
-  std::string p = TestPText(s.chi_square_p);
+  std::string p = MaskedOrEmpty(s.chi_square_p, "0.0000");
   if (p.empty()) p = "0.0001";  // of Pearson's test alone
   const TestColumns columns(chi, df, p);
 
@@ -104,10 +102,10 @@ std::string ChiSquareSection(const CountedTable& table, const TableStatistics& s
   section += DashedRule(59) + "\r\n";
   section += columns.Line("Pearson                   ", chi, df, p);
   section += columns.Line("Likelihood Ratio          ", StatisticText(s.likelihood_ratio), df,  //
-                          TestPText(s.likelihood_p));
+                          MaskedOrEmpty(s.likelihood_p, "0.0000"));
   if (s.df != 1) return section;
   section += columns.Line("Yate's Correction         ", StatisticText(s.yates_chi_square), df,  //
-                          TestPText(s.yates_p));
+                          MaskedOrEmpty(s.yates_p, "0.0000"));
   if (table.n < 100) {
     section += "Fisher's Exact (2-tailed)                       " + FormatCol(s.fisher_p.value_or(0), 10, 4) +
                "\r\n"
@@ -135,12 +133,13 @@ std::string AgreementSection(const TableStatistics& s) {
   // The sign of a kappa below 0 hangs out to the left. One that is too small to show it has the shorter margin too.
   const std::string kappa_margin = s.kappa < 0 ? "    " : "     ";
   const std::string error = s.kappa_is_perfect ? "  NA" : text(s.kappa_error);
+  const std::string significance = s.kappa_is_perfect ? "  NA" : MaskedNumber(s.kappa_significance.value(), ".0000");
   std::string section = "\r\n\r\nAgreement Statistics\r\n";
   section += DashedRule(37) + "\r\n";
   section += "Proportion Agree       " + ("     " + text(s.proportion_agree)) + "\r\n";
   section += "Kappa Statistic        " + kappa_margin + text(s.kappa) + "\r\n";
   section += "Kappa Standard Error   " + ("     " + error) + "\r\n";
-  section += "Kappa Significance (p<)" + ("     " + s.kappa_significance) + "\r\n";
+  section += "Kappa Significance (p<)" + ("     " + significance) + "\r\n";
   return section;
 }
 

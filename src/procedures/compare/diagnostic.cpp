@@ -26,9 +26,10 @@ void MeasureKappa(const CutCounts& counts, Checked n, CutPoint& cut) {
   const Checked fn = counts.false_negative;
   const Checked observed = (tp + tn) / n;
   const Checked expected = ((tp + fp) / n) * ((tp + fn) / n) + ((fn + tn) / n) * ((fp + tn) / n);
-  Agreement agreement = ComputeAgreement(observed, expected, n, "0.0000", "0.0001");
+  const Agreement agreement = ComputeAgreement(observed, expected, n);
   cut.kappa = agreement.kappa;
-  cut.kappa_significance = observed == 1 ? kNotDefined : std::move(agreement.significance);
+  const bool perfect = static_cast<bool>(observed == 1);
+  if (!perfect) cut.kappa_significance = agreement.significance.value();
 }
 
 CutPoint MeasureCut(const CutCounts& counts, const CountedTable& table) {
@@ -41,10 +42,8 @@ CutPoint MeasureCut(const CutCounts& counts, const CountedTable& table) {
   if (tn != 0) cut.negative_predictive_value = tn / (tn + counts.false_negative);
   const Checked sn = cut.sensitivity;
   const Checked sp = cut.specificity;
-  cut.positive_ratio = kNotDefined;
-  cut.negative_ratio = kNotDefined;
-  if (sp != 1 && sn != 0) Keep(cut.positive_ratio, Masked(sn / (1 - sp), "0.000"));
-  if (sn != 1 && sp != 0) Keep(cut.negative_ratio, Masked((1 - sn) / sp, "0.000"));
+  if (sp != 1 && sn != 0) cut.positive_ratio = Computed(sn / (1 - sp));
+  if (sn != 1 && sp != 0) cut.negative_ratio = Computed((1 - sn) / sp);
   MeasureKappa(counts, table.n, cut);
   return cut;
 }
@@ -95,16 +94,19 @@ std::string CountsTable(const CountedCases& cases) {
 
 std::string CutLine(const std::string& label, const CutPoint& cut) {
   const auto value = [](const Number& number) { return MaskedNumber(number.value(), "0.000"); };
+  const auto defined = [](const std::optional<double>& number, std::string_view mask) {
+    return number ? MaskedNumber(*number, mask) : kNotDefined;
+  };
   std::string line = label + Blanks(22 - static_cast<int>(label.size()));  // a longer label is not cut
   line += value(cut.sensitivity) + "   ";
   line += value(cut.specificity) + "   ";
   line += value(cut.positive_predictive_value) + "   ";
   line += value(cut.negative_predictive_value) + "   ";
-  line += cut.positive_ratio + "   ";
-  line += cut.negative_ratio;
+  line += defined(cut.positive_ratio, "0.000") + "   ";
+  line += defined(cut.negative_ratio, "0.000");
   line += cut.kappa < 0 ? "  " : "   ";  // the sign hangs out to the left
   line += value(cut.kappa) + "   ";
-  line += cut.kappa_significance + "\r\n";
+  line += defined(cut.kappa_significance, "0.0000") + "\r\n";
   return line;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "numerics/checked.h"
@@ -19,10 +19,10 @@ struct CutPoint {
   Number specificity;
   Number positive_predictive_value;
   Number negative_predictive_value;
-  std::string positive_ratio;  // likelihood ratios under "0.000"; "   NA" where they are not defined
-  std::string negative_ratio;
+  std::optional<double> positive_ratio;  // likelihood ratios; nothing where they are not defined
+  std::optional<double> negative_ratio;
   Number kappa;
-  std::string kappa_significance;  // "1.0000", "0.0001", a p under "0.0000", or "   NA"
+  std::optional<double> kappa_significance;  // nothing where all cases agree
 };
 
 struct DiagnosticAccuracy {

@@ -71,13 +71,15 @@ TTestSample ComputeTTestSample(const std::vector<double>& values) {
 
 namespace {
 
-std::string RoundedT(const Number& t) { return MaskedNumber(t.value(), "0.000"); }
+// A p as it is printed: one that shows as 0, and one that was not computed, is told as the smallest that can be shown.
+Number ShownP(Checked p) {
+  const Checked shown = RoundedBy(p, "0.0000");
+  return shown == 0 ? Number(0.0001) : Number(shown);  // also when there is no p, which cannot be compared
+}
 
-// The p of a line as it is printed. A p that shows as 0, and one that was not computed, is told as the smallest that
-// can be shown.
-std::string ShownP(std::string p) {
-  if (ToNumber(p) == 0) p = "0.0001";  // also when there is no p, which cannot be compared
-  return p;
+SampleSpread SpreadOf(const TTestSample& sample) {
+  const Number variance = sample.squares / sample.n;
+  return {.n = sample.n, .squares = sample.squares, .mean_variance = variance / (sample.n - 1)};
 }
 
 }  // namespace
@@ -86,41 +88,24 @@ TTestResult ComputeTTest(const TTestSample& one, const TTestSample& two) {
   TTestResult result;
   result.deviations[0] = Sqrt(one.squares / (one.n - 1));
   result.deviations[1] = Sqrt(two.squares / (two.n - 1));
-  const Number variance_one = one.squares / one.n;
-  const Number variance_two = two.squares / two.n;
+  const SampleSpread spread_one = SpreadOf(one);
+  const SampleSpread spread_two = SpreadOf(two);
 
-  result.equal_df = one.n + two.n - 2;
-  Number error = Sqrt((one.squares + two.squares) / result.equal_df) * Sqrt((one.n + two.n) / (one.n * two.n));
-  result.equal.t = RoundedT((one.mean - two.mean) / error);
+  result.equal_df = PooledDf(spread_one, spread_two);
+  Number error = PooledError(spread_one, spread_two);
+  result.equal.t = RoundedBy((one.mean - two.mean) / error, "0.000");
+  result.unequal_df = RoundedBy(WelchDf(spread_one, spread_two), "0.00");
+  error = WelchError(spread_one, spread_two);  // one that fails leaves the pooled error
+  result.unequal.t = RoundedBy((one.mean - two.mean) / error, "0.000");
 
-  const Number share_one = variance_one / (one.n - 1);
-  const Number share_two = variance_two / (two.n - 1);
-  // The form with n + 1 below and less 2 behind it, and not the simpler one with n - 1.
-  const Number df =
-      Power(share_one + share_two, 2) / (Power(share_one, 2) / (one.n + 1) + Power(share_two, 2) / (two.n + 1)) - 2;
-  result.unequal_df = MaskedNumber(df.value(), "0.00");
-  error = Sqrt(share_one + share_two);
-  result.unequal.t = RoundedT((one.mean - two.mean) / error);
-
-  const Number shown_df = ToNumber(result.unequal_df);
   const std::array<StudentT, 2> tests = {
-      {{result.equal_df, ToNumber(result.equal.t)}, {RoundHalfEven(shown_df.value()), ToNumber(result.unequal.t)}}};
+      {{result.equal_df, result.equal.t}, {RoundHalfEven(result.unequal_df.value()), result.unequal.t}}};
   const std::vector<Checked> ps = TDistPs(tests);
-  Keep(result.equal.p, Masked(ps[0], "0.0000"));
-  if (shown_df.value() >= 5) Keep(result.unequal.p, Masked(ps[1], "0.0000"));  // there is none below that
-  result.equal.p = ShownP(result.equal.p);
-  result.unequal.p = ShownP(result.unequal.p);
+  result.equal.p = ShownP(ps[0]);
+  result.unequal.p = ShownP(result.unequal_df.value() >= 5 ? ps[1] : Checked::Failed());  // there is none below that
 
-  if (variance_one <= variance_two) {
-    result.f = variance_two / variance_one;
-    result.numerator_df = two.n - 1;
-    result.denominator_df = one.n - 1;
-  } else {
-    result.f = variance_one / variance_two;
-    result.numerator_df = one.n - 1;
-    result.denominator_df = two.n - 1;
-  }
-  Keep(result.f_p, Masked(FDistP(result.numerator_df, result.denominator_df, result.f), "0.0000"));
+  result.ratio = CompareVariances(one.n, Number(one.squares / one.n), two.n, Number(two.squares / two.n));
+  result.f_p = Computed(FDistP(result.ratio.numerator_df, result.ratio.denominator_df, result.ratio.f));
   return result;
 }
 
@@ -132,8 +117,8 @@ std::string TTestReport(const CaseSource& source, const Roles& roles, const std:
   const auto head = [&](std::size_t column) {
     return source.data.VariableName(column) + "\t" + source.data.VariableLabel(column);
   };
-  const std::string degrees =
-      "(" + GeneralText(result.numerator_df.value()) + ", " + GeneralText(result.denominator_df.value()) + ")";
+  const std::string degrees = "(" + GeneralText(result.ratio.numerator_df.value()) + ", " +
+                              GeneralText(result.ratio.denominator_df.value()) + ")";
   const TTestResult::Line& equal = result.equal;
   const TTestResult::Line& unequal = result.unequal;
 
@@ -152,14 +137,15 @@ std::string TTestReport(const CaseSource& source, const Roles& roles, const std:
   report += "Sample Size (n)      " + FormatCol(one.n, 8, 0) + "           " + FormatCol(two.n, 6, 0) + "\r\n\r\n";
   report += "\r\n" + Blanks(10) + "              Homogeneity of Variance\r\n";
   report += Blanks(7) + "  ---------------------------------------------------\r\n";
-  report += Blanks(10) + "    F-ratio   " + MaskedNumber(result.f.value(), "0.00") +  //
-            "    DF " + degrees + "   p < " + result.f_p + "\r\n\r\n\r\n";
+  report += Blanks(10) + "    F-ratio   " + MaskedNumber(result.ratio.f.value(), "0.00") +  //
+            "    DF " + degrees + "   p < " + MaskedOrEmpty(result.f_p, "0.0000") + "\r\n\r\n\r\n";
   report += "                     T-statistic          DF        p < (2-tailed)\r\n";
   report += "                   -------------     -------      ----------------\r\n";
-  report += "Equal Variance   " + FormatCol(TaggedView(equal.t), 15, 4) + "  " +
-            PadLeftBlank(result.equal_df.value(), 7) + FormatCol(TaggedView(equal.p), 24, 4) + "\r\n";
-  report += "Unequal Variance " + FormatCol(TaggedView(unequal.t), 15, 4) + "  " + PadLeftBlank(result.unequal_df, 10) +
-            FormatCol(TaggedView(unequal.p), 21, 4) + "\r\n\r\n\r\n";
+  report += "Equal Variance   " + FormatCol(equal.t, 15, 4) + "  " + PadLeftBlank(result.equal_df.value(), 7) +
+            FormatCol(equal.p, 24, 4) + "\r\n";
+  report += "Unequal Variance " + FormatCol(unequal.t, 15, 4) + "  " +
+            PadLeftBlank(MaskedNumber(result.unequal_df.value(), "0.00"), 10) + FormatCol(unequal.p, 21, 4) +
+            "\r\n\r\n\r\n";
   report += "\r\n\r\n\r\n";
   return report;
 }

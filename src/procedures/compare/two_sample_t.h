@@ -1,11 +1,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "data/data_set.h"
 #include "numerics/checked.h"
+#include "numerics/student_t.h"
 #include "procedures/cases/procedure_run.h"
 #include "procedures/compare/options.h"
 
@@ -25,21 +27,20 @@ struct TTestSample {
 };
 
 struct TTestResult {
-  // A difference of the means against its error. From its rounding on, the text is the value of t.
+  // A difference of the means against its error. Figures are rounded as they are shown, and what is computed from one
+  // later takes the rounded one.
   struct Line {
-    std::string t;  // three decimals
-    std::string p;  // two-tailed, never below 0.0001
+    Number t;  // three decimals
+    Number p;  // two-tailed, four decimals, never below 0.0001
   };
 
   std::array<Number, 2> deviations;  // with n - 1
   Line equal;
   Number equal_df;
   Line unequal;
-  std::string unequal_df;  // two decimals
-  Number f;                // the larger variance over the smaller
-  Number numerator_df;
-  Number denominator_df;
-  std::string f_p;
+  Number unequal_df;  // two decimals
+  VarianceRatio ratio;
+  std::optional<double> f_p;
 };
 
 // The accepted numbers of the main variable in the records whose cell of the independent one reads like the first of

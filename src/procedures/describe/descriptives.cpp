@@ -95,7 +95,7 @@ DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases) {
   result.skewness = cubes / n / Power(result.population_deviation, 3);
   result.kurtosis = fourths / n / Power(result.population_deviation, 4);
   result.t = result.mean / result.standard_error;
-  Keep(result.p, Masked(TDistP(n - 1, result.t), "0.0000"));
+  result.p = Computed(TDistP(n - 1, result.t));
   Number critical_n = n;  // comes back as the degrees of freedom
   result.interval = TCritical95(critical_n) * result.standard_error;
   return result;
@@ -105,16 +105,20 @@ namespace {
 
 // The z-scores as a new variable behind the last one, with the dictionary of their source. Their own pass reads "not
 // equal to" as a comparison of numbers.
-void SaveZScores(DataSet& data, const CaseSource& source, std::size_t column, const DescriptiveStatistics& statistics) {
+void SaveZScores(ProcedureRun& run, const CaseSource& source, std::size_t column,
+                 const DescriptiveStatistics& statistics) {
+  const DataSet& data = run.data;
   const std::string name = data.VariableName(column);
-  const std::size_t target = AddSavedColumn(data, "Z-" + name);
-  for (std::size_t row = 1; row < kVariableNameRow; ++row) data.matrix.Set(row, target, data.matrix.Cell(row, column));
-  if (data.VariableLabel(column).empty()) data.matrix.SetText(kVariableLabelRow, target, name);
+  Column scores;
+  for (std::size_t row = 1; row < kVariableNameRow; ++row) scores.Set(row, data.matrix.Cell(row, column));
+  if (data.VariableLabel(column).empty()) scores.Set(kVariableLabelRow, name);
+  scores.Set(kVariableNameRow, "Z-" + name);
 
   ForEachAcceptedNumber(source, column, NotEqualReading::kAsNumber, [&](std::size_t record, double value, std::size_t) {
     const Checked z = (value - statistics.mean) / statistics.sample_deviation;
-    if (const auto text = Masked(z, "0.00000")) data.matrix.SetText(kFirstRecordRow + record, target, *text);
+    if (const auto text = Masked(z, "0.00000")) scores.Set(kFirstRecordRow + record, *text);
   });
+  run.SaveColumn(std::move(scores), "Save Z-Scores");
 }
 
 std::string DescriptivesReport(const CaseSource& source, std::size_t column, const DescriptiveStatistics& s,
@@ -130,7 +134,8 @@ std::string DescriptivesReport(const CaseSource& source, std::size_t column, con
   report += "Min          " + value(s.minimum) + "    " + "Std Error    " + value(s.standard_error) + "\r\n";
   report += "Max          " + value(s.maximum) + "    " + "CV%          " + value(s.coefficient_of_variation) + "\r\n";
   report += "Range        " + value(s.range) + "    " + "95% CI (+/-) " + value(s.interval) + "\r\n";
-  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " + s.p + "\r\n";
+  report += "Skewness     " + value(s.skewness) + "    " + "One sample t-test (mu=0)  |p<| " +
+            MaskedOrEmpty(s.p, "0.0000") + "\r\n";
   report += DashedRule() + "\r\n\r\n";
   report += "Missing Cases    " + std::to_string(s.excluded) + "\r\n";
   report += chart;
@@ -165,7 +170,7 @@ void LeaveDescriptiveCharts(ProcedureRun& run, const std::string& name, std::vec
 
 void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options) {
   constexpr std::string_view kTitle = "Descriptive Analysis: ";
-  DataSet& data = run.data;
+  const DataSet& data = run.data;
   const std::size_t column = roles.main;
   if (column < 1) {
     run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
@@ -188,7 +193,7 @@ void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOp
     run.charts.summary = ShortSummary(source, column, statistics);
   }
   if (options.save_z_scores) {
-    SaveZScores(data, source, column, statistics);
+    SaveZScores(run, source, column, statistics);
     RebuildVariableLists(data);
   }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "data/data_set.h"
@@ -31,7 +31,7 @@ struct DescriptiveStatistics {
   Number coefficient_of_variation;  // percent
   Number skewness, kurtosis;        // the kurtosis is held but not printed
   Number t;
-  std::string p;    // under "0.0000"
+  std::optional<double> p;
   Number interval;  // half width of the 95 percent interval
   std::size_t excluded = 0;
 };

@@ -182,18 +182,21 @@ void LeaveFrequencyCharts(ProcedureRun& run, std::size_t column, const Frequency
   const ValueLabels value_labels = LoadValueLabels(run.data.matrix, column);
   const Number n = static_cast<double>(table.n);
   std::vector<std::string> labels;
+  std::vector<std::string> shares;
   Chart::Series counts{"Frequency", {}};
   Chart::Series percents{"Percent (%)", {}};
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
     const FrequencyTable::Row& row = table.rows[i];
     const Checked share = static_cast<double>(row.count) / n;
-    labels.push_back(CategoryText(cases.categories[i], value_labels) + "  (" + MaskedNumber(share.value_or(0), "0.0%") +
-                     ")");
+    labels.push_back(CategoryText(cases.categories[i], value_labels));
+    shares.push_back(MaskedNumber(share.value_or(0), "0.0%"));
     counts.values.push_back(static_cast<double>(row.count));
     percents.values.push_back(row.percent.value());
   }
-  run.LeaveCharts(ChartKind::kFrequencies, {BarsChart(name, label, "Frequency", labels, {counts}),
-                                            BarsChart(name + " (%)", label, "Percent (%)", labels, {percents})});
+  std::vector<Chart> charts = {BarsChart(name, label, "Frequency", labels, {counts}),
+                               BarsChart(name + " (%)", label, "Percent (%)", labels, {percents})};
+  for (Chart& chart : charts) chart.details = shares;
+  run.LeaveCharts(ChartKind::kFrequencies, std::move(charts));
 }
 
 }  // namespace

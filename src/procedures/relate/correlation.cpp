@@ -31,7 +31,7 @@ SimpleRegression ComputeSimpleRegression(std::span<const double> y, std::span<co
   result.x_deviation = Sqrt(x_squares / (n - 1));
   result.slope = pearson.numerator / pearson.x_spread;
   result.intercept = result.y_mean - result.slope * result.x_mean;
-  const Number r = ToNumber(pearson.r);
+  const Number r = pearson.r;
   result.r_squared = r * r;
 
   const double a = result.intercept.value();
@@ -104,28 +104,30 @@ std::string CorrelationReport(const CaseSource& source, const Roles& roles, cons
                               const SimpleRegressionOptions& options) {
   const DataSet& data = source.data;
   const std::size_t x = roles.independent;
+  const std::string p = ShownP(results.pearson.r, results.pearson.p);
   std::string report = source.control.ControlCaption();
-  report += options.regression ? RegressionBlock(data, roles, results.regression, results.pearson.p)  //
+  report += options.regression ? RegressionBlock(data, roles, results.regression, p)  //
                                : "Pearson's Correlation\r\n";
   report += NameAndLabel(data, roles.main, ": ") + "\r\n";
   report += ScattergramText(results.drawing, data.VariableName(x), data.VariableLabel(x));
   report += "Number of cases: " + std::to_string(results.pearson.n) + "\r\n";
   report += "Missing: " + std::to_string(results.missing) + "\r\n";
-  report += "Pearson Correlation: " + results.pearson.r + "\r\n";
-  report += "p < (2-tailed signif.): " + results.pearson.p + "\r\n\r\n";
+  report += "Pearson Correlation: " + ShownR(results.pearson.r) + "\r\n";
+  report += "p < (2-tailed signif.): " + p + "\r\n\r\n";
   return report;
 }
 
 // y - (a + b x) of each accepted case as a new variable; the others stay empty.
-void SaveResiduals(DataSet& data, std::size_t dependent, const NumberCases& cases, const SimpleRegression& regression) {
+void SaveResiduals(ProcedureRun& run, std::size_t dependent, const NumberCases& cases,
+                   const SimpleRegression& regression) {
   const std::vector<double>& y = cases.variables[0];
   const std::vector<double>& x = cases.variables[1];
   std::vector<double> residuals(y.size());
   for (std::size_t i = 0; i < y.size(); ++i) {
     residuals[i] = y[i] - (regression.intercept.value() + regression.slope.value() * x[i]);
   }
-  const std::size_t target = AddSavedColumn(data, "R-" + data.VariableName(dependent));
-  SaveCaseValues(data, target, cases.accepted, residuals);
+  const std::string name = "R-" + run.data.VariableName(dependent);
+  run.SaveColumn(MakeSavedColumn(name, cases.accepted, residuals), "Save Residuals");
 }
 
 // Takes the values of the cases along, so that a chart of a million points costs no copy.
@@ -147,7 +149,7 @@ bool IsVariable(const DataSet& data, std::size_t column) { return column >= 1 &&
 void RunCorrelation(ProcedureRun& run, const Roles& roles) { RunCorrelationWith(run, roles, {}); }
 
 void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegressionOptions& options) {
-  DataSet& data = run.data;
+  const DataSet& data = run.data;
   const std::array<std::size_t, 2> columns = {roles.main, roles.independent};
   const std::string names = NamesOfPair(data, roles.main, roles.independent);
   if (!IsVariable(data, roles.main) || !IsVariable(data, roles.independent)) {
@@ -162,10 +164,7 @@ void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegre
   }
   const PairResults results = ComputePair(cases, options);
   run.AppendReport(CorrelationReport(source, roles, results, options));
-  if (options.regression && options.save_residuals) {
-    SaveResiduals(data, roles.main, cases, results.regression);
-    RebuildVariableLists(data);
-  }
+  if (options.regression && options.save_residuals) SaveResiduals(run, roles.main, cases, results.regression);
   if (run.wants_charts) LeaveCorrelationCharts(run, roles, std::move(cases));
 }
 

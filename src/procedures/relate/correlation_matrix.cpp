@@ -91,8 +91,8 @@ struct WaitingPairs {
   void MoveInto(CorrelationStore& store) {
     ComputePearsonPs(coefficients);
     for (std::size_t k = 0; k < places.size(); ++k) {
-      PearsonStatistics& pearson = coefficients[k];
-      store.Store(places[k].first, places[k].second, {std::move(pearson.r), pearson.n, std::move(pearson.p)});
+      const PearsonStatistics& pearson = coefficients[k];
+      store.Store(places[k].first, places[k].second, {pearson.r, pearson.n, pearson.p});
     }
     places.clear();
     coefficients.clear();
@@ -175,13 +175,13 @@ std::string MatrixRow(const CorrelationStore& store, std::size_t i, const std::s
     std::string line;
     for (std::size_t j = 0; j < store.size(); ++j) {
       const std::optional<Cell>& cell = store.At(i, j);
-      line += PadLeftBlank(cell ? text(*cell) : TaggedView(), 9) + "|";
+      line += PadLeftBlank(cell ? text(*cell) : std::string(), 9) + "|";
     }
     return line + "\r\n";
   };
-  std::string row = PadLeftBlank(name, 9) + "|" + cells([](const Cell& cell) { return TaggedView(cell.r); });
-  row += "          |" + cells([](const Cell& cell) { return TaggedView(static_cast<double>(cell.n)); });
-  row += "          |" + cells([](const Cell& cell) { return TaggedView(cell.p); });
+  std::string row = PadLeftBlank(name, 9) + "|" + cells([](const Cell& cell) { return ShownR(cell.r); });
+  row += "          |" + cells([](const Cell& cell) { return std::to_string(cell.n); });
+  row += "          |" + cells([](const Cell& cell) { return ShownP(cell.r, cell.p); });
   return row;
 }
 

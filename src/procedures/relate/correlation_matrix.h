@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "data/data_set.h"
+#include "numerics/checked.h"
 #include "procedures/cases/procedure_run.h"
 
 // The correlation matrix: Pearson's coefficient of every pair of the selected variables in a square table. Deletion is
@@ -18,9 +18,9 @@ namespace tessara {
 class CorrelationStore {
  public:
   struct Cell {
-    std::string r;  // under "0.000"
+    Number r;  // rounded to three decimals
     std::size_t n = 0;
-    std::string p;  // under "0.0000", "." for an r of exactly 1
+    std::optional<double> p;
   };
 
   explicit CorrelationStore(std::size_t variables) : size_(variables), cells_(variables * (variables + 1) / 2) {}
@@ -28,7 +28,7 @@ class CorrelationStore {
   std::size_t size() const { return size_; }
   // Nothing while the pair has not been stored: a pair of fewer than two cases never is.
   const std::optional<Cell>& At(std::size_t i, std::size_t j) const { return cells_[Place(i, j)]; }
-  void Store(std::size_t i, std::size_t j, Cell cell) { cells_[Place(i, j)] = std::move(cell); }
+  void Store(std::size_t i, std::size_t j, const Cell& cell) { cells_[Place(i, j)] = cell; }
 
  private:
   static std::size_t Place(std::size_t i, std::size_t j) { return i < j ? j * (j + 1) / 2 + i : i * (i + 1) / 2 + j; }

@@ -134,7 +134,7 @@ void ComputeFit(const Number& n, LogisticModel& model) {
   model.mcfadden = 1 - model.ModelDeviance / model.InitialDeviance;
   model.chi_square = model.InitialDeviance - model.ModelDeviance;
   model.degrees_of_freedom = static_cast<double>(model.Coef.size() - 1);
-  Keep(model.chi_square_p, Masked(ChiSquareP(model.degrees_of_freedom, model.chi_square), "0.0000"));
+  model.chi_square_p = Computed(ChiSquareP(model.degrees_of_freedom, model.chi_square));
 }
 
 std::vector<double> Probabilities(const ModelCases& cases, const std::vector<double>& coefficients, double eta_before) {
@@ -155,11 +155,11 @@ void Classify(const ModelCases& cases, LogisticModel& model) {
     ++table[y[i] == 1 ? 1 : 0][model.probabilities[i] >= .5 ? 1 : 0];
   }
   const auto percent = [](std::size_t correct, std::size_t all) {
-    return Masked(Checked(static_cast<double>(correct)) / static_cast<double>(all) * 100, "0.00");
+    return Computed(Checked(static_cast<double>(correct)) / static_cast<double>(all) * 100);
   };
-  Keep(model.percent_correct[0], percent(table[0][0], table[0][0] + table[0][1]));
-  Keep(model.percent_correct[1], percent(table[1][1], table[1][0] + table[1][1]));
-  Keep(model.percent_correct_overall, percent(table[0][0] + table[1][1], cases.n));
+  model.percent_correct[0] = percent(table[0][0], table[0][0] + table[0][1]);
+  model.percent_correct[1] = percent(table[1][1], table[1][0] + table[1][1]);
+  model.percent_correct_overall = percent(table[0][0] + table[1][1], cases.n);
 }
 
 }  // namespace
@@ -245,7 +245,8 @@ std::string ModelText(const ModelCases& cases, const LogisticOutcomes& outcomes,
   report += "Cox & Snell Rsq           " + FormatCol(model.cox_snell, 12, 3) + "\r\n";
   report += "McFadden Rsq              " + FormatCol(model.mcfadden, 12, 3) + "\r\n";
   report += "Model Chi-Square          " + FormatCol(model.chi_square, 12, 3) + "    df " +
-            TextOf(model.degrees_of_freedom.value()) + "    p< " + model.chi_square_p + "\r\n\r\n";
+            TextOf(model.degrees_of_freedom.value()) + "    p< " + MaskedOrEmpty(model.chi_square_p, "0.0000") +
+            "\r\n\r\n";
   report += "Coefficients\r\n\r\n";
   report += PadLeftBlank("Variable", 12) + PadLeftBlank("b Coeff.", 15) + PadLeftBlank("SE", 11) +
             PadLeftBlank("Wald", 12) + PadLeftBlank("p <", 11) + PadLeftBlank("OR", 10) + "\r\n";
@@ -260,31 +261,32 @@ std::string ModelText(const ModelCases& cases, const LogisticOutcomes& outcomes,
 std::string ClassificationText(const LogisticModel& model) {
   const std::string border = "             +" + DashedRule(11) + "+" + DashedRule(11) + "+\r\n";
   const auto count = [](std::size_t number) { return PadLeftBlank(static_cast<double>(number), 10); };
+  const auto percent = [](const std::optional<double>& share) {
+    return PadLeftBlank(MaskedOrEmpty(share, "0.00"), 10);
+  };
   const auto& table = model.ClassTable;
   std::string text = "\r\n\r\n\r\nClassification Table (.50 cutpoint)\r\n\r\n\r\n";
   text += PadLeftBlank("Predicted Y", 31) + "\r\n";
   text += "Observed Y          0" + PadLeftBlank("1", 11) + "      % Correct\r\n";
   text += border;
-  text += "         0   |" + count(table[0][0]) + "|" + count(table[0][1]) + "|" +
-          PadLeftBlank(model.percent_correct[0], 10) + "\r\n";
+  text += "         0   |" + count(table[0][0]) + "|" + count(table[0][1]) + "|" + percent(model.percent_correct[0]) +
+          "\r\n";
   text += border;
-  text += "         1   |" + count(table[1][0]) + "|" + count(table[1][1]) + "|" +
-          PadLeftBlank(model.percent_correct[1], 10) + "\r\n";
+  text += "         1   |" + count(table[1][0]) + "|" + count(table[1][1]) + "|" + percent(model.percent_correct[1]) +
+          "\r\n";
   text += border;
-  text += "                                Total " + PadLeftBlank(model.percent_correct_overall, 10) + "\r\n\r\n";
+  text += "                                Total " + percent(model.percent_correct_overall) + "\r\n\r\n";
   return text;
 }
 
 // Two new variables without labels. A case that is neither 0 nor 1 has the residual of a 0.
-void SavePredicted(DataSet& data, const ModelCases& cases, const LogisticOutcomes& outcomes,
+void SavePredicted(ProcedureRun& run, const ModelCases& cases, const LogisticOutcomes& outcomes,
                    const LogisticModel& model) {
   std::vector<double> residuals(cases.n);
   for (std::size_t i = 0; i < cases.n; ++i) residuals[i] = outcomes.response[i] - model.probabilities[i];
-  const std::size_t predicted = AddSavedColumn(data, "Pi-" + cases.dependent_name);
-  SaveCaseValues(data, predicted, cases.accepted, model.probabilities);
-  const std::size_t residual = AddSavedColumn(data, "R-" + cases.dependent_name);
-  SaveCaseValues(data, residual, cases.accepted, residuals);
-  RebuildVariableLists(data);
+  constexpr const char* kWhat = "Save Predicted and Residuals";
+  run.SaveColumn(MakeSavedColumn("Pi-" + cases.dependent_name, cases.accepted, model.probabilities), kWhat);
+  run.SaveColumn(MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, residuals), kWhat);
 }
 
 }  // namespace
@@ -297,7 +299,7 @@ void ReportLogistic(ProcedureRun& run, const CaseControl& control, const ModelCa
     return;
   }
   const LogisticModel model = ComputeLogistic(cases, outcomes);
-  if (options.save_predicted) SavePredicted(run.data, cases, outcomes, model);
+  if (options.save_predicted) SavePredicted(run, cases, outcomes, model);
   run.AppendReport(ModelText(cases, outcomes, model, control, options.summary) + ClassificationText(model));
 }
 

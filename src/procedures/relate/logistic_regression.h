@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "numerics/checked.h"
@@ -31,13 +31,14 @@ struct LogisticModel {
   Number InitialDeviance, ModelDeviance;
   int IterationCount = 0;  // the round that found the step small, 201 when none of 200 did
   Number cox_snell, mcfadden, chi_square, degrees_of_freedom;
-  std::string chi_square_p;           // under "0.0000"; empty when it fails
-  std::vector<double> probabilities;  // of each case
+  std::optional<double> chi_square_p;  // nothing when it fails
+  std::vector<double> probabilities;   // of each case
 
-  // Counts and percentages of the predictions at the cut of .5; the observed value comes first.
+  // Counts of the predictions at the cut of .5, the observed value first, and how many percent of a group are correct,
+  // nothing for a group without cases.
   std::array<std::array<std::size_t, 2>, 2> ClassTable{};
-  std::array<std::string, 2> percent_correct;  // under "0.00"
-  std::string percent_correct_overall;
+  std::array<std::optional<double>, 2> percent_correct;
+  std::optional<double> percent_correct_overall;
 };
 
 // Fits the model. A coefficient that diverges, as those of perfectly separated outcomes do, ends nothing.

@@ -1,5 +1,7 @@
 #include "procedures/relate/ols_regression.h"
 
+#include <utility>
+
 #include "numerics/masks.h"
 #include "numerics/probability.h"
 #include "numerics/report_text.h"
@@ -37,7 +39,7 @@ void ComputeFit(const VariableSpread& y, LeastSquaresModel& model) {
   model.adjusted_r_square = (model.r_square - m / (n - 1)) * (n - 1) / (n - 1 - m);
   model.mean_square = model.SSR / m;
   model.f = model.mean_square / model.MSE;
-  Keep(model.f_p, Masked(FDistP(m, model.degrees_of_freedom, model.f), "0.000"));
+  model.f_p = Computed(RoundedBy(FDistP(m, model.degrees_of_freedom, model.f), "0.000"));
   model.standard_error = Sqrt(model.MSE);
 }
 
@@ -103,7 +105,8 @@ std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel&
             PadLeftBlank("F", 10) + PadLeftBlank("p < ", 10) + "\r\n";
   report += rule;
   report += PadLeftBlank("Regression", 12) + FormatCol(model.SSR, 18, 3) + count(model.m) +
-            FormatCol(model.mean_square, 18, 3) + FormatCol(model.f, 11, 3) + FormatCol(model.f_p, 10, 4) + "\r\n";
+            FormatCol(model.mean_square, 18, 3) + FormatCol(model.f, 11, 3) +
+            (model.f_p ? FormatCol(*model.f_p, 10, 4) : FormatCol("NA", 10, 4)) + "\r\n";
   report += PadLeftBlank("Residual", 12) + FormatCol(model.SSE, 18, 3) + count(model.degrees_of_freedom) +
             FormatCol(model.MSE, 18, 3) + "\r\n";
   report += PadLeftBlank("Total", 12) + FormatCol(model.SST, 18, 3) + count(model.n - 1) + "\r\n\r\n";
@@ -121,11 +124,10 @@ std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel&
 namespace {
 
 // A new variable with the label of the dependent one. The cells of excluded cases stay empty.
-void SaveResiduals(DataSet& data, const ModelCases& cases, const LeastSquaresModel& model) {
-  const std::size_t target = AddSavedColumn(data, "R-" + cases.dependent_name);
-  if (!cases.dependent_label.empty()) data.matrix.SetText(kVariableLabelRow, target, cases.dependent_label);
-  SaveCaseValues(data, target, cases.accepted, model.residuals);
-  RebuildVariableLists(data);
+void SaveResiduals(ProcedureRun& run, const ModelCases& cases, const LeastSquaresModel& model) {
+  Column column = MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, model.residuals);
+  if (!cases.dependent_label.empty()) column.Set(kVariableLabelRow, cases.dependent_label);
+  run.SaveColumn(std::move(column), "Save Residuals");
 }
 
 }  // namespace
@@ -133,7 +135,7 @@ void SaveResiduals(DataSet& data, const ModelCases& cases, const LeastSquaresMod
 void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
                         const LeastSquaresOptions& options) {
   const LeastSquaresModel model = ComputeLeastSquares(cases);
-  if (options.save_residuals) SaveResiduals(run.data, cases, model);
+  if (options.save_residuals) SaveResiduals(run, cases, model);
   run.AppendReport(LeastSquaresReport(cases, model, control, options.summary));
 }
 

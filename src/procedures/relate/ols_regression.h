@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,8 @@ struct LeastSquaresModel {
   Number SST, SSE, SSR, MSE;
   Number degrees_of_freedom;  // n - 1 - m
   Number r_square, r, adjusted_r_square, standard_error;
-  Number mean_square, f;   // of the regression
-  std::string f_p = "NA";  // under "0.000"
+  Number mean_square, f;      // of the regression
+  std::optional<double> f_p;  // three decimals
   std::vector<double> residuals;
 };
 

@@ -20,7 +20,7 @@ PearsonStatistics ComputePearsonCoefficient(std::size_t n_cases, const PairSums&
   Number r = result.numerator / Sqrt(result.y_spread * result.x_spread);
   // Beyond 1 by rounding, the root fails and t stays 0 as well.
   if (Abs(r) != 1) result.t = r * Sqrt((n - 2) / (1 - r * r));
-  Keep(result.r, Masked(r, "0.000"));
+  result.r = RoundedBy(r, "0.000");
   return result;
 }
 
@@ -31,10 +31,13 @@ void ComputePearsonPs(std::span<PearsonStatistics> coefficients) {
     values.push_back({.df = static_cast<double>(pearson.n) - 2, .t = pearson.t});
   }
   const std::vector<Checked> ps = TDistPs(values);
-  for (std::size_t i = 0; i < ps.size(); ++i) {
-    Keep(coefficients[i].p, Masked(ps[i], "0.0000"));
-    if (coefficients[i].r == "1.000") coefficients[i].p = ".";  // on +1 alone
-  }
+  for (std::size_t i = 0; i < ps.size(); ++i) coefficients[i].p = Computed(ps[i]);
+}
+
+std::string ShownR(const Number& r) { return MaskedNumber(r.value(), "0.000"); }
+
+std::string ShownP(const Number& r, const std::optional<double>& p) {
+  return r.value() == 1 ? "." : MaskedOrEmpty(p, "0.0000");  // on +1 alone
 }
 
 PearsonStatistics ComputePearson(std::size_t n, const PairSums& sums, PairConstancy constant) {

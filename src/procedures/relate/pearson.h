@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -71,11 +72,15 @@ struct PearsonStatistics {
   Number y_spread;   // n Syy - Sy^2, exactly 0 of a variable whose values are all equal
   Number x_spread;   // n Sxx - Sx^2, likewise
   Number t;
-  std::string r = "0.000";  // rounded, and a text from here on: what is computed from r later takes the rounded one
-  std::string p;            // two-tailed; empty when it fails, "." when the rounded r is exactly 1
+  Number r;                 // rounded to three decimals: what is computed from r later takes the rounded one
+  std::optional<double> p;  // two-tailed; nothing when it fails
 };
 
-// Fails nowhere as a whole. Without spread r stays 0; without degrees of freedom p stays empty. The t of a coefficient
+// As the reports show them. The p of an r of exactly 1 is a point.
+std::string ShownR(const Number& r);
+std::string ShownP(const Number& r, const std::optional<double>& p);
+
+// Fails nowhere as a whole. Without spread r stays 0; without degrees of freedom there is no p. The t of a coefficient
 // of exactly 1 or -1 stays 0, so that the p of -1 is 1.
 PearsonStatistics ComputePearson(std::size_t n, const PairSums& sums, PairConstancy constant);
 

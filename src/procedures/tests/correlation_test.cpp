@@ -205,7 +205,7 @@ TEST(Correlation, AProductOfSpreadsThatOverflowsLeavesRAtZero) {
 
 TEST(Correlation, TIsTakenFromTheUnroundedR) {
   const PearsonStatistics s = Pearson({2.1, 3.9, 6.2, 7.8, 5.5, 9.7}, {1, 2, 4, 3, 5, 7});
-  EXPECT_EQ(s.r, "0.835");
+  EXPECT_EQ(s.r.value(), 0.835);
   EXPECT_NEAR(s.t.value(), 1.0471428571428567 / 0.3456072738747003, 1e-9);  // slope over its error, scipy's linregress
 }
 

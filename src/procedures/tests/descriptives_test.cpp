@@ -6,6 +6,7 @@
 #include <cmath>
 #include <random>
 
+#include "data/change_door.h"
 #include "numerics/number_text.h"
 #include "procedures/tests/test_data.h"
 
@@ -241,7 +242,7 @@ TEST_F(ZScores, StandInANewColumnBehindTheFullData) {
 }
 
 TEST_F(ZScores, TakeTheDictionaryOfTheirSource) {
-  run.data.matrix.SetText(0, 1, "banner");
+  MatrixEditor(run.data).SetText(0, 1, "banner");
   run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   EXPECT_EQ(TextOf(run.data.matrix.Cell(kVariableNameRow, 4)), "Z-X");
@@ -252,8 +253,8 @@ TEST_F(ZScores, TakeTheDictionaryOfTheirSource) {
 }
 
 TEST_F(ZScores, KeepALabelAndDoNotCutTheName) {
-  run.data.matrix.SetText(kVariableLabelRow, 1, "Score");
-  run.data.matrix.SetText(kVariableNameRow, 1, "LONGNAME");
+  MatrixEditor(run.data).SetText(kVariableLabelRow, 1, "Score");
+  MatrixEditor(run.data).SetText(kVariableNameRow, 1, "LONGNAME");
   run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   EXPECT_EQ(run.data.VariableName(4), "Z-LONGNAME");
@@ -261,8 +262,8 @@ TEST_F(ZScores, KeepALabelAndDoNotCutTheName) {
 }
 
 TEST_F(ZScores, OfEqualValuesStayEmpty) {
-  for (const std::size_t record : {1u, 3u, 4u}) run.data.matrix.SetText(kHeaderRowCount + record, 1, "5");
-  run.data.matrix.SetEmpty(kHeaderRowCount + 5, 1);
+  for (const std::size_t record : {1u, 3u, 4u}) MatrixEditor(run.data).SetText(kHeaderRowCount + record, 1, "5");
+  MatrixEditor(run.data).SetEmpty(kHeaderRowCount + 5, 1);
   run.options.descriptives.save_z_scores = true;
   run.Report(RunDescriptives);
   for (std::size_t record = 1; record <= 5; ++record) {
@@ -273,9 +274,9 @@ TEST_F(ZScores, OfEqualValuesStayEmpty) {
 // The report's "not equal to" compares texts, the scores' compares numbers: against 1 the cell 1.0 is in the report
 // only.
 TEST_F(ZScores, TheirNotEqualToComparesNumbers) {
-  run.data.matrix.SetText(kFirstRecordRow, 2, "1.0");
-  run.data.matrix.SetText(kFirstRecordRow + 2, 2, "2");
-  run.data.matrix.SetText(kFirstRecordRow + 3, 2, "x");
+  MatrixEditor(run.data).SetText(kFirstRecordRow, 2, "1.0");
+  MatrixEditor(run.data).SetText(kFirstRecordRow + 2, 2, "2");
+  MatrixEditor(run.data).SetText(kFirstRecordRow + 3, 2, "x");
   run.Control(2, ControlRelation::kNotEqualTo, "1");
   run.options.descriptives.save_z_scores = true;
   const std::string report = run.Report(RunDescriptives);

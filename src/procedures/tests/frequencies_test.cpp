@@ -228,8 +228,11 @@ TEST(Frequencies, AChartLabelHasTheWholeTextAndARoundedPercent) {
   TestRun run({{"X", Texts({"abcdefghijklmnopqrstuvwxyz", "-1", "-1"})}});
   run.Report(RunFrequencies);
   ASSERT_EQ(run.charts.charts.size(), 2u);
-  EXPECT_EQ(run.charts.charts[0].labels,
-            (std::vector<std::string>{"-1  (66.7%)", "abcdefghijklmnopqrstuvwxyz  (33.3%)"}));
+  for (const Chart& chart : run.charts.charts) {
+    EXPECT_EQ(chart.labels, (std::vector<std::string>{"-1", "abcdefghijklmnopqrstuvwxyz"}));
+    EXPECT_EQ(chart.details, (std::vector<std::string>{"66.7%", "33.3%"}));
+    EXPECT_EQ(RowLabel(chart, 0), "-1  (66.7%)");
+  }
 }
 
 TEST(Frequencies, NoChartsUnlessTheyAreWanted) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/cell_block.h"
+#include "data/change_door.h"
 #include "platform/scripted_platform.h"
 
 namespace tessara {
@@ -19,7 +20,7 @@ class RunTest : public testing::Test {
     const char* cells[2][3] = {{"1", "2", "3"}, {"4", "5", "7"}};
     for (std::size_t column = 1; column <= 2; ++column) {
       for (std::size_t record = 0; record < 3; ++record) {
-        data.matrix.SetText(kFirstRecordRow + record, column, cells[column - 1][record]);
+        MatrixEditor(data).SetText(kFirstRecordRow + record, column, cells[column - 1][record]);
       }
     }
   }
@@ -278,7 +279,7 @@ TEST_F(RunTest, ATableOfEachMainVariableWithEachIndependentOne) {
 
 // V2 has three categories, so the first pair ends in the error frame and the second gets its turn.
 TEST_F(RunTest, DiagnosticAccuracyForEachReference) {
-  data.matrix.SetText(kFirstRecordRow + 2, 1, "2");  // V1 holds 1 2 2
+  MatrixEditor(data).SetText(kFirstRecordRow + 2, 1, "2");  // V1 holds 1 2 2
   Select(Procedure::kDiagnostic, {2}, {2, 1});
   const RunOutcome outcome = RunNow();
   EXPECT_TRUE(outcome.aborted);
@@ -440,12 +441,12 @@ TEST_F(RunTest, ARefusalAheadOfTheRunLeavesTheCharts) {
 TEST_F(RunTest, SavedResidualsAreAmongTheVariablesAtOnce) {
   Select(Procedure::kRegression, {1}, {2});
   panel.options.least_squares.save_residuals = true;
-  const std::uint64_t revision = data.Revision;
+  const std::uint64_t revision = data.Revision();
   RunNow();
   EXPECT_EQ(data.VariableCount, kNewVariableCount + 1);
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
   EXPECT_EQ(data.VarList.back().name, "R-V1");
-  EXPECT_GT(data.Revision, revision);
+  EXPECT_GT(data.Revision(), revision);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "data/change_door.h"
 #include "data/data_set.h"
 #include "platform/scripted_platform.h"
 #include "presentation/output_log.h"
@@ -28,19 +29,19 @@ inline DataSet MakeTestData(const std::vector<TestColumn>& columns) {
   std::size_t records = 0;
   for (const TestColumn& column : columns) records = std::max(records, column.cells.size());
   DataSet data;
-  data.matrix = DataMatrix(kFirstRecordRow + records, columns.size());
+  MatrixEditor(data).Replace(DataMatrix(kFirstRecordRow + records, columns.size()));
   data.RecordCount = records;
   data.VariableCount = columns.size();
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const TestColumn& column = columns[i];
-    data.matrix.SetText(kVariableNameRow, i + 1, column.name);
-    if (!column.label.empty()) data.matrix.SetText(kVariableLabelRow, i + 1, column.label);
-    if (!column.missing_spec.empty()) data.matrix.SetText(kMissingSpecRow, i + 1, column.missing_spec);
+    MatrixEditor(data).SetText(kVariableNameRow, i + 1, column.name);
+    if (!column.label.empty()) MatrixEditor(data).SetText(kVariableLabelRow, i + 1, column.label);
+    if (!column.missing_spec.empty()) MatrixEditor(data).SetText(kMissingSpecRow, i + 1, column.missing_spec);
     for (std::size_t slot = 0; slot < column.value_labels.size(); ++slot) {
-      data.matrix.SetText(kFirstValueLabelRow + slot, i + 1, column.value_labels[slot]);
+      MatrixEditor(data).SetText(kFirstValueLabelRow + slot, i + 1, column.value_labels[slot]);
     }
     for (std::size_t record = 0; record < column.cells.size(); ++record) {
-      data.matrix.Set(kFirstRecordRow + record, i + 1, column.cells[record]);
+      MatrixEditor(data).Set(kFirstRecordRow + record, i + 1, column.cells[record]);
     }
   }
   RebuildVariableLists(data);
@@ -103,13 +104,13 @@ struct TestRun {
   template <typename Procedure>
   std::string ReportOf(Procedure procedure) {
     ProcedureRun run{.data = data,
-                     .output = output,
                      .charts = charts,
                      .platform = platform,
                      .control_variable = control_variable,
                      .control = control,
                      .wants_charts = wants_charts};
     procedure(run);
+    FinishRun(run, data, output);
     aborted = run.aborted;
     footnote = run.ChartFootnote;
     std::string text = std::exchange(output.OutputLogText, {});

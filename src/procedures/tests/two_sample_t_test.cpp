@@ -268,8 +268,8 @@ TEST(TTest, APThatCannotBeComputedIsToldAsTheSmallestOne) {
   const TTestSample two{.n = 1, .mean = 7, .squares = 0};
   const TTestResult result = ComputeTTest(one, two);
   EXPECT_EQ(result.equal_df.value(), 0);
-  EXPECT_EQ(result.equal.p, "0.0001");
-  EXPECT_EQ(result.unequal.p, "0.0001");
+  EXPECT_EQ(result.equal.p.value(), 0.0001);
+  EXPECT_EQ(result.unequal.p.value(), 0.0001);
 }
 
 // A sample without spread leaves the degrees of freedom of the other: six cases have 5, which are enough. The figure is
@@ -278,9 +278,9 @@ TEST(TTest, FiveDegreesOfFreedomAreEnough) {
   const TTestSample one{.n = 10, .mean = 10, .squares = 0};
   const TTestSample two{.n = 6, .mean = 8, .squares = 20};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.unequal_df, "5.00");
-  EXPECT_EQ(result.unequal.t, "2.449");
-  EXPECT_EQ(result.unequal.p, "0.0580");
+  EXPECT_EQ(result.unequal_df.value(), 5);
+  EXPECT_EQ(result.unequal.t.value(), 2.449);
+  EXPECT_EQ(result.unequal.p.value(), 0.058);
 }
 
 // The degrees of freedom are 6.5002, which is 6.50 as a text and 6 as an even number: p 0.2410. With 7 it is 0.2344.
@@ -288,20 +288,20 @@ TEST(TTest, DegreesOfFreedomAreRoundedToEvenFromTheirText) {
   const TTestSample one{.n = 6, .mean = 3.5, .squares = 100};
   const TTestSample two{.n = 6, .mean = 1, .squares = 10.842};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.unequal_df, "6.50");
-  EXPECT_EQ(result.unequal.t, "1.301");
-  EXPECT_EQ(result.unequal.p, "0.2410");
+  EXPECT_EQ(result.unequal_df.value(), 6.5);
+  EXPECT_EQ(result.unequal.t.value(), 1.301);
+  EXPECT_EQ(result.unequal.p.value(), 0.241);
 }
 
 TEST(TTest, EqualVariancesPutTheSecondSampleOnTop) {
   const TTestSample one{.n = 5, .mean = 0, .squares = 10};
   const TTestSample two{.n = 10, .mean = 0, .squares = 20};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.f.value(), 1);
-  EXPECT_EQ(result.numerator_df.value(), 9);
-  EXPECT_EQ(result.denominator_df.value(), 4);
-  EXPECT_EQ(result.equal.t, "0.000");
-  EXPECT_EQ(result.equal.p, "1.0000");
+  EXPECT_EQ(result.ratio.f.value(), 1);
+  EXPECT_EQ(result.ratio.numerator_df.value(), 9);
+  EXPECT_EQ(result.ratio.denominator_df.value(), 4);
+  EXPECT_EQ(result.equal.t.value(), 0);
+  EXPECT_EQ(result.equal.p.value(), 1);
 }
 
 // The difference of the means is beyond the range of a double, and so is each square: t keeps 0.
@@ -311,10 +311,10 @@ TEST(TTest, HugeValuesLeaveTheFailingFiguresAtZero) {
   const TTestSample one{.n = 5, .mean = 1e308, .squares = 1e300};
   const TTestSample two{.n = 5, .mean = -1e308, .squares = 1e300};
   const TTestResult result = ComputeTTest(one, two);
-  EXPECT_EQ(result.equal.t, "0.000");
-  EXPECT_EQ(result.equal.p, "1.0000");
-  EXPECT_EQ(result.unequal_df, "0.00");  // the square of a share has failed
-  EXPECT_EQ(result.unequal.p, "0.0001");
+  EXPECT_EQ(result.equal.t.value(), 0);
+  EXPECT_EQ(result.equal.p.value(), 1);
+  EXPECT_EQ(result.unequal_df.value(), 0);  // the square of a share has failed
+  EXPECT_EQ(result.unequal.p.value(), 0.0001);
 }
 
 // The cells 1 of the file are texts; a computed column holds numbers, and one of them is met by its general text.

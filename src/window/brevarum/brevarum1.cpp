@@ -61,7 +61,7 @@ Brevarum1::Brevarum1(QtPlatform& platform, Session& the_session, QWidget* parent
   auto* inside = new QVBoxLayout(page);
   inside->addWidget(BuildKinds());
   auto* second = new QWidget(page);
-  auto* bar = new FlowLayout(second, style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
+  auto* bar = new FlowLayout(second, fontMetrics().height() / 3);
   bar->SetLastAtRight();
   bar->addWidget(BuildSamples());
   bar->addWidget(BuildTabs());

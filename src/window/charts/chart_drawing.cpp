@@ -123,7 +123,7 @@ ChartColours ColoursOfPaper() { return {Qt::white, Qt::black, QColor(0xD8D8D8), 
 
 DrawnChart::DrawnChart(const Chart& chart, const ChartColours& colours, const QFont& type)
     : chart_(chart), colours_(colours) {
-  for (const std::string& label : chart.labels) labels_ += ToQt(label);
+  for (std::size_t row = 0; row < chart.labels.size(); ++row) labels_ += ToQt(RowLabel(chart, row));
   SetAppearance(type);
   if (chart.type == tessara::ChartType::kScatter) {
     AddPoints();

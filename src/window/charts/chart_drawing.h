@@ -82,7 +82,7 @@ class DrawnChart : public QChart {
   void ShowHint(bool hovered, qsizetype row, const QString& series, double value);
   void StyleLabelAxis(QAbstractAxis* axis);
   void FitLabels();
-  void PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room, qsizetype every = 1);
+  void PlaceUprightLabels(const std::function<QStringList(qsizetype)>& parts_of, qreal room, qsizetype every = 1);
   void PlaceSparseLabels(qreal room);
   void ShowCategories(const QStringList& places, int angle);
   QString SharedColumnsTitle() const;

@@ -145,14 +145,14 @@ void DrawnChart::FitLabels() {
   if (sparse_) return PlaceSparseLabels(room);
   const auto widest = [&](auto parts_of) {
     qreal widest_part = 0;
-    for (const QString& label : labels_) {
-      for (const QString& part : parts_of(label)) widest_part = std::max(widest_part, metrics.horizontalAdvance(part));
+    for (qsizetype row = 0; row < labels_.size(); ++row) {
+      for (const QString& part : parts_of(row)) widest_part = std::max(widest_part, metrics.horizontalAdvance(part));
     }
     return widest_part + line * 0.4;
   };
-  const auto whole = [](const QString& label) { return QStringList(label); };
-  const auto wide = [](const QString& label) { return Folded(label, false); };
-  const auto narrow = [](const QString& label) { return Folded(label, true); };
+  const auto whole = [this](qsizetype row) { return QStringList(labels_[row]); };
+  const auto wide = [this](qsizetype row) { return Folded(chart_, row, false); };
+  const auto narrow = [this](qsizetype row) { return Folded(chart_, row, true); };
   if (widest(whole) + line * 0.4 <= room) return PlaceUprightLabels(whole, room);
   if (widest(wide) <= room) return PlaceUprightLabels(wide, room);
   if (widest(narrow) <= room || room >= metrics.averageCharWidth() * kLeastCutLabel) {
@@ -171,13 +171,13 @@ void DrawnChart::FitLabels() {
   ShowCategories(places, -90);
 }
 
-void DrawnChart::PlaceUprightLabels(const std::function<QStringList(const QString&)>& parts_of, qreal room,
+void DrawnChart::PlaceUprightLabels(const std::function<QStringList(qsizetype)>& parts_of, qreal room,
                                     qsizetype every) {
   const QFontMetricsF metrics(font());
   const qreal most = room * static_cast<qreal>(every) - metrics.height() * 0.2;
   QStringList places;
   for (qsizetype i = 0; i < labels_.size(); ++i) {
-    QStringList parts = i % every == every / 2 ? parts_of(labels_[i]) : QStringList();
+    QStringList parts = i % every == every / 2 ? parts_of(i) : QStringList();
     for (QString& part : parts) part = Plain(metrics.elidedText(part, Qt::ElideRight, most));
     places += Distinct(parts.join("<br>"), i + 1);
   }

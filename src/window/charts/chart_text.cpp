@@ -1,5 +1,7 @@
 #include "window/charts/chart_text.h"
 
+#include "window/widgets/text.h"
+
 namespace tessara {
 
 QString Plain(const QString& text) { return text.toHtmlEscaped().replace(QLatin1Char(' '), QChar::Nbsp); }
@@ -10,13 +12,14 @@ QString Distinct(const QString& text, qsizetype number) {
   return text + mark;
 }
 
-QStringList Folded(const QString& label, bool narrow) {
-  const qsizetype percent = label.lastIndexOf(QLatin1String("  ("));
-  if (percent > 0) return {label.left(percent), label.mid(percent + 2)};
-  const qsizetype to = label.indexOf(QLatin1String(" to "));
-  if (to <= 0) return {label};
-  if (narrow) return {label.left(to), "to", label.mid(to + 4)};
-  return {label.left(to + 3), label.mid(to + 4)};
+QStringList Folded(const Chart& chart, qsizetype row, bool narrow) {
+  const auto place = static_cast<std::size_t>(row);
+  const QString label = ToQt(chart.labels[place]);
+  if (place >= chart.details.size()) return {label};
+  const QString detail = ToQt(chart.details[place]);
+  if (chart.type == ChartType::kBars) return {label, "(" + detail + ")"};
+  if (narrow) return {label, "to", detail};
+  return {label + " to", detail};
 }
 
 QString WithoutMark(QString text) { return text.remove(QChar(0x200C)).remove(QChar(0x200D)); }

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "presentation/chart_data.h"
+
 // Texts on a chart's axes.
 
 namespace tessara {
@@ -14,8 +16,8 @@ QString Plain(const QString& text);
 QString Distinct(const QString& text, qsizetype number);
 QString WithoutMark(QString text);
 
-// A label in lines: the category and its percent; an interval's ends, with the "to" on a line of its own where the room
-// is smallest.
-QStringList Folded(const QString& label, bool narrow);
+// The label of a row in lines: the category and its percent; an interval's ends, with the "to" on a line of its own
+// where the room is smallest.
+QStringList Folded(const Chart& chart, qsizetype row, bool narrow);
 
 }  // namespace tessara

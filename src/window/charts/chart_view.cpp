@@ -16,13 +16,12 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent) {
   setFrameShape(QFrame::NoFrame);
   setRenderHint(QPainter::Antialiasing);
   viewport()->setMouseTracking(true);  // for the hints over bars
-  FollowFont(this, [this] { setMinimumSize(fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 9); });
   words_ = new HintLabel(QPalette::Text, viewport());
   words_->setObjectName("EmptyText");
   words_->setAlignment(Qt::AlignCenter);
   words_->setWordWrap(true);
   words_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  SetLow(false);
+  FollowFont(this, [this] { SetLow(low_); });
   ShowNothing({});
 }
 

@@ -11,6 +11,7 @@
 #include "window/charts/chart_view.h"
 #include "window/system/qt_platform.h"
 #include "window/widgets/hint_label.h"
+#include "window/widgets/scrolled.h"
 #include "window/widgets/theme.h"
 
 namespace tessara {
@@ -21,11 +22,14 @@ Charts1::Charts1(QtPlatform& platform, Session& the_session, QWidget* parent)
   hint_ = new HintLabel(QPalette::WindowText, this);
   hint_->setText(tr("Double-click a chart, or press Enter, to enlarge, print, copy or save it."));
   hint_->setObjectName("Hint");
+  hint_->setWordWrap(true);
   const int gap = fontMetrics().height() / 2;
-  grid_ = new QGridLayout;
+  auto* page = new QWidget(this);
+  grid_ = new QGridLayout(page);
+  grid_->setContentsMargins(0, 0, 0, 0);
   grid_->setSpacing(gap);
   for (std::size_t i = 0; i < views_.size(); ++i) {
-    views_[i] = new ChartView(this);
+    views_[i] = new ChartView(page);
     views_[i]->setObjectName(QString("MSChart%1").arg(i + 1));
     connect(views_[i], &ChartView::Opened, this, [this, i] { OpenChart(i); });
     connect(views_[i], &ChartView::CopyAsked, this, [this, i] { CopyView(i); });
@@ -35,7 +39,7 @@ Charts1::Charts1(QtPlatform& platform, Session& the_session, QWidget* parent)
   layout->setContentsMargins(gap, gap, gap, gap);
   layout->setSpacing(gap);
   layout->addWidget(hint_);
-  layout->addLayout(grid_, 1);
+  layout->addWidget(new Scrolled(page, this), 1);
   ArrangeViews(0);
 }
 

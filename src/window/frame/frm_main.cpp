@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
-#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -43,8 +42,6 @@ constexpr int kLargeIcon = 32;
 constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
 
-int Pixels(int twips) { return twips / kTwipsPerPixel; }
-
 PageText GlossaryPage() {
   return {"view-list-text", QObject::tr("Glossary"),
           QObject::tr("A glossary of statistical terms has its place here, one note for each term, which you can "
@@ -55,17 +52,6 @@ PageText HandbookPage() {
   return {"documentation", QObject::tr("Handbook"),
           QObject::tr("The research methods handbook has its place here: short chapters on design, sampling and the "
                       "choice of a procedure.")};
-}
-
-// Whether enough of a window is in sight to take hold of it.
-bool OnSomeScreen(const QRect& window) {
-  constexpr int kHold = 48;
-  const QRect hold(window.topLeft(), QSize(window.width(), kHold));
-  for (const QScreen* screen : QGuiApplication::screens()) {
-    const QRect seen = screen->availableGeometry().intersected(hold);
-    if (seen.width() >= kHold && seen.height() >= kHold / 2) return true;
-  }
-  return false;
 }
 
 // The data file of a drag, if it brings one.
@@ -91,14 +77,14 @@ class FrmMain::Busy {
 };
 
 FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& start)
-    : platform_(platform), store_(store), session_(platform, store) {
+    : platform_(platform), session_(platform, store), place_(*this, store, platform, session_.settings) {
   setObjectName("frmMain");
   setAcceptDrops(true);
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
   UseHintsOfPalette();
   setWindowIcon(LogoIcon(palette()));
-  BoundLeastSize();
+  place_.BoundLeastSize();
   setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
   if (start.splash) {
     splash_ = std::make_unique<FrmSplash2>();
@@ -121,7 +107,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
   ApplyZoom();
   ApplyAppearance();
-  RestorePlace();
+  place_.Restore();
   NoteRecentFile();
   TabChanged();
   StartTimers(start);
@@ -355,9 +341,7 @@ void FrmMain::Perform(WidgetAction action) {
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
-      showNormal();
-      resize(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
-      return;
+      return place_.UseDefaultSize();
     case WidgetAction::kRefreshHelpLists:
       return help_pane_->RefreshLists();
     case WidgetAction::kToggleHelpPane:
@@ -444,36 +428,7 @@ void FrmMain::ShowTitle() {
 void FrmMain::ApplyAppearance() {
   const bool large = session_.settings.Op13 == 1;
   bars_->UseIconSize(large ? kLargeIcon : kSmallIcon);
-  ReadFrameSize(session_.settings, store_);
-  const FrameSize size = FrameSizeToApply(session_.settings);
-  if (!isMaximized() && !isFullScreen()) resize(Pixels(size.width), Pixels(size.height));
-}
-
-// A place that no screen shows any more is left to the window system; a maximised window knows the size to go back to.
-void FrmMain::RestorePlace() {
-  const auto place = WindowPlaceOf(store_.Read(std::string(kWindowPlaceSetting)).value_or(""));
-  if (!place) return;
-  const QRect frame(place->x, place->y, place->width, place->height);
-  if (OnSomeScreen(frame)) move(frame.topLeft());
-  if (!place->maximised) return;
-  resize(frame.size().expandedTo(minimumSize()));
-  setWindowState(windowState() | Qt::WindowMaximized);
-}
-
-// On a small screen the frame may be made as small as that.
-void FrmMain::BoundLeastSize() {
-  const QSize least(Pixels(kMinFrameWidth), Pixels(kMinFrameHeight));
-  setMinimumSize(least.boundedTo(screen()->availableSize()));
-}
-
-void FrmMain::StorePlace() {
-  session_.settings.Op7 = isMinimized() ? kMinimisedHeight : height() * kTwipsPerPixel;
-  session_.settings.Op8 = width() * kTwipsPerPixel;
-  WriteSetting(store_, platform_, "Op7", std::to_string(session_.settings.Op7));
-  WriteSetting(store_, platform_, "Op8", std::to_string(session_.settings.Op8));
-  const QRect usual = isMaximized() || isFullScreen() ? normalGeometry() : QRect(pos(), size());
-  const WindowPlace place = {usual.x(), usual.y(), usual.width(), usual.height(), isMaximized()};
-  WriteSetting(store_, platform_, std::string(kWindowPlaceSetting), WindowPlaceText(place));
+  place_.ApplySize();
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -488,7 +443,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     RefreshCommands();
     return;
   }
-  StorePlace();
+  place_.Store();
   timer1_->stop();
   timer2_->stop();
   splash_.reset();

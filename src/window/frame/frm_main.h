@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "shell/session.h"
+#include "window/frame/frame_place.h"
 #include "window/widgets/view_form.h"
 
 class QLabel;
@@ -86,18 +87,14 @@ class FrmMain : public QMainWindow {
   void ShowHelpOfView();
   void AddViewKeys();
   void ApplyZoom();
-  void BoundLeastSize();
   void ShowAbout();
   void NoteRecentFile();
-  void RestorePlace();
-  // The size in force as told by Op7 and Op8, and where the window stands.
-  void StorePlace();
   void ShowTitle();
   WidgetState State() const;
 
   QtPlatform& platform_;
-  SettingsStore& store_;
   Session session_;
+  FramePlace place_;
   std::map<View, QPointer<ViewForm>> views_;
   QTabWidget* workspace_ = nullptr;
   QTimer* timer1_ = nullptr;

@@ -92,9 +92,7 @@ void Data1::BuildInfoStrip() {
 }
 
 void Data1::ShowSession() {
-  if (!model_->Refresh()) return;
-  grid_->ShowData();
-  ShowInfo();
+  if (grid_->ShowChanges()) ShowInfo();
 }
 
 void Data1::ShowInfo() {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <cstdint>
 
 #include "data/data_set.h"
+#include "window/widgets/pending_changes.h"
 
 // The Data Grid's face of the data matrix: records from row 16 on as rows, variables as columns, the names as column
 // headings and the record numbers as row headings. Nothing is copied; a cell is read when it is painted.
@@ -16,8 +16,13 @@ class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(const DataSet& data, QObject* parent = nullptr);
 
-  // Looks at the data set again; does nothing when neither shape nor revision has changed. True when it has looked.
-  bool Refresh();
+  enum class Outcome {
+    kNothing,     // nothing has changed
+    kChanges,     // the views have been told of what has changed, and of nothing else
+    kEverything,  // other data: the model has been reset
+  };
+  // Looks at the data set again.
+  Outcome Refresh();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -26,15 +31,29 @@ class GridModel : public QAbstractTableModel {
 
   // The text of a cell as the system's bytes; rows and columns from 0.
   std::string CellText(int row, int column) const;
+  // Its length, without a copy of a text.
+  std::size_t CellLength(int row, int column) const;
 
  private:
+  TaggedView CellAt(int row, int column) const;
   QVariant ValueLabelTip(const QModelIndex& index) const;
+  // The matrix column of a grid column; 0 when it has gone.
+  std::size_t MatrixColumn(int column) const {
+    return changes_.Column(static_cast<std::size_t>(column) + 1).value_or(0);
+  }
+
+  void Tell(const ChangeNote& note);
+  void TellCells(const ChangeExtent& extent);
+  void InsertColumns(int first, int count);
+  void RemoveColumns(int first, int count);
+  void InsertRows(int first, int count);
+  void RemoveRows(int first, int count);
 
   const DataSet& data_;
   // The shape that the views have been told of: the data set may already have another one.
   int records_ = 0;
   int variables_ = 0;
-  std::uint64_t revision_ = 0;
+  PendingChanges changes_;
 };
 
 }  // namespace tessara

@@ -124,10 +124,45 @@ void GridView::MeasureRows() {
   hint_->setMargin(fontMetrics().height());
 }
 
+void GridView::setModel(QAbstractItemModel* grid_model) {
+  QTableView::setModel(grid_model);
+  connect(grid_model, &QAbstractItemModel::columnsInserted, this,
+          [this](const QModelIndex&, int first, int last) { ApplyWidths(first, last); });
+}
+
 void GridView::ShowData() {
   showing_ = true;
   ApplyColours();
-  ApplyWidths();
+  ApplyWidths(0, model()->columnCount() - 1);
+  ShowCursor();
+  showing_ = false;
+  PlaceHint();
+}
+
+bool GridView::ShowChanges() {
+  showing_ = true;  // the cursor of the data set is not the view's to move meanwhile
+  const GridModel::Outcome outcome = static_cast<GridModel*>(model())->Refresh();
+  showing_ = false;
+  if (outcome == GridModel::Outcome::kNothing) return false;
+  if (outcome == GridModel::Outcome::kEverything) {
+    ShowData();
+    return true;
+  }
+  ApplyColours();
+  showing_ = true;
+  if (shown_cursor_ != std::pair(data_.CurrentRow, data_.CurrentColumn)) {
+    ShowCursor();  // the operation has moved it
+  } else if (data_.CurrentRow > 0 && data_.CurrentColumn > 0 && currentIndex().isValid()) {
+    data_.CurrentRow = static_cast<std::size_t>(currentIndex().row()) + 1;  // cells ahead of it came or went
+    data_.CurrentColumn = static_cast<std::size_t>(currentIndex().column()) + 1;
+    shown_cursor_ = {data_.CurrentRow, data_.CurrentColumn};
+  }
+  showing_ = false;
+  return true;
+}
+
+void GridView::ShowCursor() {
+  shown_cursor_ = {data_.CurrentRow, data_.CurrentColumn};
   const int row = static_cast<int>(data_.CurrentRow) - 1;
   const int column = static_cast<int>(data_.CurrentColumn) - 1;
   const QModelIndex cursor = model()->index(std::max(row, 0), std::max(column, 0));
@@ -135,8 +170,8 @@ void GridView::ShowData() {
     selectionModel()->setCurrentIndex(cursor, QItemSelectionModel::ClearAndSelect);
     scrollTo(cursor);
   }
-  showing_ = false;
-  PlaceHint();
+  horizontalHeader()->viewport()->update();
+  verticalHeader()->viewport()->update();
 }
 
 void GridView::ApplyColours() {
@@ -148,17 +183,17 @@ void GridView::ApplyColours() {
   setPalette(own);
 }
 
-void GridView::ApplyWidths() {
+void GridView::ApplyWidths(int first, int last) {
   const auto* grid = static_cast<const GridModel*>(model());
   const int character = fontMetrics().averageCharWidth();
   const int least = std::max(kDefaultColumnTwips / kTwipsPerPixel, character * 9);
   QFont bold = font();
   bold.setBold(true);
   const QFontMetrics heading(bold);
-  for (int column = 0; column < grid->columnCount(); ++column) {
+  for (int column = first; column <= last; ++column) {
     std::size_t widest = 0;
     for (int row = 0; row < std::min(grid->rowCount(), kRecordsMeasured); ++row) {
-      widest = std::max(widest, grid->CellText(row, column).size());
+      widest = std::max(widest, grid->CellLength(row, column));
     }
     const int characters = std::min(static_cast<int>(std::min<std::size_t>(widest, 1000)), kMostColumnCharacters);
     const QString name = grid->headerData(column, Qt::Horizontal).toString();
@@ -186,6 +221,7 @@ std::string GridView::SelectedBlock() const {
 void GridView::MoveCursor(std::size_t row, std::size_t column) {
   data_.CurrentRow = row;
   data_.CurrentColumn = column;
+  shown_cursor_ = {row, column};
   horizontalHeader()->viewport()->update();
   verticalHeader()->viewport()->update();
   emit CursorMoved();
@@ -239,7 +275,7 @@ void GridView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) ApplyColours();
   if (event->type() == QEvent::FontChange && hint_ && model()) {
     MeasureRows();
-    ApplyWidths();
+    ApplyWidths(0, model()->columnCount() - 1);
     PlaceHint();
   }
 }

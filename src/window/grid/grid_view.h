@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QTableView>
+#include <utility>
 
 #include "data/data_set.h"
 
@@ -42,13 +43,17 @@ class GridView : public QTableView {
  public:
   explicit GridView(DataSet& data_set, QWidget* parent = nullptr);
 
-  // Takes widths, colours and cursor from the data set, after the model has been reset.
+  // Shows a data set from its beginning: widths, colours and cursor.
   void ShowData();
+  // Looks at the data set again and shows what has changed: selection, scroll position and widths stay where they can,
+  // and only new columns are measured. False when nothing has changed.
+  bool ShowChanges();
   // The selected block: tabs between cells, CR between rows; empty without a selection.
   std::string SelectedBlock() const;
   // A hint in the middle of an empty grid; empty for none.
   void ShowHint(const QString& hint);
 
+  void setModel(QAbstractItemModel* grid_model) override;
   void keyboardSearch(const QString& search) override;
 
  signals:
@@ -65,13 +70,15 @@ class GridView : public QTableView {
  private:
   void MoveCursor(std::size_t row, std::size_t column);
   void ApplyColours();
-  void ApplyWidths();
+  void ApplyWidths(int first, int last);
+  void ShowCursor();
   void MeasureRows();
   void PlaceHint();
 
   DataSet& data_;
   QLabel* hint_;
   bool showing_ = false;
+  std::pair<std::size_t, std::size_t> shown_cursor_;  // row and column, as the data set had them
 };
 
 }  // namespace tessara

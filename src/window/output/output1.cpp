@@ -15,6 +15,8 @@
 #include "presentation/print_pages.h"
 #include "window/output/text_page.h"
 #include "window/system/qt_platform.h"
+#include "window/widgets/flow_layout.h"
+#include "window/widgets/follow_font.h"
 #include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
@@ -65,7 +67,10 @@ QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButt
   button->setText(caption);
   button->setFocusPolicy(Qt::StrongFocus);
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  button->setMinimumWidth(button->sizeHint().width());  // never cut, whatever room there is
+  FollowFont(button, [button] {  // never cut, whatever room there is
+    button->setMinimumWidth(0);
+    button->setMinimumWidth(button->sizeHint().width());
+  });
   group->addButton(button);
   return button;
 }
@@ -79,20 +84,29 @@ QToolButton* Output1::MakeTool(QAction* action) {
   return button;
 }
 
+// Both texts to the left, the tools to the right or, in a narrow window, below.
 QWidget* Output1::MakeHead() {
   auto* head = new QWidget(this);
-  auto* layout = new QHBoxLayout(head);
+  auto* layout = new QVBoxLayout(head);
   const int gap = fontMetrics().height() / 3;
   layout->setContentsMargins(gap, gap, gap, gap);
+  auto* bar = new QWidget(head);
+  auto* flow = new FlowLayout(bar, gap);
+  flow->SetLastAtRight();
+  flow->addWidget(MakeSwitches());
+  flow->addWidget(MakeTools());
+  layout->addWidget(bar);
+  return head;
+}
 
+QWidget* Output1::MakeSwitches() {
+  auto* switches = new QWidget(this);
+  auto* layout = new FlowLayout(switches, 0);
   auto* group = new QButtonGroup(this);
   most_recent_ = MakeSwitch("ShowMostRecent", tr("Most Recent Output"), group);
   log_ = MakeSwitch("ShowOutputLog", tr("Output Log"), group);
-  auto* switches = new QHBoxLayout;
-  switches->setSpacing(0);
-  switches->addWidget(most_recent_);
-  switches->addWidget(log_);
-  layout->addLayout(switches);
+  layout->addWidget(most_recent_);
+  layout->addWidget(log_);
   // A press on the text that does not show asks for the command that toggles.
   connect(most_recent_, &QToolButton::clicked, this, [this] {
     if (session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
@@ -100,8 +114,12 @@ QWidget* Output1::MakeHead() {
   connect(log_, &QToolButton::clicked, this, [this] {
     if (!session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
   });
-  layout->addStretch();
+  return switches;
+}
 
+QWidget* Output1::MakeTools() {
+  auto* tools = new QWidget(this);
+  auto* layout = new FlowLayout(tools, fontMetrics().height() / 3);
   QAction* find = MakeAction("FindText", "edit-find", tr("Find in Output (Ctrl+F)"));
   QAction* smaller = MakeAction("ZoomOut", "list-remove", tr("Smaller Type (Ctrl+-)"));
   QAction* larger = MakeAction("ZoomIn", "list-add", tr("Larger Type (Ctrl++)"));
@@ -117,7 +135,10 @@ QWidget* Output1::MakeHead() {
   zoom_->setAutoRaise(true);
   zoom_->setFocusPolicy(Qt::TabFocus);
   zoom_->setToolTip(tr("Usual Size (Ctrl+0)"));
-  zoom_->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + fontMetrics().height() / 2);
+  FollowFont(zoom_, [this] {
+    const QFontMetrics type = zoom_->fontMetrics();
+    zoom_->setMinimumWidth(type.horizontalAdvance("400 %") + type.height() / 2);
+  });
   connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
   layout->addWidget(MakeTool(find));
   layout->addWidget(MakeTool(smaller));
@@ -125,7 +146,7 @@ QWidget* Output1::MakeHead() {
   layout->addWidget(MakeTool(larger));
   layout->addWidget(MakeTool(preview_));
   layout->addWidget(MakeTool(pdf_));
-  return head;
+  return tools;
 }
 
 QWidget* Output1::MakeFindBar() {

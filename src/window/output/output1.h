@@ -37,6 +37,8 @@ class Output1 : public ViewForm {
 
  private:
   QWidget* MakeHead();
+  QWidget* MakeSwitches();
+  QWidget* MakeTools();
   QWidget* MakeFindBar();
   QToolButton* MakeSwitch(const char* name, const QString& caption, QButtonGroup* group);
   QToolButton* MakeTool(QAction* action);

@@ -8,7 +8,6 @@
 #include <QPdfPageNavigator>
 #include <QPdfView>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -18,6 +17,7 @@
 #include "presentation/print_pages.h"
 #include "window/system/qt_platform.h"
 #include "window/widgets/theme.h"
+#include "window/widgets/zoom.h"
 
 namespace tessara {
 namespace {
@@ -43,7 +43,7 @@ DocumentView::DocumentView(QWidget* parent) : QWidget(parent) {
   layout->addWidget(MakeBar());
   layout->addWidget(view_, 1);
   setFocusProxy(view_);
-  AddKeys();
+  Zoom::LeaveTo(this);
   FitWidth();
   connect(view_->pageNavigator(), &QPdfPageNavigator::currentPageChanged, this, &DocumentView::ShowPlace);
   ShowPlace();
@@ -76,18 +76,6 @@ QWidget* DocumentView::MakeBar() {
   add("DocumentFits", "zoom-fit-width", tr("As wide as the window (Ctrl+0)"), [this] { FitWidth(); });
   add("DocumentLarger", "zoom-in", tr("Larger (Ctrl++)"), [this] { ZoomStep(1); });
   return bar;
-}
-
-void DocumentView::AddKeys() {
-  const auto key = [this](const QKeySequence& keys, auto act) {
-    auto* made = new QShortcut(keys, this);
-    made->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(made, &QShortcut::activated, this, act);
-  };
-  key(Qt::CTRL | Qt::Key_Plus, [this] { ZoomStep(1); });
-  key(Qt::CTRL | Qt::Key_Equal, [this] { ZoomStep(1); });
-  key(Qt::CTRL | Qt::Key_Minus, [this] { ZoomStep(-1); });
-  key(Qt::CTRL | Qt::Key_0, [this] { FitWidth(); });
 }
 
 bool DocumentView::Open(const QString& file) {
@@ -130,6 +118,11 @@ void DocumentView::ZoomStep(int steps) {
   }
   view_->setZoomMode(QPdfView::ZoomMode::Custom);
   view_->setZoomFactor(std::clamp(zoom * std::pow(kZoomStep, steps), kLeastZoom, kMostZoom));
+}
+
+void DocumentView::ZoomBy(int steps) {
+  if (steps == 0) return FitWidth();
+  ZoomStep(steps);
 }
 
 void DocumentView::FitWidth() { view_->setZoomMode(QPdfView::ZoomMode::FitToWidth); }

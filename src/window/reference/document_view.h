@@ -30,13 +30,14 @@ class DocumentView : public QWidget {
   void GoToPage(int page);
   void ZoomStep(int steps);
   void FitWidth();
+  // The keys and the wheel of the window's own zoom: 0 for the width of the window.
+  Q_INVOKABLE void ZoomBy(int steps);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QWidget* MakeBar();
-  void AddKeys();
   void ShowPlace();
   bool TakeKey(const QKeyEvent& event);
 

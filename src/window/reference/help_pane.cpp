@@ -216,7 +216,9 @@ void HelpPane::Print() {
   browser_->PrintPage();
 }
 
-bool HelpPane::Shows(std::string_view page) const { return browser_->source().toString().endsWith(ToQt(page)); }
+bool HelpPane::Shows(std::string_view page) const {
+  return shown_->currentWidget() == browser_ && browser_->source().toString().endsWith(ToQt(page));
+}
 
 void HelpPane::RefreshLists() { FillLabels(); }
 

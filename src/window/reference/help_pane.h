@@ -27,9 +27,9 @@ class HelpPane : public QDockWidget {
   HelpPane(QtPlatform& platform, Session& session, QWidget* parent);
 
   void ShowPage(std::string_view page);
+  bool Shows(std::string_view page) const;
   // A PDF document in the place of the page. False when it cannot be shown; the page stays then.
   bool ShowDocument(const QString& file);
-  bool Shows(std::string_view page) const;
   // The lists anew, when the documents of the program folder have been looked for again.
   void RefreshLists();
   // Prints the page or the document that the browser shows.

@@ -1,9 +1,12 @@
 #include "window/stat_procs/control_box.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QDropEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QTimer>
+#include <algorithm>
 
 #include "window/stat_procs/variable_lists.h"
 #include "window/widgets/follow_font.h"
@@ -103,7 +106,7 @@ void ControlBox::AddRelation(std::size_t place, QGridLayout* layout) {
   FollowFont(value, [value] { value->setMinimumWidth(value->fontMetrics().averageCharWidth() * kCharactersOfAValue); });
   values_[place] = value;
   layout->addWidget(value, row, column + 1);
-  if (relation.number) connect(value, &QLineEdit::editingFinished, this, [this, place] { CheckNumber(place); });
+  if (relation.number) value->installEventFilter(this);
   connect(value, &QLineEdit::textEdited, this, &ControlBox::Changed);
 }
 
@@ -134,14 +137,39 @@ void ControlBox::EnableFields() {
   }
 }
 
-void ControlBox::CheckNumber(std::size_t place) {
-  if (refusing_) return;  // the box takes the focus away, which ends the entry once more
-  refusing_ = true;
-  if (!AcceptControlNumber(platform_, FromQt(values_[place]->text()))) {
-    values_[place]->setFocus();
-    values_[place]->selectAll();
+// A number's field that is left is looked at, but not where a run follows at once, which refuses by itself: Enter stays
+// in the field, and a press of the mouse may be one on Run.
+bool ControlBox::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    const bool leaves = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                        reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
+    const auto place = static_cast<std::size_t>(std::ranges::find(values_, watched) - values_.begin());
+    if (leaves && place < kRelations) CheckLater(place);
   }
-  refusing_ = false;
+  return QWidget::eventFilter(watched, event);
+}
+
+void ControlBox::CheckLater(std::size_t place) {
+  constexpr int kButtonDown = 50;  // milliseconds
+  const bool down = QApplication::mouseButtons() != Qt::NoButton;
+  QTimer::singleShot(down ? kButtonDown : 0, this, [this, place] {
+    if (QApplication::mouseButtons() != Qt::NoButton) return CheckLater(place);
+    CheckNumber(place);
+  });
+}
+
+void ControlBox::CheckNumber(std::size_t place) {
+  QLineEdit* value = values_[place];
+  const bool left = value->isVisible() && value->isEnabled() && !value->hasFocus();
+  if (left && !AcceptControlNumber(platform_, FromQt(value->text()))) FocusValue();
+}
+
+void ControlBox::FocusValue() {
+  const std::size_t place = Selected();
+  if (place == kRelations || !values_[place]) return;
+  values_[place]->setFocus();
+  values_[place]->selectAll();
 }
 
 void ControlBox::Show(const ControlChoice& choice) {

@@ -44,13 +44,17 @@ class ControlBox : public QWidget {
   void Show(const ControlChoice& choice);
   // Selects none and empties all fields.
   void Clear();
-  // The choice as it stands; a value that must be a number and is not one is refused on the way.
+  // The choice as it stands; a value that must be a number and is not one is for the run to refuse.
   ControlChoice Choice();
+  void FocusValue();
   // What the choice says behind the variable's name: "greater than 30"; empty without one.
   QString Words() const;
 
  signals:
   void Changed();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   static constexpr std::size_t kRelations = 6;
@@ -58,6 +62,7 @@ class ControlBox : public QWidget {
   void AddRelation(std::size_t place, QGridLayout* layout);
   void Clicked(std::size_t place);
   void CheckNumber(std::size_t place);
+  void CheckLater(std::size_t place);
   void EnableFields();
   void Fill(const ControlChoice& choice);
   // The place of the selected relation; kRelations for none.
@@ -69,7 +74,6 @@ class ControlBox : public QWidget {
   std::array<QLineEdit*, kRelations> values_{};  // nullptr where a relation has none
   ControlChoice known_;
   bool selected_at_press_ = false;
-  bool refusing_ = false;
 };
 
 }  // namespace tessara

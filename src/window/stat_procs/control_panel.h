@@ -24,6 +24,8 @@ class ControlPanel : public QGroupBox {
   void ShowSession();
   void StoreWidgets();
   void FocusFirst() { picker_->list()->setFocus(); }
+  // The field of the control's value.
+  void FocusValue() { relation_->FocusValue(); }
   // The control variable with its relation in words; empty without one.
   QString ControlWords() const;
 

@@ -43,13 +43,6 @@ bool IsLeft(Face face) {
   return face == Face::kControlPanel || face == Face::kGridStatistics || face == Face::kProjectNotes;
 }
 
-// Whether the run goes through the independent variables. Frequencies crosstabulate by those that another procedure has
-// left, with no list for them; a matrix of correlations has no use for the second list.
-bool Compares(const ProcedurePanel& panel, const ProcedureRow& row) {
-  const bool matrix = panel.selected == Procedure::kCorrelation && panel.checks.Check2;
-  return panel.selected == Procedure::kFrequencies || (!row.second_heading.empty() && !matrix);
-}
-
 // "AGE, SEX, SMOKE and 4 more"
 QString Names(const DataSet& data, const std::vector<std::size_t>& columns) {
   QStringList names;
@@ -181,8 +174,8 @@ void StatProc1::ShowSession() {
   example_->ShowPanel(session().panel);
   notes_->ShowData();
   const DataSet& shown = session().data;
-  if (statistics_of_ != shown.Revision) statistics_->ShowData(shown);
-  statistics_of_ = shown.Revision;
+  if (statistics_of_ != shown.Revision()) statistics_->ShowData(shown);
+  statistics_of_ = shown.Revision();
   ShowSummary();
 }
 
@@ -214,7 +207,7 @@ void StatProc1::ShowSummary() {
   } else {
     text = ToQt(FindProcedureRow(panel.selected)->caption) + ": " + Names(shown, panel.SelectedVariables);
     if (!panel.IndependentVariables.empty()) {
-      text += (Compares(panel, *row) ? " by " : ", without ") + Names(shown, panel.IndependentVariables);
+      text += (RunUsesIndependents(panel) ? " by " : ", without ") + Names(shown, panel.IndependentVariables);
     }
   }
   if (!control.isEmpty()) text += QString::fromUtf8("  \u00B7  Control: ") + control;
@@ -298,6 +291,13 @@ void StatProc1::FocusFirst() {
   } else {
     FocusFace(face_);
   }
+}
+
+// A run that the control's value has stopped leaves the keyboard with that value.
+void StatProc1::FocusInput() {
+  if (!ControlValueIsRefused(session().panel, session().data)) return;
+  if (!IsFaceShown(Face::kControlPanel)) ShowFace(Face::kControlPanel);
+  control_panel_->FocusValue();
 }
 
 // Of the edit commands, select all and copy act on the text that has the focus.

@@ -35,6 +35,7 @@ class StatProc1 : public ViewForm {
   void ShowSession() override;
   void StoreWidgets() override;
   void FocusFirst() override;
+  void FocusInput() override;
   void Perform(WidgetAction action) override;
 
   void ShowFace(Face face);

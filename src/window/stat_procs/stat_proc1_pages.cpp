@@ -47,10 +47,8 @@ StatisticsPage::StatisticsPage(QWidget* parent)
 void StatisticsPage::ShowData(const DataSet& data_set) {
   const DataStatistics statistics = RefreshDataStatistics(data_set);
   for (std::size_t i = 0; i < captions_.size(); ++i) {
-    const QString label = ToQt(statistics.labels[i]);
-    const qsizetype value = label.indexOf(": ") + 2;
-    captions_[i]->setText(label.left(value));
-    values_[i]->setText(label.mid(value));
+    captions_[i]->setText(ToQt(statistics.lines[i].caption));
+    values_[i]->setText(ToQt(statistics.lines[i].value));
   }
   usage_->setValue(qRound(statistics.usage_bar));
 }

@@ -35,26 +35,52 @@ constexpr Qt::ItemFlags kVariableFlags =
 }  // namespace
 
 AllVariablesModel::AllVariablesModel(const DataSet& data, QObject* parent)
-    : QAbstractListModel(parent),
-      data_(data),
-      count_(static_cast<int>(data.VarList.size())),
-      revision_(data.Revision) {}
+    : QAbstractListModel(parent), data_(data), count_(static_cast<int>(data.VarList.size())), changes_(data) {}
 
 void AllVariablesModel::Refresh() {
   const int count = static_cast<int>(data_.VarList.size());
-  if (count == count_ && revision_ == data_.Revision) return;
-  beginResetModel();
-  count_ = count;
-  revision_ = data_.Revision;
-  endResetModel();
+  if (count == count_ && changes_.IsUpToDate()) return;
+  if (!changes_.TakeUp()) {
+    beginResetModel();
+    count_ = count;
+    endResetModel();
+    return;
+  }
+  while (!changes_.empty()) Tell(changes_.Next());
+  if (count_ != count) {  // the list has been rebuilt for another reason
+    beginResetModel();
+    count_ = count;
+    endResetModel();
+  }
+  if (count_ > 0) emit dataChanged(index(0), index(count_ - 1));  // a name or a label may be another one
+}
+
+// A list's row is the column's number.
+void AllVariablesModel::Tell(const ChangeNote& note) {
+  const int first = static_cast<int>(note.extent.first_column);
+  const int count = static_cast<int>(note.extent.column_count);
+  if (note.kind == ChangeKind::kColumnsAdded && count > 0) {
+    beginInsertRows({}, first, first + count - 1);
+    changes_.Tell();
+    count_ += count;
+    endInsertRows();
+  } else if (note.kind == ChangeKind::kColumnsRemoved && count > 0) {
+    beginRemoveRows({}, first, first + count - 1);
+    changes_.Tell();
+    count_ -= count;
+    endRemoveRows();
+  } else {
+    changes_.Tell();
+  }
 }
 
 int AllVariablesModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count_; }
 
 QVariant AllVariablesModel::data(const QModelIndex& index, int role) const {
-  const std::size_t row = static_cast<std::size_t>(index.row());
-  if (!index.isValid() || row >= data_.VarList.size()) return {};
-  const ListedVariable& variable = data_.VarList[row];
+  if (!index.isValid()) return {};
+  const auto row = index.row() == 0 ? 0 : changes_.Column(static_cast<std::size_t>(index.row()));
+  if (!row || *row >= data_.VarList.size()) return {};
+  const ListedVariable& variable = data_.VarList[*row];
   return role == Qt::DisplayRole ? QVariant(ToQt(variable.name)) : VariableData(data_, variable.column, role);
 }
 
@@ -77,13 +103,17 @@ bool VariableFilter::filterAcceptsRow(int row, const QModelIndex& parent) const 
 
 ChosenVariablesModel::ChosenVariablesModel(const DataSet& data, const std::vector<std::size_t>& columns,
                                            QObject* parent)
-    : QAbstractListModel(parent), data_(data), columns_(columns), shown_(columns), revision_(data.Revision) {}
+    : QAbstractListModel(parent), data_(data), columns_(columns), shown_(columns), revision_(data.Revision()) {}
 
 void ChosenVariablesModel::Refresh() {
-  if (shown_ == columns_ && revision_ == data_.Revision) return;
+  if (shown_ == columns_ && revision_ == data_.Revision()) return;
+  revision_ = data_.Revision();
+  if (shown_ == columns_) {  // the same variables; their names or labels may be others
+    if (!shown_.empty()) emit dataChanged(index(0), index(static_cast<int>(shown_.size()) - 1));
+    return;
+  }
   beginResetModel();
   shown_ = columns_;
-  revision_ = data_.Revision;
   endResetModel();
 }
 

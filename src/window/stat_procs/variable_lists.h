@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/data_set.h"
+#include "window/widgets/pending_changes.h"
 
 // Lists of variables as models on the data set: twenty thousand variables cost a list no more than the rows it shows.
 
@@ -30,9 +31,11 @@ class AllVariablesModel : public QAbstractListModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
+  void Tell(const ChangeNote& note);
+
   const DataSet& data_;
   int count_ = 0;
-  std::uint64_t revision_ = 0;
+  PendingChanges changes_;
 };
 
 // The variables whose name or label holds the typed text; "None" stands in the unfiltered list only.

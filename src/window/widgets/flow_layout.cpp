@@ -26,7 +26,9 @@ std::vector<FlowLayout::Row> FlowLayout::RowsWithin(int width) const {
   std::vector<Row> rows;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (items_[i]->isEmpty()) continue;
-    const QSize wanted = items_[i]->sizeHint();
+    QSize wanted = items_[i]->sizeHint();
+    // One that flows itself takes more rows of its own.
+    if (wanted.width() > width && items_[i]->hasHeightForWidth()) wanted = {width, items_[i]->heightForWidth(width)};
     if (rows.empty() || rows.back().width + gap_ + wanted.width() > width) {
       rows.push_back({i, i + 1, wanted.width(), wanted.height()});
       continue;

@@ -7,15 +7,18 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "shell/settings.h"
+
 namespace tessara {
 namespace {
 
+constexpr char kOwnZoom[] = "zoomOfItsOwn";
 constexpr int kStep = 10;
 constexpr int kWheelNotch = 120;
 
 int KeptPercent(const SettingsStore& store) {
-  const int kept = QString::fromStdString(store.Read(kZoomSetting).value_or("")).toInt();
-  return kept == 0 ? Zoom::kUsual : std::clamp(kept, Zoom::kLeast, Zoom::kMost);
+  const int kept = QString::fromStdString(store.Read(std::string(kZoomSetting)).value_or("")).toInt();
+  return kept < kLeastZoom || kept > kMostZoom ? Zoom::kUsual : kept;
 }
 
 }  // namespace
@@ -34,29 +37,42 @@ void Zoom::AddAction(const char* name, const QString& text, const QList<QKeySequ
   action->setObjectName(name);
   action->setShortcuts(keys);
   window_->addAction(action);
-  connect(action, &QAction::triggered, this, [this, steps] { Step(steps); });
+  connect(action, &QAction::triggered, this, [this, steps] { StepAt(QApplication::focusWidget(), steps); });
 }
 
 void Zoom::Set(int percent) {
-  percent = std::clamp(percent, kLeast, kMost);
+  percent = std::clamp(percent, kLeastZoom, kMostZoom);
   if (percent == percent_) return;
   percent_ = percent;
-  store_.Write(kZoomSetting, std::to_string(percent));  // a store that refuses keeps the size for this run alone
+  store_.Write(std::string(kZoomSetting),
+               std::to_string(percent));  // a store that refuses keeps the size for this run alone
   emit Changed(percent);
 }
 
 void Zoom::Step(int steps) { Set(steps == 0 ? kUsual : (percent_ / kStep + steps) * kStep); }
 
+void Zoom::LeaveTo(QWidget* widget) { widget->setProperty(kOwnZoom, true); }
+
+void Zoom::StepAt(QWidget* place, int steps) {
+  for (; place; place = place->parentWidget()) {
+    if (place->property(kOwnZoom).toBool()) {
+      QMetaObject::invokeMethod(place, "ZoomBy", Q_ARG(int, steps));
+      return;
+    }
+  }
+  Step(steps);
+}
+
 // The wheel is taken ahead of the texts, which would enlarge themselves alone.
 bool Zoom::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Wheel) return false;
   const auto* wheel = static_cast<QWheelEvent*>(event);
-  const auto* widget = qobject_cast<QWidget*>(watched);
+  auto* widget = qobject_cast<QWidget*>(watched);
   if (!widget || widget->window() != window_ || wheel->modifiers() != Qt::ControlModifier) return false;
   wheel_rest_ += wheel->angleDelta().y();
   const int notches = wheel_rest_ / kWheelNotch;
   wheel_rest_ %= kWheelNotch;
-  if (notches != 0) Step(notches);
+  if (notches != 0) StepAt(widget, notches);
   event->accept();
   return true;
 }

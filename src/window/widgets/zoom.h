@@ -10,19 +10,18 @@ class QWidget;
 
 namespace tessara {
 
-inline constexpr const char* kZoomSetting = "Zoom";  // percent; 0 or none for the usual size
-
 // The size of type in the views of a window: Ctrl+Plus, Ctrl+Minus, Ctrl+0, and Ctrl with the wheel. It is kept from
 // one start to the next.
 class Zoom : public QObject {
   Q_OBJECT
 
  public:
-  static constexpr int kUsual = 100;
-  static constexpr int kLeast = 40;
-  static constexpr int kMost = 400;
+  static constexpr int kUsual = 100;  // percent
 
   Zoom(SettingsStore& store, QWidget* window);
+
+  // While the keyboard or the pointer is in this widget, its invokable ZoomBy(int steps) is called instead.
+  static void LeaveTo(QWidget* widget);
 
   int percent() const { return percent_; }
   void Set(int percent);
@@ -36,6 +35,7 @@ class Zoom : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void StepAt(QWidget* place, int steps);
   void AddAction(const char* name, const QString& text, const QList<QKeySequence>& keys, int steps);
 
   SettingsStore& store_;
