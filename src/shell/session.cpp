@@ -116,8 +116,8 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 RunOutcome RunPanel(Session& session) {
-  FollowPanel(session);
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
+  FollowPanel(session);  // a variable that the run has added may be chosen next
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
   return outcome;
