@@ -207,9 +207,11 @@ bool CopyDataFiles(const Path& from, const Path& to) {
   return !error && !failed && copied > 0;
 }
 
-bool IsFolder(const Path& path) {
+// At the start the path is the folder of data files, there or not, also behind a file that was named then.
+bool HasPathOfItsOwn(const DataSet& data) {
   std::error_code ignored;
-  return std::filesystem::is_directory(path, ignored);
+  return !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !WereNamedAtTheStart(data) &&
+         !std::filesystem::is_directory(data.DataFilePath, ignored);
 }
 
 }  // namespace
@@ -249,10 +251,12 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   return LoadOutcome::kLoaded;
 }
 
+bool WereNamedAtTheStart(const DataSet& data) {
+  return !data.LoadedFile.empty() && data.GridTitle == FromUtf8(PathToUtf8(data.LoadedFile));
+}
+
 SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
-  // At the start the path is the folder of data files, also behind a file of the command line.
-  const bool has_name = !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !IsFolder(data.DataFilePath);
-  if (!has_name) return SaveOutcome::kNoName;
+  if (!HasPathOfItsOwn(data)) return SaveOutcome::kNoName;
   switch (WriteAndSettle(data, platform, data.DataFilePath, selected_variables)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
@@ -280,7 +284,11 @@ SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, 
   return SaveOutcome::kSaved;
 }
 
-void NewDataFile(DataSet& data) { ApplyChange(data, ReplaceData(EmptyContents(), "New")); }
+void NewDataFile(DataSet& data) {
+  DataContents contents = EmptyContents();
+  contents.DataFileTitle = data.DataFileTitle;  // stays
+  ApplyChange(data, ReplaceData(std::move(contents), "New"));
+}
 
 void RepairSampleFiles(Platform& platform) {
   const Answer answer =

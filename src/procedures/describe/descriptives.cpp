@@ -192,10 +192,7 @@ void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOp
     LeaveDescriptiveCharts(run, data.VariableName(column), std::move(cases.values));
     run.charts.summary = ShortSummary(source, column, statistics);
   }
-  if (options.save_z_scores) {
-    SaveZScores(run, source, column, statistics);
-    RebuildVariableLists(data);
-  }
+  if (options.save_z_scores) SaveZScores(run, source, column, statistics);
 }
 
 }  // namespace tessara
