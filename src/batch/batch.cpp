@@ -77,15 +77,26 @@ class BatchRun {
   BatchStatus Run() {
     NoteInputs();
     if (options_.output && !PrepareOutput()) return status_;
-    RunAll();
-    stream_.PrintNews();
-    if (options_.output) WriteOutput();
+    Step([&] { RunAll(); });
+    Step([&] { stream_.PrintNews(); });
+    if (options_.output) Step([&] { WriteOutput(); });
     if (stream_.write_failed()) Fail("standard output cannot be written");
     return status_;
   }
 
  private:
   bool Going() const { return status_ != BatchStatus::kNotUnderstood; }
+
+  // A step of the run itself, so that no lack of memory keeps the log from being written.
+  template <typename Work>
+  void Step(Work work) {
+    Note(WithinMemory(batch_,
+                      [&] {
+                        work();
+                        return Done();
+                      }),
+         kProgramName);
+  }
 
   void Note(const CommandResult& result, std::string_view place) {
     status_ = std::max(status_, result.status);

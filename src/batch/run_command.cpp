@@ -21,6 +21,7 @@ CommandResult RunFreshly(Batch& batch, const CommandRow& command, const CommandW
   batch.platform.answer = Answer::kYes;
   batch.platform.refused = false;
   CommandResult result = command.run(batch, words);
+  FollowPanel(batch.session);
   if (result.status == BatchStatus::kAllWell && batch.platform.refused) result.status = BatchStatus::kRefused;
   batch.stream.PrintNews();
   return result;

@@ -11,6 +11,7 @@
 #include "numerics/code_page.h"
 #include "numerics/number_text.h"
 #include "platform/files.h"
+#include "platform/folder_names.h"
 
 namespace tessara {
 namespace {
@@ -192,19 +193,20 @@ bool IsDataFileName(const Path& name) {
 
 // Copies the data files of a folder over those of another one. False when one fails, or there is none.
 bool CopyDataFiles(const Path& from, const Path& to) {
-  std::error_code error;
+  const auto names = NamesInFolder(from);
+  if (!names) return false;
   int copied = 0;
   bool failed = false;
-  for (std::filesystem::directory_iterator entry(from, error), end; !error && entry != end; entry.increment(error)) {
+  for (const Path& name : *names) {
     std::error_code ignored;
-    if (!IsDataFileName(entry->path()) || entry->is_directory(ignored)) continue;
-    if (CopyFileOver(entry->path(), to / entry->path().filename())) {
+    if (!IsDataFileName(name) || std::filesystem::is_directory(from / name, ignored)) continue;
+    if (CopyFileOver(from / name, to / name)) {
       ++copied;
     } else {
       failed = true;
     }
   }
-  return !error && !failed && copied > 0;
+  return !failed && copied > 0;
 }
 
 // At the start the path is the folder of data files, there or not, also behind a file that was named then.

@@ -50,13 +50,6 @@ Path Absolute(const Path& path) {
   return error ? path : whole;
 }
 
-// The lists and the control of the panel go with their variables.
-void FollowPanel(Session& session) {
-  if (const auto lost = FollowData(session.panel, session.data)) {
-    session.platform.ShowNote("the control variable " + *lost + " was reset");
-  }
-}
-
 }  // namespace
 
 void StartSession(Session& session, const Path& command_line_file) {
@@ -115,9 +108,15 @@ void SetProjectNotes(Session& session, std::string notes) {
   MarkChanged(session.data);
 }
 
+void FollowPanel(Session& session) {
+  if (const auto lost = FollowData(session.panel, session.data)) {
+    session.platform.ShowNote("the control variable " + *lost + " was reset");
+  }
+}
+
 RunOutcome RunPanel(Session& session) {
-  FollowPanel(session);
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
+  FollowPanel(session);  // a variable that the run has added may be chosen next
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
   return outcome;

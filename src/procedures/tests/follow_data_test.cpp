@@ -37,6 +37,16 @@ class FollowDataTest : public testing::Test {
     EXPECT_EQ(panel.control.value, "");
   }
 
+  // Another data set, as a load brings it.
+  void Load(const std::vector<TestColumn>& columns) {
+    const DataSet other = MakeTestData(columns);
+    DataContents contents = EmptyContents();
+    contents.matrix = other.matrix;
+    contents.RecordCount = other.RecordCount;
+    contents.VariableCount = other.VariableCount;
+    ASSERT_TRUE(ApplyChange(data, ReplaceData(std::move(contents), "Open")));
+  }
+
   std::optional<std::string> Follow() { return FollowData(panel, data); }
 
   DataSet data;
@@ -143,10 +153,10 @@ TEST_F(FollowDataTest, ANewNameOfTheControlIsRemembered) {
   ASSERT_TRUE(ApplyChange(data, CellChange(kVariableNameRow, 2, "YEARS", "Heading")));
   EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
-  data = MakeTestData({{"A"}, {"YEARS"}});
+  Load({{"A"}, {"YEARS"}});
   EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
-  data = MakeTestData({{"A"}, {"AGE"}});
+  Load({{"A"}, {"AGE"}});
   EXPECT_EQ(Follow(), "YEARS");
 }
 
