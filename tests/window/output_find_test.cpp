@@ -25,8 +25,7 @@ class OutputFindTest : public QObject {
 
   void AddReport(const std::string& report) {
     BeginRun(Output());
-    Output().ReportText = report;
-    AppendReport(Output());
+    AppendReport(Output(), report);
   }
   void ShowOutput(const std::string& report) {
     AddReport(report);

@@ -20,8 +20,7 @@ class SettingsKeysTest : public QObject {
   void AddReport() {
     OutputLog& output = window().session().output;
     BeginRun(output);
-    output.ReportText = "A report\r\n";
-    AppendReport(output);
+    AppendReport(output, "A report\r\n");
     window().ShowView(View::ViewOutput);
   }
   std::string PrintedPage() {
