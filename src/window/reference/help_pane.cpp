@@ -20,11 +20,11 @@ namespace {
 constexpr std::size_t kDocumentation = 0;
 constexpr int kPaneColumns = 34;
 
-struct Document {
+struct ListedDocument {
   const char* caption;
   std::size_t place;  // among kDocumentFiles
 };
-constexpr Document kDocuments[] = {
+constexpr ListedDocument kDocuments[] = {
     {"User Manual", 0}, {"Student Workbook", 1}, {"Methods Handbook", 2}, {"Brochure", 3}, {"Student Discount", 4}};
 
 // What the maker has to say stands on pages of the Help folder.
@@ -155,7 +155,7 @@ void HelpPane::FillLabels() {
 std::vector<HelpPane::Item> HelpPane::Items(std::size_t heading) const {
   std::vector<Item> items;
   if (heading == kDocumentation) {
-    for (const Document& document : kDocuments) {
+    for (const ListedDocument& document : kDocuments) {
       if (!session_.documentation_found[document.place]) continue;
       items.push_back({QString::fromLatin1(document.caption), kDocumentFiles[document.place]});
     }
