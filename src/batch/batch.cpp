@@ -5,6 +5,7 @@
 #include <fstream>
 #include <new>
 #include <optional>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -76,19 +77,26 @@ class BatchRun {
   BatchStatus Run() {
     NoteInputs();
     if (options_.output && !PrepareOutput()) return status_;
-    try {
-      RunAll();
-    } catch (const std::bad_alloc&) {
-      Fail("out of memory");
-    }
-    stream_.PrintNews();
-    if (options_.output) WriteOutput();
+    Step([&] { RunAll(); });
+    Step([&] { stream_.PrintNews(); });
+    if (options_.output) Step([&] { WriteOutput(); });
     if (stream_.write_failed()) Fail("standard output cannot be written");
     return status_;
   }
 
  private:
   bool Going() const { return status_ != BatchStatus::kNotUnderstood; }
+
+  // A step of the run itself, so that no lack of memory keeps the log from being written.
+  template <typename Work>
+  void Step(Work work) {
+    Note(WithinMemory(batch_,
+                      [&] {
+                        work();
+                        return Done();
+                      }),
+         kProgramName);
+  }
 
   void Note(const CommandResult& result, std::string_view place) {
     status_ = std::max(status_, result.status);
@@ -98,23 +106,34 @@ class BatchRun {
   void Fail(std::string what) { Note(NotUnderstood(std::move(what)), kProgramName); }
 
   void RunAll() {
-    if (options_.data_file) Note(OpenPath(batch_, *options_.data_file), kProgramName);
+    if (options_.data_file) {
+      Note(WithinMemory(batch_, [&] { return OpenPath(batch_, *options_.data_file); }), kProgramName);
+    }
     if (Going() && options_.script) RunScript(*options_.script);
     if (Going() && options_.command) Note(RunCommand(batch_, *options_.command, options_.words), kProgramName);
   }
 
   void RunScript(const std::string& name) {
-    const auto text = ReadScript(name, streams_.in);
-    if (!text) return Fail(Quoted(name) + " cannot be opened");
+    std::optional<std::string> text;
+    Note(WithinMemory(batch_,
+                      [&] {
+                        text = ReadScript(name, streams_.in);
+                        return text ? Done() : NotUnderstood(Quoted(name) + " cannot be opened");
+                      }),
+         kProgramName);
+    if (!text) return;
     ScriptLines lines(*text);
     while (Going()) {
       const auto line = lines.Next();
       if (!line) return;
       if (IsSilentLine(*line)) continue;
-      const auto words = SplitWords(*line);
-      Note(words ? RunCommand(batch_, *words) : NotUnderstood("a quote is not closed"),
-           name + ":" + std::to_string(lines.number()));
+      Note(WithinMemory(batch_, [&] { return RunLine(*line); }), name + ":" + std::to_string(lines.number()));
     }
+  }
+
+  CommandResult RunLine(std::string_view line) {
+    const auto words = SplitWords(line);
+    return words ? RunCommand(batch_, *words) : NotUnderstood("a quote is not closed");
   }
 
   void NoteInputs() {
@@ -192,10 +211,11 @@ int RunBatch(std::span<const std::string> arguments, const BatchStreams& streams
   try {
     return static_cast<int>(RunOptions(ReadCommandLine(arguments), streams));
   } catch (const std::bad_alloc&) {
-    std::fputs("tessara-cli: out of memory\n", streams.err);  // nothing is left to make a text of
-    std::fflush(streams.err);
-    return static_cast<int>(BatchStatus::kNotUnderstood);
+  } catch (const std::length_error&) {
   }
+  std::fputs("tessara-cli: out of memory\n", streams.err);
+  std::fflush(streams.err);
+  return static_cast<int>(BatchStatus::kNotUnderstood);
 }
 
 }  // namespace tessara

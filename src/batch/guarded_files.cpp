@@ -28,6 +28,9 @@ bool StartsLikeBanner(std::string_view text) {
   return IsCount(line.substr(0, first_blank)) && IsCount(line.substr(first_blank + 1, second_blank - first_blank - 1));
 }
 
+// Data without a filled cell are saved as empty lines, sixteen of them.
+bool IsEmptyDataFile(std::string_view start) { return start.find_first_not_of("\r\n") == start.npos; }
+
 }  // namespace
 
 bool IsSameFile(const Path& a, const Path& b) {
@@ -57,7 +60,7 @@ bool MaySaveDataOver(const Path& path) {
   std::string start(kStartOfBanner, '\0');
   file.read(start.data(), static_cast<std::streamsize>(start.size()));
   start.resize(static_cast<std::size_t>(file.gcount()));
-  return start.empty() || StartsLikeBanner(start);
+  return IsEmptyDataFile(start) || StartsLikeBanner(start);
 }
 
 }  // namespace tessara

@@ -54,32 +54,35 @@ void LogStream::Flush() {
   if (std::fflush(out_) != 0) NoteFailure();
 }
 
-void LogStream::WriteHeld(std::string_view held_text) {
-  if (closed_ || held_text.empty()) return;
-  while (!held_text.empty()) {
-    const std::string_view piece = held_text.substr(0, PieceLength(held_text));
-    held_text.remove_prefix(piece.size());
-    if (form_ == LogForm::kBytes) {
-      Write(piece);
-    } else {
-      const std::string text = TerminalText(piece);
-      Write(to_terminal_ ? WithVisibleControls(text) : text);
-    }
-  }
-  Flush();
+void LogStream::WritePiece(std::string_view piece) {
+  if (form_ == LogForm::kBytes) return Write(piece);
+  const std::string text = TerminalText(piece);
+  Write(to_terminal_ ? WithVisibleControls(text) : text);
 }
 
 void LogStream::PrintNews() {
   if (!log_) return;
   const std::string_view text = log_->OutputLogText;
   if (text.size() < printed_) printed_ = 0;  // the log has been replaced
-  WriteHeld(text.substr(printed_));
-  printed_ = text.size();
+  if (printed_ == text.size()) return;
+  while (printed_ < text.size()) {
+    const std::string_view rest = text.substr(printed_);
+    const std::string_view piece = rest.substr(0, PieceLength(rest));
+    WritePiece(piece);
+    printed_ += piece.size();  // behind it: a piece that could not be converted is still to be printed
+  }
+  Flush();
 }
 
 void LogStream::PrintText(std::string_view held_text) {
   PrintNews();
-  WriteHeld(held_text);
+  if (held_text.empty()) return;
+  while (!held_text.empty()) {
+    const std::string_view piece = held_text.substr(0, PieceLength(held_text));
+    WritePiece(piece);
+    held_text.remove_prefix(piece.size());
+  }
+  Flush();
 }
 
 void LogStream::PrintPage(std::string_view utf8) {

@@ -38,7 +38,7 @@ class LogStream {
   bool write_failed() const { return write_failed_; }
 
  private:
-  void WriteHeld(std::string_view held_text);
+  void WritePiece(std::string_view piece);
   void Write(std::string_view text);
   void Flush();
   void NoteFailure();

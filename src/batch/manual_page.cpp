@@ -41,7 +41,7 @@ std::string Synopsis(std::string_view synopsis) {
       ++end;
     }
     if (end == at) {
-      result += Escaped(synopsis.substr(at++, 1));
+      result += synopsis[at++];
       continue;
     }
     const bool stands_for_another = std::isupper(static_cast<unsigned char>(synopsis[at])) != 0;

@@ -1,6 +1,5 @@
 #include "batch/run_command.h"
 
-#include <new>
 #include <string_view>
 
 #include "batch/commands/commands.h"
@@ -22,6 +21,7 @@ CommandResult RunFreshly(Batch& batch, const CommandRow& command, const CommandW
   batch.platform.answer = Answer::kYes;
   batch.platform.refused = false;
   CommandResult result = command.run(batch, words);
+  FollowPanel(batch.session);
   if (result.status == BatchStatus::kAllWell && batch.platform.refused) result.status = BatchStatus::kRefused;
   batch.stream.PrintNews();
   return result;
@@ -35,21 +35,21 @@ Batch::Batch(LogStream& the_stream, std::optional<std::uint64_t> seed)
   if (!session.output.ShowLogMode) ToggleOutputMode(session.output);  // print means the log, not the latest run
 }
 
-CommandResult RunCommand(Batch& batch, std::span<const std::string> line) try {
-  const CommandRow* command = FindCommand(line.front());
-  if (!command) return NotUnderstood(UnknownCommand(line.front()));
-  return RunCommand(batch, *command, ParseWords(command->options, WordOrder::kAnywhere, line.subspan(1)));
-} catch (const std::bad_alloc&) {
-  return NotUnderstood("out of memory");
+CommandResult RunCommand(Batch& batch, std::span<const std::string> line) {
+  return WithinMemory(batch, [&] {
+    const CommandRow* command = FindCommand(line.front());
+    if (!command) return NotUnderstood(UnknownCommand(line.front()));
+    return RunCommand(batch, *command, ParseWords(command->options, WordOrder::kAnywhere, line.subspan(1)));
+  });
 }
 
-CommandResult RunCommand(Batch& batch, const CommandRow& command, const CommandWords& words) try {
-  const std::string wrong = WrongWords(command, words);
-  CommandResult result = wrong.empty() ? RunFreshly(batch, command, words) : NotUnderstood(wrong);
-  if (result.status == BatchStatus::kNotUnderstood) result.error = std::string(command.name) + ": " + result.error;
-  return result;
-} catch (const std::bad_alloc&) {
-  return NotUnderstood("out of memory");
+CommandResult RunCommand(Batch& batch, const CommandRow& command, const CommandWords& words) {
+  return WithinMemory(batch, [&] {
+    const std::string wrong = WrongWords(command, words);
+    CommandResult result = wrong.empty() ? RunFreshly(batch, command, words) : NotUnderstood(wrong);
+    if (result.status == BatchStatus::kNotUnderstood) result.error = std::string(command.name) + ": " + result.error;
+    return result;
+  });
 }
 
 }  // namespace tessara

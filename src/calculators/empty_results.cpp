@@ -28,7 +28,7 @@ std::string EmptyTwoMeans() {
 
 std::string EmptyManyMeans() {
   ManyMeansTest test;
-  test.p_text = "0.000";
+  test.p = 0;
   return ManyMeansShortReport(test);
 }
 

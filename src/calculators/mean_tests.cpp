@@ -18,9 +18,7 @@ void TestEqualVariances(const SampleSpread& one, const SampleSpread& two, TwoMea
   test.df = PooledDf(one, two);
   const Number error = PooledError(one, two);
   test.t = (test.mean1 - test.mean2) / error;
-  const Checked p = TDistP(test.df, test.t);
-  Keep(test.p_text, Masked(p, "0.000"));
-  test.p = p;
+  test.p = Computed(TDistP(test.df, test.t));
 }
 
 void TestUnequalVariances(const SampleSpread& one, const SampleSpread& two, TwoMeansTest& test) {
@@ -28,12 +26,9 @@ void TestUnequalVariances(const SampleSpread& one, const SampleSpread& two, TwoM
   test.unequal_t = (test.mean1 - test.mean2) / WelchError(one, two);
   if (test.unequal_df < 5) {
     test.unequal_err = true;
-    test.unequal_text = "Err";
     return;
   }
-  const Checked p = TDistP(Floor(test.unequal_df), test.unequal_t);
-  Keep(test.unequal_text, Masked(p, "0.000"));
-  test.unequal_p = p;
+  test.unequal_p = Computed(TDistP(Floor(test.unequal_df), test.unequal_t));
 }
 
 void TestHomogeneity(TwoMeansTest& test) {
@@ -42,7 +37,7 @@ void TestHomogeneity(TwoMeansTest& test) {
 }
 
 // A p of 0 is shown as 0.0001, and so is one that could not be computed.
-Number ShownP(const Number& p) { return p.value() == 0 ? Number(0.0001) : p; }
+double ShownP(const std::optional<double>& p) { return p.value_or(0) == 0 ? 0.0001 : *p; }
 
 std::string DegreesText(const TwoMeansTest& test) {
   return "DF= (" + GeneralText(test.ratio.numerator_df.value()) + ", " +
@@ -65,7 +60,7 @@ std::string OneMeanLines(const OneMeanTest& test) {
   lines += "Std Deviation   " + FormatCol(test.deviation, 18, 4) + "\r\n";
   lines += "Sample Size (n) " + FormatCol(test.n, 13, 0) + "\r\n";
   lines += "Test statistic  " + FormatCol(test.t, 18, 4) + "\r\n";
-  lines += "            p < " + FormatCol(test.p, 18, 4);
+  lines += "            p < " + FormatCol(test.p.value_or(0), 18, 4);
   return lines;
 }
 
@@ -158,7 +153,8 @@ std::string TwoMeansShortReport(const TwoMeansTest& test) {
 }
 
 std::string TwoMeansNarrative(const TwoMeansTest& test) {
-  return DifferenceNarrative("Two-Sample T-Test", test.f_p >= 0.05 ? test.p_text : test.unequal_text,
+  const std::string unequal_p = test.unequal_err ? "Err" : MaskedOrEmpty(test.unequal_p, "0.000");
+  return DifferenceNarrative("Two-Sample T-Test", test.f_p >= 0.05 ? MaskedOrEmpty(test.p, "0.000") : unequal_p,
                              " between the two independent sample means.");
 }
 
@@ -173,9 +169,7 @@ std::optional<OneMeanTest> ComputeOneMean(const OneMeanBoxes& boxes) {
   const Number error = test.deviation / Sqrt(test.n);
   test.t = (test.mean - test.population_mean) / error;
   if (df <= 0) return std::nullopt;
-  const Checked p = TDistP(df, test.t);
-  Keep(test.p_text, Masked(p, "0.000"));
-  test.p = p;
+  test.p = Computed(TDistP(df, test.t));
   return test;
 }
 
@@ -188,7 +182,8 @@ std::string OneMeanShortReport(const OneMeanTest& test) {
 }
 
 std::string OneMeanNarrative(const OneMeanTest& test) {
-  return DifferenceNarrative("One-Sample T-Test", test.p_text, " between the sample and population mean.");
+  return DifferenceNarrative("One-Sample T-Test", MaskedOrEmpty(test.p, "0.000"),
+                             " between the sample and population mean.");
 }
 
 Calculation MeanTests(const TwoMeansBoxes& two, const OneMeanBoxes& one, Samples posted) {
@@ -228,7 +223,7 @@ std::optional<ManyMeansTest> ComputeManyMeans(const ManyMeansBoxes& boxes) {
   test.within_square = test.within / test.df2;
   test.f = RoundedBy(test.between_square / test.within_square, "0.00");
   // The p-value belongs to the F that is printed.
-  Keep(test.p_text, Masked(FDistP(test.df1, test.df2, test.f), "0.000"));
+  test.p = Computed(RoundedBy(FDistP(test.df1, test.df2, test.f), "0.000"));
   return test;
 }
 
@@ -253,7 +248,8 @@ std::string ManyMeansReport(const ManyMeansTest& test) {
             FormatCol(test.total_df, 17, 0) + "\r\n\r\n";
   report += "                   F Statistic          p <\r\n";
   report += "                 ---------------      -------\r\n";
-  report += Blanks(15) + FormatCol(test.f, 18, 2) + "  " + FormatCol(test.p_text, 18, 2) + "\r\n\r\n\r\n";
+  report += Blanks(15) + FormatCol(test.f, 18, 2) + "  " + (test.p ? FormatCol(*test.p, 18, 2) : FormatCol("", 18, 2)) +
+            "\r\n\r\n\r\n";
   return report;
 }
 
@@ -267,12 +263,12 @@ std::string ManyMeansShortReport(const ManyMeansTest& test) {
             FormatCol(test.within_square, 14, 2) + "\r\n";
   report +=
       "  Total" + FormatCol(Number(test.between + test.within), 18, 2) + FormatCol(test.total_df, 5, 0) + "\r\n\r\n";
-  report += "      F Statistic = " + MaskedNumber(test.f.value(), "0.00") + "    p < " + test.p_text;
+  report += "      F Statistic = " + MaskedNumber(test.f.value(), "0.00") + "    p < " + MaskedOrEmpty(test.p, "0.000");
   return report;
 }
 
 std::string ManyMeansNarrative(const ManyMeansTest& test) {
-  return DifferenceNarrative("ANOVA", test.p_text,
+  return DifferenceNarrative("ANOVA", MaskedOrEmpty(test.p, "0.000"),
                              " among the " + std::to_string(test.k) + " independent sample means.");
 }
 

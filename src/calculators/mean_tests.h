@@ -28,13 +28,12 @@ struct TwoMeansTest {
   Number n1, n2, mean1, mean2, deviation1, deviation2;
   std::string label1, label2;  // as they head their columns
 
-  Number t, df, p;     // of equal variances
-  std::string p_text;  // the same p with three decimals; empty when there is none
-  Number unequal_t;    // of unequal variances
-  Number unequal_df;   // two decimals; below 5 there is no p
-  Number unequal_p;
-  std::string unequal_text;  // "Err" where there is no p
-  bool unequal_err = false;  // the row shows "Err" in the place of df and p
+  Number t, df;             // of equal variances
+  std::optional<double> p;  // nothing where it could not be computed
+  Number unequal_t;         // of unequal variances
+  Number unequal_df;        // two decimals; below 5 there is no p
+  std::optional<double> unequal_p;
+  bool unequal_err = false;  // "Err" stands in the place of df and p
   VarianceRatio ratio;       // homogeneity of the variances
   Number f_p;
 };
@@ -52,8 +51,8 @@ struct OneMeanBoxes {
 
 struct OneMeanTest {
   Number population_mean, mean, deviation, n;
-  Number t, p;
-  std::string p_text;
+  Number t;
+  std::optional<double> p;
 };
 
 // Nothing unless n - 1, as a 16-bit number, is above 0; so also for an n beyond 32768.
@@ -81,7 +80,7 @@ struct ManyMeansTest {
   Number df1, df2, total_df;             // N - 1 in all
   Number between_square, within_square;  // mean squares
   Number f;                              // two decimals
-  std::string p_text;                    // three decimals; empty when there is none
+  std::optional<double> p;               // three decimals
 };
 
 // Nothing with fewer than two columns.

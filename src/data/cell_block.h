@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -29,6 +30,10 @@ class CellBlock {
 
   // A cell behind the last one held is empty.
   TaggedView Cell(std::size_t index) const { return index < cells_.size() ? cells_[index].View() : TaggedView(); }
+
+  // Calls visit(index, cell) for the first `count` cells.
+  template <typename Visit>
+  void ForEachCell(std::size_t count, Visit visit) const;
 
   // Where the memory fails the cell stays as it was.
   void Set(std::size_t index, const TaggedView& value);
@@ -98,6 +103,15 @@ inline TaggedView CellBlock::CompactCell::View() const {
   }
   if (mark != kEmptyMark) return std::string_view(LongText(), LongTextLength());
   return {};
+}
+
+template <typename Visit>
+void CellBlock::ForEachCell(std::size_t count, Visit visit) const {
+  std::size_t index = 0;
+  for (const std::size_t held = std::min(count, cells_.size()); index < held; ++index) {
+    visit(index, cells_[index].View());
+  }
+  for (; index < count; ++index) visit(index, TaggedView());
 }
 
 }  // namespace tessara

@@ -35,12 +35,6 @@ class NumberReader {
 Column::Column(std::shared_ptr<const LoadedText> text, std::size_t field, std::size_t row_count)
     : loaded_(std::move(text)), loaded_as_(field), loaded_rows_(std::min(loaded_->row_count(), row_count)) {}
 
-TaggedView Column::LoadedCell(std::size_t row) const {
-  if (loaded_as_ == 0 || row >= loaded_rows_) return {};
-  const auto field = loaded_->Field(row, loaded_as_);
-  return field ? TaggedView(*field) : TaggedView();
-}
-
 CellBlock Column::LoadedCells(std::size_t first_row, std::size_t end_row) const {
   CellBlock cells;
   const std::size_t end = std::min(end_row, loaded_rows_);
@@ -77,13 +71,21 @@ CellBlock& Column::OwnStretch(std::size_t place) {
   return *records_->stretches[place];
 }
 
+// A stretch that can be written to as it stands; nullptr when it has to be made or copied first.
+CellBlock* Column::StretchHeldAlone(std::size_t place) {
+  if (!records_ || records_.use_count() > 1 || place >= records_->stretches.size()) return nullptr;
+  const std::shared_ptr<CellBlock>& stretch = records_->stretches[place];
+  return stretch.use_count() == 1 ? stretch.get() : nullptr;
+}
+
 void Column::Set(std::size_t row, const TaggedView& value) {
   if (row < kFirstRecordRow) {
     OwnHeader().Set(row, value);
     return;
   }
   const std::size_t record = row - kFirstRecordRow;
-  OwnStretch(record >> kStretchBits).Set(record & (kStretch - 1), value);
+  CellBlock* const alone = StretchHeldAlone(record >> kStretchBits);
+  (alone ? *alone : OwnStretch(record >> kStretchBits)).Set(record & (kStretch - 1), value);
   numbers_.reset();
 }
 

@@ -84,10 +84,13 @@ class Column {
   std::size_t LoadedRecords() const { return loaded_rows_ > kFirstRecordRow ? loaded_rows_ - kFirstRecordRow : 0; }
   TaggedView LoadedCell(std::size_t row) const;
   template <typename Visit>
+  void ForEachInStretches(std::size_t record_count, Visit visit) const;
+  template <typename Visit>
   void ForEachLoadedRecord(std::size_t first, std::size_t end, Visit& visit) const;
   CellBlock LoadedCells(std::size_t first_row, std::size_t end_row) const;
   CellBlock& OwnHeader();
   CellBlock& OwnStretch(std::size_t place);
+  CellBlock* StretchHeldAlone(std::size_t place);
   void AppendRecords(CellBlock& target, std::size_t first, std::size_t end) const;
 
   std::shared_ptr<CellBlock> header_;  // absent while the loaded rows 0 to 15 stand
@@ -97,6 +100,12 @@ class Column {
   std::size_t loaded_as_ = 0;                 // field number in the loaded text; 0 for none
   std::size_t loaded_rows_ = 0;
 };
+
+inline TaggedView Column::LoadedCell(std::size_t row) const {
+  if (loaded_as_ == 0 || row >= loaded_rows_) return {};
+  const auto field = loaded_->Field(row, loaded_as_);
+  return field ? TaggedView(*field) : TaggedView();
+}
 
 inline TaggedView Column::Cell(std::size_t row) const {
   if (row < kFirstRecordRow) {
@@ -120,17 +129,30 @@ void Column::ForEachLoadedRecord(std::size_t first, std::size_t end, Visit& visi
 
 template <typename Visit>
 void Column::ForEachRecord(std::size_t record_count, Visit visit) const {
+  if (records_) {
+    ForEachInStretches(record_count, visit);
+    return;
+  }
   std::size_t done = 0;
-  for (std::size_t place = 0; records_ && place < records_->stretches.size() && done < record_count; ++place) {
+  if (loaded_as_ != 0) {
+    done = std::min(record_count, LoadedRecords());
+    loaded_->ForEachField(loaded_as_, kFirstRecordRow, done, visit);
+  }
+  for (; done < record_count; ++done) visit(done, TaggedView());
+}
+
+template <typename Visit>
+void Column::ForEachInStretches(std::size_t record_count, Visit visit) const {
+  std::size_t done = 0;
+  for (std::size_t place = 0; place < records_->stretches.size() && done < record_count; ++place) {
     const std::size_t end = std::min(record_count, (place + 1) << kStretchBits);
     if (const CellBlock* owned = records_->stretches[place].get()) {
-      const std::size_t held = std::min(end, done + owned->size());
-      for (std::size_t index = 0; done < held; ++done, ++index) visit(done, owned->Cell(index));
-      for (; done < end; ++done) visit(done, TaggedView());
+      owned->ForEachCell(end - done,
+                         [&, done](std::size_t index, const TaggedView& cell) { visit(done + index, cell); });
     } else {
       ForEachLoadedRecord(done, end, visit);
-      done = end;
     }
+    done = end;
   }
   ForEachLoadedRecord(done, record_count, visit);
 }

@@ -11,6 +11,7 @@
 #include "numerics/code_page.h"
 #include "numerics/number_text.h"
 #include "platform/files.h"
+#include "platform/folder_names.h"
 
 namespace tessara {
 namespace {
@@ -192,24 +193,27 @@ bool IsDataFileName(const Path& name) {
 
 // Copies the data files of a folder over those of another one. False when one fails, or there is none.
 bool CopyDataFiles(const Path& from, const Path& to) {
-  std::error_code error;
+  const auto names = NamesInFolder(from);
+  if (!names) return false;
   int copied = 0;
   bool failed = false;
-  for (std::filesystem::directory_iterator entry(from, error), end; !error && entry != end; entry.increment(error)) {
+  for (const Path& name : *names) {
     std::error_code ignored;
-    if (!IsDataFileName(entry->path()) || entry->is_directory(ignored)) continue;
-    if (CopyFileOver(entry->path(), to / entry->path().filename())) {
+    if (!IsDataFileName(name) || std::filesystem::is_directory(from / name, ignored)) continue;
+    if (CopyFileOver(from / name, to / name)) {
       ++copied;
     } else {
       failed = true;
     }
   }
-  return !error && !failed && copied > 0;
+  return !failed && copied > 0;
 }
 
-bool IsFolder(const Path& path) {
+// At the start the path is the folder of data files, there or not, also behind a file that was named then.
+bool HasPathOfItsOwn(const DataSet& data) {
   std::error_code ignored;
-  return std::filesystem::is_directory(path, ignored);
+  return !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !WereNamedAtTheStart(data) &&
+         !std::filesystem::is_directory(data.DataFilePath, ignored);
 }
 
 }  // namespace
@@ -242,16 +246,19 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
                         .DataFileSize = facts->size,
                         .DataFileModified = ShortDateTime(facts->modified)};
   const LoadFit fit = ReadContents(data, platform, std::move(*bytes), selected_variables, contents);
+  const std::string note = FitNote(fit);
   if (!fit.Fits()) contents.MisfitFile = path;
   ApplyChange(data, ReplaceData(std::move(contents), "Open"));
-  if (!fit.Fits()) platform.ShowNote(FitNote(fit));
+  if (!note.empty()) platform.ShowNote(note);
   return LoadOutcome::kLoaded;
 }
 
+bool WereNamedAtTheStart(const DataSet& data) {
+  return !data.LoadedFile.empty() && data.GridTitle == FromUtf8(PathToUtf8(data.LoadedFile));
+}
+
 SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
-  // At the start the path is the folder of data files, also behind a file of the command line.
-  const bool has_name = !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !IsFolder(data.DataFilePath);
-  if (!has_name) return SaveOutcome::kNoName;
+  if (!HasPathOfItsOwn(data)) return SaveOutcome::kNoName;
   switch (WriteAndSettle(data, platform, data.DataFilePath, selected_variables)) {
     case WriteResult::kWritten:
       return SaveOutcome::kSaved;
@@ -279,7 +286,11 @@ SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, 
   return SaveOutcome::kSaved;
 }
 
-void NewDataFile(DataSet& data) { ApplyChange(data, ReplaceData(EmptyContents(), "New")); }
+void NewDataFile(DataSet& data) {
+  DataContents contents = EmptyContents();
+  contents.DataFileTitle = data.DataFileTitle;  // stays
+  ApplyChange(data, ReplaceData(std::move(contents), "New"));
+}
 
 void RepairSampleFiles(Platform& platform) {
   const Answer answer =

@@ -15,6 +15,7 @@
 
 #include "platform/file_calls.h"
 #include "platform/files.h"
+#include "platform/folder_names.h"
 
 #if defined(_WIN32)
 #include <windows.h>
@@ -111,15 +112,15 @@ Path TemporaryBeside(const Path& target) {
 }
 
 void RemoveStrays(const Path& folder) {
-  std::error_code error;
+  const auto names = NamesInFolder(folder.empty() ? Path(".") : folder);
+  if (!names) return;
   std::string machine;
-  for (fs::directory_iterator entry(folder.empty() ? Path(".") : folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const std::string name = PathToUtf8(entry->path().filename());
-    if (!name.starts_with(kStart)) continue;
+  for (const Path& name : *names) {
+    const std::string text = PathToUtf8(name);
+    if (!text.starts_with(kStart)) continue;
     if (machine.empty()) machine = MachineMark();
-    const auto writer = WriterOf(name, machine);
-    if (writer && IsGone(*writer) && IsOurs(entry->path())) CallsOfFiles().remove(entry->path());
+    const auto writer = WriterOf(text, machine);
+    if (writer && IsGone(*writer) && IsOurs(folder / name)) CallsOfFiles().remove(folder / name);
   }
 }
 

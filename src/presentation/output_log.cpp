@@ -28,6 +28,11 @@ void TakeIntoBox(OutputLog& output, std::string text, std::uint64_t lineage) {
   output.box_made_from = 0;
 }
 
+// Room for so many bytes more; at least twice the text, so that a text that grows again and again is seldom copied.
+void Reserve(std::string& text, std::size_t more) {
+  if (text.capacity() - text.size() < more) text.reserve(std::max(text.size() + more, 2 * text.size()));
+}
+
 FileDialog OutputDialog(std::string_view title, Platform& platform) {
   FileDialog dialog;
   dialog.title = title;
@@ -112,6 +117,9 @@ void BeginRun(OutputLog& output) {
 
 void AppendReport(OutputLog& output, std::string_view report) {
   const bool box_follows = !output.edited_box;
+  const std::size_t more = report.size() + kReportSeparator.size();
+  Reserve(output.OutputLogText, more);  // for both texts before one of them changes
+  Reserve(output.MostRecentText, more);
   output.OutputLogText.append(report).append(kReportSeparator);
   output.MostRecentText.append(report).append(kReportSeparator);
   if (box_follows) {
@@ -121,14 +129,33 @@ void AppendReport(OutputLog& output, std::string_view report) {
   }
 }
 
-void ReplaceReport(OutputLog& output, std::string_view report) {
+RoomForReports MakeRoom(OutputLog& output, const std::vector<std::string>& reports) {
+  std::size_t size = 0;
+  for (const std::string& report : reports) size += report.size() + kReportSeparator.size();
+  RoomForReports room;
+  room.recent.reserve(size);
+  Reserve(output.OutputLogText, size);
+  return room;
+}
+
+void AppendRun(OutputLog& output, const std::vector<std::string>& reports, RoomForReports room, BoxOfRun box) noexcept {
+  if (box == BoxOfRun::kEmptied) ClearBox(output);
   BeginRun(output);
-  AppendReport(output, report);
+  output.MostRecentText.swap(room.recent);  // empty still, but with room
+  for (const std::string& report : reports) AppendReport(output, report);
+}
+
+void ReplaceReport(OutputLog& output, std::string_view report) {
+  const std::vector<std::string> reports = {std::string(report)};
+  AppendRun(output, reports, MakeRoom(output, reports));
 }
 
 void ReplaceMostRecent(OutputLog& output, std::string_view report) {
+  std::string recent;
+  recent.reserve(report.size() + kReportSeparator.size());
+  recent.append(report).append(kReportSeparator);
   BeginRun(output);
-  output.MostRecentText.append(report).append(kReportSeparator);
+  output.MostRecentText = std::move(recent);
   RefreshOutputView(output);
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/platform.h"
 
@@ -70,6 +71,17 @@ void RefreshOutputView(OutputLog& output);
 void BeginRun(OutputLog& output);
 // A report, as it stands, at the end of both texts. Takes time for the report, not for the log.
 void AppendReport(OutputLog& output, std::string_view report);
+// What the box shows while a run has no report.
+enum class BoxOfRun { kKept, kEmptied };
+
+// Room for the reports of a run, taken before anything else changes.
+struct RoomForReports {
+  std::string recent;
+};
+RoomForReports MakeRoom(OutputLog& output, const std::vector<std::string>& reports);
+// The reports of a run that has ended: begins anew with MostRecentText and appends them all. Asks for no memory.
+void AppendRun(OutputLog& output, const std::vector<std::string>& reports, RoomForReports room,
+               BoxOfRun box = BoxOfRun::kKept) noexcept;
 // A calculator's result: at the end of the log, and alone as the most recent output.
 void ReplaceReport(OutputLog& output, std::string_view report);
 // The report becomes the most recent output, and the log learns nothing of it.

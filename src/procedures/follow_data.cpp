@@ -1,21 +1,20 @@
 #include "procedures/follow_data.h"
 
+#include <map>
 #include <utility>
 #include <vector>
 
 namespace tessara {
 namespace {
 
-// Where a column stands behind the change; 0 when it is gone, and for no column.
-std::size_t PlaceBehind(std::size_t column, ColumnChange change, const ColumnStretch& columns) {
-  if (column < columns.first || column == 0) return column;
-  if (change == ColumnChange::kAdded) return column + columns.count;
-  return column < columns.first + columns.count ? 0 : column - columns.count;
-}
+using Names = std::map<std::size_t, std::string>;
 
-void MoveEntries(std::vector<std::size_t>& list, ColumnChange change, const ColumnStretch& columns) {
-  for (std::size_t& column : list) column = PlaceBehind(column, change, columns);
-  std::erase(list, std::size_t{0});
+// Where a column stands behind columns that were added or removed; 0 when it is gone, and for no column.
+std::size_t PlaceBehind(std::size_t column, const ChangeNote& note) {
+  const ChangeExtent& extent = note.extent;
+  if (column == 0 || column < extent.first_column) return column;
+  if (note.kind == ChangeKind::kColumnsAdded) return column + extent.column_count;
+  return column < extent.first_column + extent.column_count ? 0 : column - extent.column_count;
 }
 
 std::string ResetLostControl(ProcedurePanel& panel) {
@@ -24,39 +23,70 @@ std::string ResetLostControl(ProcedurePanel& panel) {
   return name;
 }
 
-std::string FollowOtherData(ProcedurePanel& panel, const DataSet& data) {
-  ClearPanelLists(panel);
-  panel.PickedVariable = 0;
-  const ControlVariable& control = panel.control_variable;
-  if (control.column == 0) return {};
-  if (ControlIsSet(panel, data) && data.VariableName(control.column) == control.name) return {};
+std::optional<std::string> FollowMovedColumns(ProcedurePanel& panel, const ChangeNote& note) {
+  for (std::vector<std::size_t>* list : {&panel.SelectedVariables, &panel.IndependentVariables}) {
+    for (std::size_t& column : *list) column = PlaceBehind(column, note);
+    std::erase(*list, std::size_t{0});
+  }
+  Names names;
+  for (auto& [column, name] : panel.followed.names) names.emplace(PlaceBehind(column, note), std::move(name));
+  panel.followed.names = std::move(names);
+  panel.PickedVariable = PlaceBehind(panel.PickedVariable, note);
+
+  std::size_t& control = panel.control_variable.column;
+  if (control == 0) return std::nullopt;
+  control = PlaceBehind(control, note);
+  if (control != 0) return std::nullopt;
   return ResetLostControl(panel);
 }
 
-std::string FollowMovedColumns(ProcedurePanel& panel, ColumnChange change, const ColumnStretch& columns) {
-  MoveEntries(panel.SelectedVariables, change, columns);
-  MoveEntries(panel.IndependentVariables, change, columns);
-  panel.PickedVariable = PlaceBehind(panel.PickedVariable, change, columns);
-  std::size_t& control = panel.control_variable.column;
-  if (control == 0) return {};
-  control = PlaceBehind(control, change, columns);
-  return control == 0 ? ResetLostControl(panel) : std::string();
+// Whether the data still have a variable in its place.
+bool StillHas(const DataSet& data, std::size_t column, const std::string& name) {
+  return column <= data.VariableCount && data.VariableName(column) == name;
+}
+
+std::optional<std::string> FollowOtherData(ProcedurePanel& panel, const DataSet& data) {
+  const Names& names = panel.followed.names;
+  // An entry whose name is not known yet was chosen since.
+  const auto is_gone = [&](std::size_t column) {
+    const auto known = names.find(column);
+    return !StillHas(data, column, known == names.end() ? data.VariableName(column) : known->second);
+  };
+  std::erase_if(panel.SelectedVariables, is_gone);
+  std::erase_if(panel.IndependentVariables, is_gone);
+  panel.PickedVariable = 0;
+  const ControlVariable& control = panel.control_variable;
+  if (control.column == 0 || StillHas(data, control.column, control.name)) return std::nullopt;
+  return ResetLostControl(panel);
+}
+
+void RememberNames(ProcedurePanel& panel, const DataSet& data) {
+  Names& names = panel.followed.names;
+  names.clear();
+  const auto remember = [&](std::size_t column) { names.emplace(column, data.VariableName(column)); };
+  for (const std::size_t column : panel.SelectedVariables) remember(column);
+  for (const std::size_t column : panel.IndependentVariables) remember(column);
+  if (panel.control_variable.column == 0) return;
+  remember(panel.control_variable.column);
+  panel.control_variable.name = names[panel.control_variable.column];
 }
 
 }  // namespace
 
-std::string FollowData(ProcedurePanel& panel, const DataSet& data, ColumnChange change, const ColumnStretch& columns) {
-  switch (change) {
-    case ColumnChange::kOtherData:
-      return FollowOtherData(panel, data);
-    case ColumnChange::kAdded:
-    case ColumnChange::kRemoved:
-      return FollowMovedColumns(panel, change, columns);
-    case ColumnChange::kNamed:
-      if (ControlIsSet(panel, data)) panel.control_variable.name = data.VariableName(panel.control_variable.column);
-      return {};
+std::optional<std::string> FollowData(ProcedurePanel& panel, const DataSet& data) {
+  const auto notes = data.notes.Since(std::exchange(panel.followed.revision, data.Revision()));
+  const std::vector<ChangeNote> unknown = {{ChangeKind::kWholeData, {}}};
+  std::optional<std::string> lost;
+  for (const ChangeNote& note : notes.value_or(unknown)) {
+    const bool moved = note.kind == ChangeKind::kColumnsAdded || note.kind == ChangeKind::kColumnsRemoved;
+    if (moved) {
+      if (auto name = FollowMovedColumns(panel, note)) lost = std::move(name);
+    } else if (note.kind == ChangeKind::kWholeData) {
+      if (auto name = FollowOtherData(panel, data)) lost = std::move(name);
+    }
   }
-  return {};
+  RememberNames(panel, data);
+  return lost;
 }
 
 }  // namespace tessara

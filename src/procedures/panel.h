@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -75,6 +77,12 @@ const ProcedureRow& RegressionRow(RegressionKind kind);
 // The row that the panel shows now: for regression that of the kind, nullptr while nothing is selected.
 const ProcedureRow* ShownRow(const ProcedurePanel& panel);
 
+// What the panel knows of the data that its lists and its control belong to.
+struct FollowedData {
+  std::uint64_t revision = 0;
+  std::map<std::size_t, std::string> names;  // of the columns in the lists and of the control
+};
+
 struct ProcedurePanel {
   Procedure selected = Procedure::kNone;
   RegressionKind regression = RegressionKind::kLeastSquares;
@@ -86,6 +94,7 @@ struct ProcedurePanel {
   ControlVariable control_variable;
   ControlChoice control;           // relation and value
   std::size_t PickedVariable = 0;  // the column clicked last in List1; 0 for none
+  FollowedData followed;           // FollowData keeps it
 };
 
 // Applies one row of the table: the group values are emptied and the boxes stand as they do at first.

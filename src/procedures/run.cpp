@@ -1,5 +1,7 @@
 #include "procedures/run.h"
 
+#include <utility>
+
 #include "procedures/cases/procedure_run.h"
 #include "procedures/compare/anova.h"
 #include "procedures/compare/crosstabulation.h"
@@ -160,18 +162,20 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     outcome.refused = true;
     return outcome;
   }
-  if (panel.selected == Procedure::kRegression) ClearBox(output);
-  BeginRun(output);
-  ClearCharts(charts);
-  charts.SelectedVariableCount = panel.SelectedVariables.size();
+  // Reports and charts reach the outside when the run is over: one that ends for want of memory leaves all as it was.
+  ChartStore made;
+  made.SelectedVariableCount = panel.SelectedVariables.size();
+  made.Revision = charts.Revision;
+  ClearCharts(made);
   ProcedureRun run{.data = data,
-                   .output = output,
-                   .charts = charts,
+                   .charts = made,
                    .platform = platform,
                    .control_variable = panel.control_variable,
                    .control = panel.control,
                    .wants_charts = panel.SelectedVariables.size() < 2};
   outcome.refused = PanelRun(run, panel).RunForAllVariables() == Step::kEndRun;
+  FinishRun(run, data, output, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
+  charts = std::move(made);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);

@@ -93,7 +93,9 @@ WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets
   const CommandUse* use = UseOf(FindCommand(id), session, widgets);
   if (!use) return WidgetAction::kNone;
   BeginOperation(session);
-  return std::visit(Runner{session, widgets}, use->run);
+  const WidgetAction left = std::visit(Runner{session, widgets}, use->run);
+  FollowPanel(session);
+  return left;
 }
 
 }  // namespace tessara

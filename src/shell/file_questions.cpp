@@ -15,11 +15,6 @@ Path DialogFolder(const Session& session) {
   return path.empty() ? session.platform.ProgramFolder() / kDataFolder : path;
 }
 
-// A file of the command line: the grid's title is its whole path, and the data have no path of their own yet.
-bool NamedAtTheStart(const DataSet& data) {
-  return !data.LoadedFile.empty() && data.GridTitle == FromUtf8(PathToUtf8(data.LoadedFile));
-}
-
 std::string TitleAsName(std::string title) {
   constexpr std::string_view kFrontWords = "Data Grid ";
   for (std::size_t at = 0; (at = title.find(kFrontWords, at)) != std::string::npos;)
@@ -50,7 +45,7 @@ std::optional<Path> AskSavePath(Session& session) {
                        .initial_name = TitleAsName(data.GridTitle),
                        .default_extension = "dcs",
                        .overwrite_prompt = true};
-  if (NamedAtTheStart(data)) {
+  if (WereNamedAtTheStart(data)) {
     dialog.initial_folder = data.LoadedFile.parent_path();
     dialog.initial_name = FromUtf8(PathToUtf8(data.LoadedFile.filename()));
   }

@@ -56,13 +56,17 @@ void StartSession(Session& session, const Path& command_line_file) {
   // A relative path means the folder that the program was called from.
   const Path file = command_line_file.empty() ? Path() : Absolute(command_line_file);
   PrepareSession(session);
+  session.data.history.SetLimit(static_cast<std::size_t>(session.settings.undo_memory) << 20);
   session.platform.EnterFolder(session.platform.ProgramFolder());
   EnterDocumentsFolder(session.platform);
   session.platform.SetStatusPane(kMessagePane, kReady);
   if (!file.empty()) OpenDataFile(session, file, FilePick::kCommandLine);
 }
 
-void StartBatchSession(Session& session) { PrepareSession(session); }
+void StartBatchSession(Session& session) {
+  PrepareSession(session);
+  session.data.history.SetLimit(0);  // a script has no way back
+}
 
 void TestDocumentationFiles(Session& session) {
   const Path program = session.platform.ProgramFolder();
@@ -76,8 +80,8 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick) {
       LoadDataFile(session.data, session.platform, path, pick, session.panel.SelectedVariables.size());
   ShowLoadOutcome(session, outcome, path);
   if (outcome == LoadOutcome::kLoaded) {
-    const std::string lost = FollowData(session.panel, session.data, ColumnChange::kOtherData);
-    if (!lost.empty()) session.platform.ShowNote("the control variable " + lost + " was reset");
+    FollowPanel(session);
+    ClearPanelLists(session.panel);
   }
   return outcome;
 }
@@ -93,6 +97,7 @@ SaveOutcome SaveDataTo(Session& session, const Path& path) {
 void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.panel);
+  FollowPanel(session);
 }
 
 void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
@@ -103,8 +108,15 @@ void SetProjectNotes(Session& session, std::string notes) {
   MarkChanged(session.data);
 }
 
+void FollowPanel(Session& session) {
+  if (const auto lost = FollowData(session.panel, session.data)) {
+    session.platform.ShowNote("the control variable " + *lost + " was reset");
+  }
+}
+
 RunOutcome RunPanel(Session& session) {
   const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
+  FollowPanel(session);  // a variable that the run has added may be chosen next
   // An error frame is a report too, and says why nothing else came.
   if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
   return outcome;
@@ -135,6 +147,7 @@ std::string_view HelpPage(View view) {
 }
 
 void RefreshStatus(Session& session) {
+  FollowPanel(session);
   Platform& platform = session.platform;
   switch (session.ActiveView) {
     case View::ViewBrevarum:

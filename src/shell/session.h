@@ -79,6 +79,10 @@ void BeginOperation(Session& session);
 // Changes the notes box: marks the data as changed.
 void SetProjectNotes(Session& session, std::string notes);
 
+// The lists and the control of the panel go with their variables: called behind every operation that may have changed
+// the data, so that what is chosen next is meant as it stands. A note tells of a control that had to be reset.
+void FollowPanel(Session& session);
+
 // Runs the panel's procedure.
 RunOutcome RunPanel(Session& session);
 

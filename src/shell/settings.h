@@ -14,19 +14,24 @@
 
 namespace tessara {
 
+inline constexpr int kUsualUndoMemory = 256;
+inline constexpr int kMostUndoMemory = 65536;
+
 struct Settings {
-  int Op3 = 0;   // 0 sounds on
-  int Op4 = 0;   // 1 shows the help pane at start
-  int Op6 = 0;   // toolbar style, 0 to 4
-  int Op7 = 0;   // frame height in twips; 2 stands for a minimised frame
-  int Op8 = 0;   // frame width in twips
-  int Op10 = 0;  // 0 shows the Output view after each run
-  int Op11 = 0;  // 0 prints the notes caption
-  int Op12 = 0;  // 0 prints the date
-  int Op13 = 0;  // 1 large toolbar icons
-  Path Op14;     // folder of data files
-  Path Op15;     // path of the glossary file
-  int Op16 = 0;  // 0 loads the quick tips module at start
+  int Op3 = 0;                         // 0 sounds on
+  int Op4 = 0;                         // 1 shows the help pane at start
+  int Op6 = 0;                         // toolbar style, 0 to 4
+  int Op7 = 0;                         // frame height in twips; 2 stands for a minimised frame
+  int Op8 = 0;                         // frame width in twips
+  int Op10 = 0;                        // 0 shows the Output view after each run
+  int Op11 = 0;                        // 0 prints the notes caption
+  int Op12 = 0;                        // 0 prints the date
+  int Op13 = 0;                        // 1 large toolbar icons
+  Path Op14;                           // folder of data files
+  Path Op15;                           // path of the glossary file
+  int Op16 = 0;                        // 0 loads the quick tips module at start
+  int undo_memory = kUsualUndoMemory;  // megabytes that the steps to undo may hold
+
 
   bool sounds() const { return Op3 == 0; }
   bool help_pane_at_start() const { return Op4 == 1; }

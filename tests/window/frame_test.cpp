@@ -403,7 +403,7 @@ class FrameTest : public QObject {
     window().End();
     window().Start();
     auto* recent = window().Find<QMenu>("RecentFiles");
-    QCOMPARE(recent->actions().size(), 1);
+    QCOMPARE(recent->actions().size(), qsizetype{1});
     recent->actions()[0]->trigger();
     QCOMPARE(window().Pane(2), "4 Records");
     QCOMPARE(window().session().data.DataFilePath, odd);

@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <random>
 
 #include "window_fixture.h"
@@ -119,11 +120,11 @@ class OutputTest : public QObject {
     const QString before = Sheet()->toPlainText();
     QTest::keyClicks(Sheet(), "a - b");
     window().Trigger(211);
-    QVERIFY(Sheet()->toPlainText().startsWith("a b"));
+    QVERIFY(Sheet()->toPlainText().startsWith("a\tb"));
     window().Trigger(214);
     QVERIFY(Sheet()->toPlainText().startsWith("a - b"));
     window().Trigger(215);
-    QVERIFY(Sheet()->toPlainText().startsWith("a b"));
+    QVERIFY(Sheet()->toPlainText().startsWith("a\tb"));
     window().Trigger(214);
     while (window().Command(214)->isEnabled()) window().Trigger(214);
     QCOMPARE(Sheet()->toPlainText(), before);
@@ -134,7 +135,8 @@ class OutputTest : public QObject {
   }
 
   void TheKeysOfUndoWorkOnTheSheet() {
-    MakeTwoReports();
+    AddReport("Mean          -2.5\r\n");
+    window().ShowView(View::ViewOutput);
     const QString before = Sheet()->toPlainText();
     Sheet()->setFocus();
     QTest::keyClick(&window().frame(), Qt::Key_T, Qt::ControlModifier);
@@ -233,7 +235,7 @@ class OutputTest : public QObject {
     }
     Sheet()->setPlainText("a - b");
     entry("Convert Output to Tab Delimited")->trigger();
-    QCOMPARE(Sheet()->toPlainText(), "a b");
+    QCOMPARE(Sheet()->toPlainText(), "a\tb");
     menu->close();
   }
 

@@ -61,6 +61,11 @@ class AnsweringPlatform : public QtPlatform {
     BeforeDialog();
     return script.Preview(job);
   }
+  // The real file, and the job for a test that wants its words.
+  bool WritePdf(const PrintJob& job, const Path& path) override {
+    script.WritePdf(job, path);
+    return QtPlatform::WritePdf(job, path);
+  }
   // Paints on a sheet that the test can look at.
   bool PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) override {
     if (!script.printer_works) return false;

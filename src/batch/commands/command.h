@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +14,7 @@
 #include "batch/guarded_files.h"
 #include "batch/log_stream.h"
 #include "batch/words/command_words.h"
+#include "platform/memory.h"
 #include "platform/settings_store.h"
 #include "shell/session.h"
 
@@ -46,7 +49,21 @@ struct Batch {
   MemorySettingsStore settings_store;
   Session session;
   GuardedFiles files;
+  MemoryReserve reserve;
 };
+
+// A step of a run. One that the memory does not suffice for is not understood: what it had not yet done stays undone,
+// and some memory is let go, so that the run can tell and write its log.
+template <typename Step>
+CommandResult WithinMemory(Batch& batch, Step step) {
+  try {
+    return step();
+  } catch (const std::bad_alloc&) {
+  } catch (const std::length_error&) {  // what a container asks for when it wants more than there can be
+  }
+  batch.reserve.LetGo();
+  return NotUnderstood("out of memory");
+}
 
 inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 

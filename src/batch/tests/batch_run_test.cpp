@@ -483,7 +483,7 @@ TEST_F(BatchRunTest, PrintHoldsTheReportsOfEarlierCommands) {
 }
 
 TEST_F(BatchRunTest, ControlCharactersOfAScriptDoNotReachAMessage) {
-  EXPECT_EQ(RunScript("\x1B[2J\n").err, "-:1: unknown command \"\xE2\x90\x9B[2J\"; the nearest is \"new\"\n");
+  EXPECT_EQ(RunScript("\x1B[2J\n").err, "-:1: unknown command \"\xE2\x90\x9B[2J\"; the nearest is \"open\"\n");
 }
 
 TEST_F(BatchRunTest, MessagesNameFileAndLine) {

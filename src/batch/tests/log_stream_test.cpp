@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
@@ -45,11 +46,18 @@ class Terminal {
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
 
-  // What has been sent, up to a kilobyte.
+  // What has been sent: it may come in pieces.
   std::string Sent() {
+    constexpr int kPatience = 200;  // milliseconds
+    std::string sent;
     std::array<char, 1024> buffer;
-    const auto count = read(master_, buffer.data(), buffer.size());
-    return {buffer.data(), static_cast<std::size_t>(count)};
+    pollfd ready{master_, POLLIN, 0};
+    while (poll(&ready, 1, kPatience) > 0) {
+      const auto count = read(master_, buffer.data(), buffer.size());
+      if (count <= 0) break;
+      sent.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    return sent;
   }
 
   std::FILE* file = nullptr;

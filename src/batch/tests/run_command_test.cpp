@@ -59,6 +59,18 @@ TEST_F(RunCommandTest, WithoutMemoryItIsNotUnderstoodAndTheLogStays) {
   EXPECT_EQ(RunLine({"statistics"}).status, BatchStatus::kAllWell);
 }
 
+CommandResult AskForTooMuch(Batch&, const CommandWords&) {
+  std::string text;
+  text.reserve(text.max_size() + 1);
+  return Done();
+}
+
+constexpr CommandRow kGreedy{.name = "greedy", .summary = "", .details = "", .example = "", .run = AskForTooMuch};
+
+TEST_F(RunCommandTest, WhatNoMemoryCanHoldIsOutOfMemoryToo) {
+  EXPECT_EQ(RunCommand(batch_, kGreedy, {}).error, "out of memory");
+}
+
 TEST_F(RunCommandTest, NamesTheCommandInWhatIsWrong) {
   EXPECT_EQ(RunLine({"open"}).error, "open: PATH is missing");
   EXPECT_EQ(RunLine({"new", "x"}).error, "new: \"x\" is a word too many");

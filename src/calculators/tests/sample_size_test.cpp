@@ -114,7 +114,10 @@ TEST(SampleSize, ADeviationOfZeroHasNoSize) {
                        "    Estimated Difference Between Means = 5\r\n"
                        "    Estimated Standard Deviation       = 0\r\n"
                        "    Estimated Total Sample Size        = 0\r\n"));
-  EXPECT_FALSE(ComputeSampleSizes({.difference = 5, .deviation = 0, .alpha_z = 1.96, .power_z = .842}).for_means);
+  EXPECT_FALSE(
+      ComputeSampleSizes(
+          {.proportion1 = {}, .proportion2 = {}, .difference = 5, .deviation = 0, .alpha_z = 1.96, .power_z = .842})
+          .for_means);
 }
 
 TEST(SampleSize, EmptyBoxesAndLettersPrintZeros) {

@@ -205,6 +205,16 @@ TEST_F(SaveDataFileTest, NeedsANameWhileThePathIsAFolder) {
   EXPECT_EQ(ContentOf(path), text);
 }
 
+TEST_F(SaveDataFileTest, NeedsANameBehindAFileOfTheCommandLineThoughTheFolderOfDataIsNotThere) {
+  data.DataFilePath = folder / "no data folder";
+  ASSERT_EQ(Open(folder.Make("named.dcs", FileText("1 2 x", "A~B", {"1~2"})), FilePick::kCommandLine),
+            LoadOutcome::kLoaded);
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kNoName);
+  EXPECT_FALSE(fs::exists(folder / "no data folder"));
+  EXPECT_EQ(SaveAs(folder / "named.dcs"), SaveOutcome::kSaved);
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);
+}
+
 TEST_F(SaveDataFileTest, AFolderThatHasVanishedIsToldApart) {
   fs::create_directories(folder / "gone");
   ASSERT_EQ(Open(folder.Make("gone/data.dcs", FileText("1 2 x", "A~B", {"1~2"}))), LoadOutcome::kLoaded);

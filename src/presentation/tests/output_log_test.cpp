@@ -184,7 +184,7 @@ TEST(OutputLog, EditMarksTheOutputAsChanged) {
 
 TEST(OutputLog, EditOfAPartLeavesTheRest) {
   OutputLog output;
-  Append(output, "one two three");
+  AppendReport(output, "one two three");
   EditBox(output, 4, 3, "2");
   EXPECT_EQ(output.BoxText(), WithSeparator("one 2 three"));
   EditBox(output, 0, 0, "so: ");

@@ -23,8 +23,7 @@ struct Roles {
 
 // What a procedure works with, and what one run shares between its procedures.
 struct ProcedureRun {
-  DataSet& data;
-  OutputLog& output;
+  const DataSet& data;
   ChartStore& charts;
   Platform& platform;
   const ControlVariable& control_variable;
@@ -33,14 +32,23 @@ struct ProcedureRun {
 
   bool aborted = false;            // a procedure has ended in the error frame; a later variable still gets its turn
   std::string ChartFootnote = {};  // the words of the control caption
+  // The reports reach the output log, and the saved columns the data, when the run is over: all or none.
+  std::vector<std::string> reports = {};
+  std::vector<Column> saved_columns = {};
+  std::string saved_as = {};  // the name of their step
 
-  // Sends a finished report to the output log.
-  void AppendReport(std::string_view report);
-  // Sends a title and message to the output log in the error frame, and marks the run. No chart stands beside it.
+  void AppendReport(std::string report);
+  // Makes a report of a title and message in the error frame, and marks the run. No chart stands beside it.
   void ReportError(std::string_view pending_text);
+  // A result that becomes a new variable. `what` names the step: "Save Residuals".
+  void SaveColumn(Column column, std::string what);
   // Leaves the charts of a procedure, with the run's footnote, once its report stands: only where charts are wanted.
   void LeaveCharts(ChartKind kind, std::vector<Chart> made);
 };
+
+// The end of a run: its columns become variables, as one step, and its reports go to the output log. Where the memory
+// does not suffice, std::bad_alloc leaves both as they were.
+void FinishRun(ProcedureRun& run, DataSet& data, OutputLog& output, BoxOfRun box = BoxOfRun::kKept);
 
 // What every procedure that reads cases begins with: no charts, the footnote of those to come, and its cases.
 CaseSource BeginCases(ProcedureRun& run);

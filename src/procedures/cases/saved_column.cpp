@@ -1,8 +1,5 @@
 #include "procedures/cases/saved_column.h"
 
-#include <utility>
-
-#include "data/change_door.h"
 #include "numerics/masks.h"
 
 namespace tessara {
@@ -17,10 +14,6 @@ Column MakeSavedColumn(std::string_view name, std::span<const std::uint8_t> acce
     if (text) column.Set(kFirstRecordRow + record, *text);
   }
   return column;
-}
-
-void AddSavedColumns(DataSet& data, std::vector<Column> columns, std::string what) {
-  ApplyChange(data, AddColumns(data, std::move(columns), std::move(what)));
 }
 
 }  // namespace tessara

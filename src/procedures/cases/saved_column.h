@@ -3,9 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "data/data_set.h"
 
@@ -16,8 +14,5 @@ namespace tessara {
 // A column of texts for the values of the accepted cases, in grid order, under "0.00000". The cells of the other
 // records, and of a value that has failed, stay empty. `accepted` has a flag for each record. Names are not cut.
 Column MakeSavedColumn(std::string_view name, std::span<const std::uint8_t> accepted, std::span<const double> values);
-
-// Adds whole columns behind the last one, as one step. `what` names it: "Save Residuals".
-void AddSavedColumns(DataSet& data, std::vector<Column> columns, std::string what);
 
 }  // namespace tessara

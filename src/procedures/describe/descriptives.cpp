@@ -105,7 +105,9 @@ namespace {
 
 // The z-scores as a new variable behind the last one, with the dictionary of their source. Their own pass reads "not
 // equal to" as a comparison of numbers.
-void SaveZScores(DataSet& data, const CaseSource& source, std::size_t column, const DescriptiveStatistics& statistics) {
+void SaveZScores(ProcedureRun& run, const CaseSource& source, std::size_t column,
+                 const DescriptiveStatistics& statistics) {
+  const DataSet& data = run.data;
   const std::string name = data.VariableName(column);
   Column scores;
   for (std::size_t row = 1; row < kVariableNameRow; ++row) scores.Set(row, data.matrix.Cell(row, column));
@@ -116,7 +118,7 @@ void SaveZScores(DataSet& data, const CaseSource& source, std::size_t column, co
     const Checked z = (value - statistics.mean) / statistics.sample_deviation;
     if (const auto text = Masked(z, "0.00000")) scores.Set(kFirstRecordRow + record, *text);
   });
-  AddSavedColumns(data, {std::move(scores)}, "Save Z-Scores");
+  run.SaveColumn(std::move(scores), "Save Z-Scores");
 }
 
 std::string DescriptivesReport(const CaseSource& source, std::size_t column, const DescriptiveStatistics& s,
@@ -168,7 +170,7 @@ void LeaveDescriptiveCharts(ProcedureRun& run, const std::string& name, std::vec
 
 void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options) {
   constexpr std::string_view kTitle = "Descriptive Analysis: ";
-  DataSet& data = run.data;
+  const DataSet& data = run.data;
   const std::size_t column = roles.main;
   if (column < 1) {
     run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
@@ -190,10 +192,7 @@ void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOp
     LeaveDescriptiveCharts(run, data.VariableName(column), std::move(cases.values));
     run.charts.summary = ShortSummary(source, column, statistics);
   }
-  if (options.save_z_scores) {
-    SaveZScores(data, source, column, statistics);
-    RebuildVariableLists(data);
-  }
+  if (options.save_z_scores) SaveZScores(run, source, column, statistics);
 }
 
 }  // namespace tessara

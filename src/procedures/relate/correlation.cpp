@@ -118,15 +118,16 @@ std::string CorrelationReport(const CaseSource& source, const Roles& roles, cons
 }
 
 // y - (a + b x) of each accepted case as a new variable; the others stay empty.
-void SaveResiduals(DataSet& data, std::size_t dependent, const NumberCases& cases, const SimpleRegression& regression) {
+void SaveResiduals(ProcedureRun& run, std::size_t dependent, const NumberCases& cases,
+                   const SimpleRegression& regression) {
   const std::vector<double>& y = cases.variables[0];
   const std::vector<double>& x = cases.variables[1];
   std::vector<double> residuals(y.size());
   for (std::size_t i = 0; i < y.size(); ++i) {
     residuals[i] = y[i] - (regression.intercept.value() + regression.slope.value() * x[i]);
   }
-  const std::string name = "R-" + data.VariableName(dependent);
-  AddSavedColumns(data, {MakeSavedColumn(name, cases.accepted, residuals)}, "Save Residuals");
+  const std::string name = "R-" + run.data.VariableName(dependent);
+  run.SaveColumn(MakeSavedColumn(name, cases.accepted, residuals), "Save Residuals");
 }
 
 // Takes the values of the cases along, so that a chart of a million points costs no copy.
@@ -148,7 +149,7 @@ bool IsVariable(const DataSet& data, std::size_t column) { return column >= 1 &&
 void RunCorrelation(ProcedureRun& run, const Roles& roles) { RunCorrelationWith(run, roles, {}); }
 
 void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegressionOptions& options) {
-  DataSet& data = run.data;
+  const DataSet& data = run.data;
   const std::array<std::size_t, 2> columns = {roles.main, roles.independent};
   const std::string names = NamesOfPair(data, roles.main, roles.independent);
   if (!IsVariable(data, roles.main) || !IsVariable(data, roles.independent)) {
@@ -163,7 +164,7 @@ void RunCorrelationWith(ProcedureRun& run, const Roles& roles, const SimpleRegre
   }
   const PairResults results = ComputePair(cases, options);
   run.AppendReport(CorrelationReport(source, roles, results, options));
-  if (options.regression && options.save_residuals) SaveResiduals(data, roles.main, cases, results.regression);
+  if (options.regression && options.save_residuals) SaveResiduals(run, roles.main, cases, results.regression);
   if (run.wants_charts) LeaveCorrelationCharts(run, roles, std::move(cases));
 }
 

@@ -280,14 +280,13 @@ std::string ClassificationText(const LogisticModel& model) {
 }
 
 // Two new variables without labels. A case that is neither 0 nor 1 has the residual of a 0.
-void SavePredicted(DataSet& data, const ModelCases& cases, const LogisticOutcomes& outcomes,
+void SavePredicted(ProcedureRun& run, const ModelCases& cases, const LogisticOutcomes& outcomes,
                    const LogisticModel& model) {
   std::vector<double> residuals(cases.n);
   for (std::size_t i = 0; i < cases.n; ++i) residuals[i] = outcomes.response[i] - model.probabilities[i];
-  AddSavedColumns(data,
-                  {MakeSavedColumn("Pi-" + cases.dependent_name, cases.accepted, model.probabilities),
-                   MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, residuals)},
-                  "Save Predicted and Residuals");
+  constexpr const char* kWhat = "Save Predicted and Residuals";
+  run.SaveColumn(MakeSavedColumn("Pi-" + cases.dependent_name, cases.accepted, model.probabilities), kWhat);
+  run.SaveColumn(MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, residuals), kWhat);
 }
 
 }  // namespace
@@ -300,7 +299,7 @@ void ReportLogistic(ProcedureRun& run, const CaseControl& control, const ModelCa
     return;
   }
   const LogisticModel model = ComputeLogistic(cases, outcomes);
-  if (options.save_predicted) SavePredicted(run.data, cases, outcomes, model);
+  if (options.save_predicted) SavePredicted(run, cases, outcomes, model);
   run.AppendReport(ModelText(cases, outcomes, model, control, options.summary) + ClassificationText(model));
 }
 

@@ -124,10 +124,10 @@ std::string LeastSquaresReport(const ModelCases& cases, const LeastSquaresModel&
 namespace {
 
 // A new variable with the label of the dependent one. The cells of excluded cases stay empty.
-void SaveResiduals(DataSet& data, const ModelCases& cases, const LeastSquaresModel& model) {
+void SaveResiduals(ProcedureRun& run, const ModelCases& cases, const LeastSquaresModel& model) {
   Column column = MakeSavedColumn("R-" + cases.dependent_name, cases.accepted, model.residuals);
   if (!cases.dependent_label.empty()) column.Set(kVariableLabelRow, cases.dependent_label);
-  AddSavedColumns(data, {std::move(column)}, "Save Residuals");
+  run.SaveColumn(std::move(column), "Save Residuals");
 }
 
 }  // namespace
@@ -135,7 +135,7 @@ void SaveResiduals(DataSet& data, const ModelCases& cases, const LeastSquaresMod
 void ReportLeastSquares(ProcedureRun& run, const CaseControl& control, const ModelCases& cases,
                         const LeastSquaresOptions& options) {
   const LeastSquaresModel model = ComputeLeastSquares(cases);
-  if (options.save_residuals) SaveResiduals(run.data, cases, model);
+  if (options.save_residuals) SaveResiduals(run, cases, model);
   run.AppendReport(LeastSquaresReport(cases, model, control, options.summary));
 }
 

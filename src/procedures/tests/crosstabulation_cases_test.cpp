@@ -262,9 +262,9 @@ TEST(Crosstabulation, TooManyCategories) {
 
 TEST(CountCases, TheLimitOfCellsIsAllowed) {
   TestRun run = CasesOf({{1, 2, 3}, {4, 5, 6}});
-  const CaseControl control(run.data, {});
-  EXPECT_FALSE(CountCases(run.data, control, {.rows = 1, .columns = 2}, 6).too_many_categories);
-  const CountedCases cases = CountCases(run.data, control, {.rows = 1, .columns = 2}, 5);
+  const CaseSource source = CasesOfAllRecords(run.data);
+  EXPECT_FALSE(CountCases(source, {.rows = 1, .columns = 2}, 6).too_many_categories);
+  const CountedCases cases = CountCases(source, {.rows = 1, .columns = 2}, 5);
   EXPECT_TRUE(cases.too_many_categories);
   EXPECT_EQ(cases.n, 21u);
   EXPECT_TRUE(cases.table.cells.empty());

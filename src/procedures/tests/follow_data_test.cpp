@@ -20,6 +20,8 @@ class FollowDataTest : public testing::Test {
     panel.SelectedVariables = {4, 2, 1};
     panel.IndependentVariables = {3, 3};
     panel.PickedVariable = 3;
+    panel.followed.revision = data.Revision();
+    FollowData(panel, data);
   }
 
   void ExpectControl(std::size_t column) const {
@@ -35,40 +37,65 @@ class FollowDataTest : public testing::Test {
     EXPECT_EQ(panel.control.value, "");
   }
 
+  // Another data set, as a load brings it.
+  void Load(const std::vector<TestColumn>& columns) {
+    const DataSet other = MakeTestData(columns);
+    DataContents contents = EmptyContents();
+    contents.matrix = other.matrix;
+    contents.RecordCount = other.RecordCount;
+    contents.VariableCount = other.VariableCount;
+    ASSERT_TRUE(ApplyChange(data, ReplaceData(std::move(contents), "Open")));
+  }
+
+  std::optional<std::string> Follow() { return FollowData(panel, data); }
+
   DataSet data;
   ProcedurePanel panel;
   ScriptedPlatform platform;
 };
 
-TEST_F(FollowDataTest, OtherDataWithTheSameNameInTheColumnKeepTheControlAndEmptyTheLists) {
-  data = MakeTestData({{"X"}, {"AGE"}});
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kOtherData), "");
+TEST_F(FollowDataTest, OtherDataKeepWhatHasTheSameNameInTheSameColumn) {
+  data = MakeTestData({{"X"}, {"AGE"}, {"SMOKE"}});
+  EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
+  EXPECT_EQ(panel.SelectedVariables, (Columns{2}));
+  EXPECT_EQ(panel.IndependentVariables, (Columns{3, 3}));
+  EXPECT_EQ(panel.PickedVariable, 0u);
+}
+
+TEST_F(FollowDataTest, DataThatReplaceTheOthersAreOtherData) {
+  DataContents contents = EmptyContents();  // V1 to V20
+  ASSERT_TRUE(ApplyChange(data, ReplaceData(std::move(contents), "New")));
+  EXPECT_EQ(Follow(), "AGE");
+  ExpectNoControl();
   EXPECT_TRUE(panel.SelectedVariables.empty());
   EXPECT_TRUE(panel.IndependentVariables.empty());
-  EXPECT_EQ(panel.PickedVariable, 0u);
 }
 
 TEST_F(FollowDataTest, OtherDataWithTheNameInAnotherColumnResetTheControl) {
   data = MakeTestData({{"AGE"}, {"SEX"}});
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kOtherData), "AGE");
+  EXPECT_EQ(Follow(), "AGE");
   ExpectNoControl();
 }
 
 TEST_F(FollowDataTest, DataWithoutTheColumnResetTheControl) {
   data = MakeTestData({{"AGE"}});
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kOtherData), "AGE");
+  EXPECT_EQ(Follow(), "AGE");
   ExpectNoControl();
 }
 
 TEST_F(FollowDataTest, WithoutAControlNothingIsReset) {
   ResetControl(panel);
-  EXPECT_EQ(FollowData(panel, MakeTestData({{"A"}}), ColumnChange::kOtherData), "");
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kRemoved, {.first = 1, .count = 4}), "");
+  Follow();
+  data = MakeTestData({{"A"}});
+  EXPECT_EQ(Follow(), std::nullopt);
+  ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 1, 1, "Delete Columns")));
+  EXPECT_EQ(Follow(), std::nullopt);
 }
 
 TEST_F(FollowDataTest, RemovedColumnsLeaveTheListsAndMoveTheRest) {
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kRemoved, {.first = 1, .count = 1}), "");
+  ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 1, 1, "Delete Columns")));
+  EXPECT_EQ(Follow(), std::nullopt);
   EXPECT_EQ(panel.SelectedVariables, (Columns{3, 1}));
   EXPECT_EQ(panel.IndependentVariables, (Columns{2, 2}));
   EXPECT_EQ(panel.PickedVariable, 2u);
@@ -76,35 +103,61 @@ TEST_F(FollowDataTest, RemovedColumnsLeaveTheListsAndMoveTheRest) {
 }
 
 TEST_F(FollowDataTest, ARemovedControlIsReset) {
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kRemoved, {.first = 2, .count = 2}), "AGE");
+  ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 2, 2, "Delete Columns")));
+  EXPECT_EQ(Follow(), "AGE");
   ExpectNoControl();
   EXPECT_EQ(panel.SelectedVariables, (Columns{2, 1}));
   EXPECT_TRUE(panel.IndependentVariables.empty());
   EXPECT_EQ(panel.PickedVariable, 0u);
+  EXPECT_EQ(Follow(), std::nullopt);  // it is told once
 }
 
-TEST_F(FollowDataTest, ColumnsRemovedBehindAllOfThemChangeNothing) {
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kRemoved, {.first = 5, .count = 3}), "");
+// The columns come back where they were, and what stood behind them moves on.
+TEST_F(FollowDataTest, AnUndoneRemovalMovesTheRestBack) {
+  ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 1, 1, "Delete Columns")));
+  Follow();
+  ASSERT_TRUE(UndoChange(data));
+  EXPECT_EQ(Follow(), std::nullopt);
+  EXPECT_EQ(panel.SelectedVariables, (Columns{4, 2}));
+  EXPECT_EQ(panel.IndependentVariables, (Columns{3, 3}));
+  ExpectControl(2);
+}
+
+TEST_F(FollowDataTest, AColumnBehindAllOfThemChangesNothing) {
+  std::vector<Column> columns(1);
+  ASSERT_TRUE(ApplyChange(data, AddColumns(data, std::move(columns), "Add Column")));
+  EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
   EXPECT_EQ(panel.SelectedVariables, (Columns{4, 2, 1}));
 }
 
-TEST_F(FollowDataTest, AddedColumnsMoveWhatStandsBehindThem) {
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kAdded, {.first = 2, .count = 2}), "");
-  EXPECT_EQ(panel.SelectedVariables, (Columns{6, 4, 1}));
-  EXPECT_EQ(panel.IndependentVariables, (Columns{5, 5}));
-  EXPECT_EQ(panel.PickedVariable, 5u);
-  ExpectControl(4);
+TEST_F(FollowDataTest, SeveralChangesAreFollowedInTheirOrder) {
+  ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 1, 1, "Delete Columns")));  // AGE SMOKE WEIGHT
+  ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 2, 1, "Delete Columns")));  // AGE WEIGHT
+  EXPECT_EQ(Follow(), std::nullopt);
+  EXPECT_EQ(panel.SelectedVariables, (Columns{2, 1}));
+  EXPECT_TRUE(panel.IndependentVariables.empty());
+  ExpectControl(1);
+}
+
+TEST_F(FollowDataTest, ChangesOfCellsAndRowsLeaveThePanel) {
+  ASSERT_TRUE(ApplyChange(data, AddRows(data, 3, "Add Rows")));
+  EXPECT_EQ(Follow(), std::nullopt);
+  ExpectControl(2);
+  EXPECT_EQ(panel.SelectedVariables, (Columns{4, 2, 1}));
+  EXPECT_EQ(panel.PickedVariable, 3u);
 }
 
 // A variable that was renamed is looked for by its new name.
 TEST_F(FollowDataTest, ANewNameOfTheControlIsRemembered) {
-  MatrixEditor(data).SetText(kVariableNameRow, 2, "YEARS");
-  EXPECT_EQ(FollowData(panel, data, ColumnChange::kNamed), "");
+  ASSERT_TRUE(ApplyChange(data, CellChange(kVariableNameRow, 2, "YEARS", "Heading")));
+  EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
-  EXPECT_EQ(FollowData(panel, MakeTestData({{"A"}, {"YEARS"}}), ColumnChange::kOtherData), "");
+  Load({{"A"}, {"YEARS"}});
+  EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
-  EXPECT_EQ(FollowData(panel, MakeTestData({{"A"}, {"AGE"}}), ColumnChange::kOtherData), "YEARS");
+  Load({{"A"}, {"AGE"}});
+  EXPECT_EQ(Follow(), "YEARS");
 }
 
 }  // namespace

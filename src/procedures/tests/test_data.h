@@ -104,13 +104,13 @@ struct TestRun {
   template <typename Procedure>
   std::string ReportOf(Procedure procedure) {
     ProcedureRun run{.data = data,
-                     .output = output,
                      .charts = charts,
                      .platform = platform,
                      .control_variable = control_variable,
                      .control = control,
                      .wants_charts = wants_charts};
     procedure(run);
+    FinishRun(run, data, output);
     aborted = run.aborted;
     footnote = run.ChartFootnote;
     std::string text = std::exchange(output.OutputLogText, {});

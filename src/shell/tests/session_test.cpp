@@ -93,8 +93,18 @@ TEST_F(StartTest, ARelativePathOfTheCommandLineMeansTheFolderOfTheCall) {
   EXPECT_EQ(session.data.DataFileTitle, session.data.LoadedFile.string());
 }
 
+TEST_F(StartTest, TheMemoryForUndoIsThatOfTheSettings) {
+  StartSession(session, {});
+  EXPECT_EQ(session.data.history.limit(), std::size_t{256} << 20);
+  store.Write("UndoMemory", "5");
+  Session second(platform, store);
+  StartSession(second, {});
+  EXPECT_EQ(second.data.history.limit(), std::size_t{5} << 20);
+}
+
 TEST_F(StartTest, TheBatchProgramTouchesNoDocuments) {
   StartBatchSession(session);
+  EXPECT_EQ(session.data.history.limit(), 0u);
   EXPECT_TRUE(platform.entered_folders.empty());
   EXPECT_TRUE(std::filesystem::is_empty(platform.documents_folder));
   EXPECT_EQ(session.data.RecordCount, 1000u);

@@ -81,7 +81,8 @@ TEST_F(StoredSettings, LaterStartWritesNothing) {
 TEST_F(StoredSettings, AreReadInTheirOrderWithoutTheFrameSize) {
   Store("Op3", "0");
   Read();
-  EXPECT_EQ(store.reads, (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4"}));
+  EXPECT_EQ(store.reads,
+            (Names{"Op3", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16", "Op6", "Op4", "UndoMemory"}));
 }
 
 TEST_F(StoredSettings, StoredFlagsTurnOptionsOff) {
@@ -146,6 +147,19 @@ TEST_F(StoredSettings, UnknownToolbarStyleGivesTheDefault) {
     Read();
     EXPECT_EQ(settings.Op6, 0) << text;
   }
+}
+
+TEST_F(StoredSettings, MemoryForUndoIsANumberOfMegabytes) {
+  Store("Op3", "0");
+  for (const char* text : {"", "-1", "65537", "much"}) {
+    Store("UndoMemory", text);
+    Settings read;
+    ReadSettings(read, store, platform);
+    EXPECT_EQ(read.undo_memory, 256) << text;
+  }
+  Store("UndoMemory", "0");
+  Read();
+  EXPECT_EQ(settings.undo_memory, 0);
 }
 
 TEST_F(StoredSettings, WrittenValueIsReadAgain) {

@@ -49,9 +49,8 @@ class DrawnChart : public QChart {
 
   // The categories as the axis shows them now, without what tells equal ones apart; an empty text for one left out.
   QStringList ShownLabels() const;
-  // Where the footnote stands, and the lowest line of what belongs to the axis above it.
+  // Where the footnote stands; empty without one.
   QRectF FootnotePlace() const;
-  qreal AxisTextsBottom() const;
   // The dots of a scatter chart in which cases share places; nullptr of any other.
   const CountedDots* dots() const { return dots_; }
   // What the line below the plot says of the points; empty where each stands for itself.

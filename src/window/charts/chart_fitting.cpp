@@ -101,12 +101,6 @@ QRectF DrawnChart::FootnotePlace() const {
   return footnote_ ? footnote_->boundingRect().translated(footnote_->pos()) : QRectF();
 }
 
-// The plot has its axis' labels and title below it.
-qreal DrawnChart::AxisTextsBottom() const {
-  const qreal title = has_axis_titles_ && !chart_.horizontal_title.empty() ? kLinesOfAxisTitle : 0;
-  return plotArea().bottom() + label_height_ + title * QFontMetricsF(font()).height();
-}
-
 qreal DrawnChart::LinesBelow() const { return ((footnote_ ? 1 : 0) + (key_ ? 1 : 0)) * kLinesOfFootnote; }
 
 // As many marks as the height has room for, and points that stand clear of the frame.

@@ -81,6 +81,13 @@ QPushButton* ChartForm::MakeButton(const char* name, const QString& caption, con
   return button;
 }
 
+// The narrower the window, the more lines its words take.
+void ChartForm::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  const int least = layout()->totalMinimumHeightForWidth(width());
+  if (least != minimumHeight()) setMinimumHeight(least);
+}
+
 void ChartForm::Open(const Chart& chart) {
   chart_ = chart;
   const QString title = ToQt(chart.title);

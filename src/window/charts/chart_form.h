@@ -25,6 +25,9 @@ class ChartForm : public QDialog {
   // Shows the chart, with its rows filled in, and the summary that the last procedure left.
   void Open(const Chart& chart);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   QPushButton* MakeButton(const char* name, const QString& caption, const char* icon);
 

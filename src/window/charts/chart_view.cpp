@@ -60,6 +60,7 @@ void ChartView::Draw() {
     drawn = new DrawnChart(shown_, colours, font());
   } else {
     drawn = new QChart;
+    drawn->setMinimumSize(0, 0);  // a view takes over the least size of its chart
     drawn->setBackgroundBrush(colours.ground);
     drawn->setBackgroundRoundness(0);
   }

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QSettings>
+#include <memory>
 
 #include "platform/settings_store.h"
 
-// The settings where the user's system keeps such things: the registry, a property list or a file of the user's
-// configuration folder. The values stand in the section Software/Tessara5/Options under their Op names.
+class QString;
+
+// The settings where the user's system keeps such things: the registry, or a file of the user's configuration folder.
+// The values stand in the section Software/Tessara5/Options under their Op names.
 
 namespace tessara {
 
@@ -15,12 +17,12 @@ class QtSettingsStore : public SettingsStore {
   // In a file of its own.
   explicit QtSettingsStore(const QString& file);
 
-  bool SectionExists() const override;
-  std::optional<std::string> Read(const std::string& name) const override;
-  bool Write(const std::string& name, const std::string& value) override;
+  bool SectionExists() const override { return store_->SectionExists(); }
+  std::optional<std::string> Read(const std::string& name) const override { return store_->Read(name); }
+  bool Write(const std::string& name, const std::string& value) override { return store_->Write(name, value); }
 
  private:
-  QSettings settings_;
+  std::unique_ptr<SettingsStore> store_;
 };
 
 }  // namespace tessara

@@ -1,6 +1,7 @@
 #include "window/widgets/text.h"
 
 #include <QDir>
+#include <algorithm>
 
 #include "numerics/code_page.h"
 
@@ -20,9 +21,14 @@ QString ToQtLines(std::string_view bytes) {
 }
 
 std::string FromQtLines(const QString& text) {
-  QString lines = text;
-  lines.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-  return FromQt(lines);
+  const std::string bytes = FromQt(text);
+  std::string lines;
+  lines.reserve(bytes.size() + static_cast<std::size_t>(std::ranges::count(bytes, '\n')));
+  for (const char c : bytes) {
+    if (c == '\n') lines += '\r';
+    lines += c;
+  }
+  return lines;
 }
 
 QString PathToQt(const Path& path) {
