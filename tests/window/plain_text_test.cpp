@@ -1,6 +1,8 @@
 #include <QAbstractItemView>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMenu>
+#include <QTableView>
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
