@@ -126,7 +126,12 @@ void ProcedureBox::BuildOptions() {
     field->setObjectName(ToQt(control));
     fields_[control] = field;
     connect(field, &QLineEdit::textChanged, this, [this, control](const QString& text) { TellField(control, text); });
-    connect(field, &QLineEdit::textEdited, this, &ProcedureBox::Changed);
+    // What is typed is announced ahead of the change of the text: the panel must hold it before anybody shows the
+    // panel.
+    connect(field, &QLineEdit::textEdited, this, [this, control](const QString& text) {
+      TellField(control, text);
+      emit Changed();
+    });
   }
   auto* format = new QComboBox(content_);
   format->setObjectName(ToQt(kOutputFormat));
