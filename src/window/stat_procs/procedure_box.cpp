@@ -126,7 +126,11 @@ void ProcedureBox::BuildOptions() {
     field->setObjectName(ToQt(control));
     fields_[control] = field;
     connect(field, &QLineEdit::textChanged, this, [this, control](const QString& text) { TellField(control, text); });
-    connect(field, &QLineEdit::textEdited, this, &ProcedureBox::Changed);
+    // The edit is reported ahead of the change: the panel must know it before anybody shows the panel again.
+    connect(field, &QLineEdit::textEdited, this, [this, control](const QString& text) {
+      TellField(control, text);
+      emit Changed();
+    });
   }
   auto* format = new QComboBox(content_);
   format->setObjectName(ToQt(kOutputFormat));
