@@ -50,7 +50,7 @@ class SettingsKeysTest : public QObject {
     const QString text = QString::fromUtf8(written.readAll());
     QVERIFY2(text.startsWith("[Software]"), qPrintable(text));
     for (const char* name : {"Op3", "Op4", "Op6", "Op10", "Op11", "Op12", "Op13", "Op14", "Op15", "Op16"}) {
-      const QRegularExpression line("^Tessara5\\\\Options\\\\" + QString(name) + "=0$",
+      const QRegularExpression line("^Tessara5\\\\Options\\\\" + QString(name) + "=\"?0\"?$",
                                     QRegularExpression::MultilineOption);
       QVERIFY2(line.match(text).hasMatch(), name);
     }
