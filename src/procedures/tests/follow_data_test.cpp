@@ -47,15 +47,6 @@ class FollowDataTest : public testing::Test {
     ASSERT_TRUE(ApplyChange(data, ReplaceData(std::move(contents), "Open")));
   }
 
-  // Other data in the place of these, as a load brings them.
-  void Replace(const std::vector<TestColumn>& columns) {
-    const DataSet other = MakeTestData(columns);
-    DataContents contents{.matrix = other.matrix};
-    contents.RecordCount = other.RecordCount;
-    contents.VariableCount = other.VariableCount;
-    ASSERT_TRUE(ApplyChange(data, ReplaceData(std::move(contents), "Open")));
-  }
-
   std::optional<std::string> Follow() { return FollowData(panel, data); }
 
   DataSet data;
@@ -64,7 +55,7 @@ class FollowDataTest : public testing::Test {
 };
 
 TEST_F(FollowDataTest, OtherDataKeepWhatHasTheSameNameInTheSameColumn) {
-  Replace({{"X"}, {"AGE"}, {"SMOKE"}});
+  data = MakeTestData({{"X"}, {"AGE"}, {"SMOKE"}});
   EXPECT_EQ(Follow(), std::nullopt);
   ExpectControl(2);
   EXPECT_EQ(panel.SelectedVariables, (Columns{2}));
@@ -82,13 +73,13 @@ TEST_F(FollowDataTest, DataThatReplaceTheOthersAreOtherData) {
 }
 
 TEST_F(FollowDataTest, OtherDataWithTheNameInAnotherColumnResetTheControl) {
-  Replace({{"AGE"}, {"SEX"}});
+  data = MakeTestData({{"AGE"}, {"SEX"}});
   EXPECT_EQ(Follow(), "AGE");
   ExpectNoControl();
 }
 
 TEST_F(FollowDataTest, DataWithoutTheColumnResetTheControl) {
-  Replace({{"AGE"}});
+  data = MakeTestData({{"AGE"}});
   EXPECT_EQ(Follow(), "AGE");
   ExpectNoControl();
 }
@@ -96,7 +87,7 @@ TEST_F(FollowDataTest, DataWithoutTheColumnResetTheControl) {
 TEST_F(FollowDataTest, WithoutAControlNothingIsReset) {
   ResetControl(panel);
   Follow();
-  Replace({{"A"}});
+  data = MakeTestData({{"A"}});
   EXPECT_EQ(Follow(), std::nullopt);
   ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 1, 1, "Delete Columns")));
   EXPECT_EQ(Follow(), std::nullopt);
