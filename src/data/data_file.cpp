@@ -216,6 +216,12 @@ bool HasPathOfItsOwn(const DataSet& data) {
          !std::filesystem::is_directory(data.DataFilePath, ignored);
 }
 
+Path Absolute(const Path& path) {
+  std::error_code error;
+  Path whole = std::filesystem::absolute(path, error);
+  return error ? path : whole;
+}
+
 }  // namespace
 
 std::string NotesToField(std::string_view notes) {
@@ -241,7 +247,7 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   // The data that stand in memory go when the new ones are whole.
   DataContents contents{.matrix = {},
                         .DataFilePath = picked ? path : data.DataFilePath,
-                        .LoadedFile = path,
+                        .LoadedFile = Absolute(path),
                         .DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path)),
                         .DataFileSize = facts->size,
                         .DataFileModified = ShortDateTime(facts->modified)};
