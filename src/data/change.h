@@ -52,6 +52,7 @@ struct DataContents {
   std::string ProjectNotes = {};
   Path DataFilePath = {};
   Path LoadedFile = {};
+  bool NamedAtTheStart = false;
   Path MisfitFile = {};
   std::string DataFileTitle = {};
   std::string GridTitle = {};

@@ -215,6 +215,7 @@ class ChangeExchange {
     data_.ProjectNotes.swap(contents.ProjectNotes);
     data_.DataFilePath.swap(contents.DataFilePath);
     data_.LoadedFile.swap(contents.LoadedFile);
+    std::swap(data_.NamedAtTheStart, contents.NamedAtTheStart);
     data_.MisfitFile.swap(contents.MisfitFile);
     data_.DataFileTitle.swap(contents.DataFileTitle);
     data_.GridTitle.swap(contents.GridTitle);

@@ -212,7 +212,7 @@ bool CopyDataFiles(const Path& from, const Path& to) {
 // At the start the path is the folder of data files, there or not, also behind a file that was named then.
 bool HasPathOfItsOwn(const DataSet& data) {
   std::error_code ignored;
-  return !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !WereNamedAtTheStart(data) &&
+  return !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !data.NamedAtTheStart &&
          !std::filesystem::is_directory(data.DataFilePath, ignored);
 }
 
@@ -242,6 +242,7 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   DataContents contents{.matrix = {},
                         .DataFilePath = picked ? path : data.DataFilePath,
                         .LoadedFile = path,
+                        .NamedAtTheStart = !picked,
                         .DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path)),
                         .DataFileSize = facts->size,
                         .DataFileModified = ShortDateTime(facts->modified)};
@@ -251,10 +252,6 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   ApplyChange(data, ReplaceData(std::move(contents), "Open"));
   if (!note.empty()) platform.ShowNote(note);
   return LoadOutcome::kLoaded;
-}
-
-bool WereNamedAtTheStart(const DataSet& data) {
-  return !data.LoadedFile.empty() && data.GridTitle == FromUtf8(PathToUtf8(data.LoadedFile));
 }
 
 SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables) {
@@ -282,6 +279,7 @@ SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, 
     return SaveOutcome::kFailed;
   }
   data.DataFilePath = path;
+  data.NamedAtTheStart = false;
   data.GridTitle = FromUtf8(PathToUtf8(path.filename()));
   return SaveOutcome::kSaved;
 }

@@ -28,10 +28,6 @@ enum class FilePick {
 LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, FilePick pick,
                          std::size_t selected_variables = 0);
 
-// Whether the data came from a file of the command line and have not been saved since: the title is the whole path, and
-// DataFilePath is another one's.
-bool WereNamedAtTheStart(const DataSet& data);
-
 enum class SaveOutcome {
   kSaved,
   kNoName,      // there is no file to save to yet: nothing has been done

@@ -45,7 +45,7 @@ std::optional<Path> AskSavePath(Session& session) {
                        .initial_name = TitleAsName(data.GridTitle),
                        .default_extension = "dcs",
                        .overwrite_prompt = true};
-  if (WereNamedAtTheStart(data)) {
+  if (data.NamedAtTheStart) {
     dialog.initial_folder = data.LoadedFile.parent_path();
     dialog.initial_name = FromUtf8(PathToUtf8(data.LoadedFile.filename()));
   }

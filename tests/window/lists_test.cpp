@@ -23,6 +23,8 @@ class ListsTest : public QObject {
   QAbstractButton* Button(const char* name) {
     return window().Find<QWidget>("StatProc1")->findChild<QAbstractButton*>(name);
   }
+  // Other views have fields of the same names.
+  QLineEdit* Field(const char* name) { return window().Find<QWidget>("StatProc1")->findChild<QLineEdit*>(name); }
   QString Summary() { return window().Find<QLabel>("RunSummary")->text(); }
 
   void Pick(const char* list, int row) { List(list)->setCurrentIndex(List(list)->model()->index(row, 0)); }
@@ -51,7 +53,7 @@ class ListsTest : public QObject {
     Choose(1, "Image2(0)");
     Choose(2, "Image2(2)");
     Button("Option8")->click();
-    auto* value = window().Find<QLineEdit>("Text1");
+    auto* value = Field("Text1");
     QTest::keyClicks(value, "4o");
     return value;
   }
@@ -87,7 +89,7 @@ class ListsTest : public QObject {
     QCOMPARE(panel().IndependentVariables, Columns{3});
     Pick("List1", 4);
     Trigger(MenuOf(List("List1")->viewport()), "AddTo2");
-    QCOMPARE(window().Find<QLineEdit>("Text18")->text(), "KG");
+    QCOMPARE(Field("Text18")->text(), "KG");
     // A procedure without a second list adds nothing to it.
     Button("Option1")->click();
     Pick("List1", 4);
@@ -112,9 +114,9 @@ class ListsTest : public QObject {
 
   void TheMenuOfTheControlResetsIt() {
     Choose(2, "Image2(2)");
-    QCOMPARE(window().Find<QLineEdit>("Text18")->text(), "SEX");
-    Trigger(MenuOf(window().Find<QLineEdit>("Text18")), "Reset");
-    QCOMPARE(window().Find<QLineEdit>("Text18")->text(), "");
+    QCOMPARE(Field("Text18")->text(), "SEX");
+    Trigger(MenuOf(Field("Text18")), "Reset");
+    QCOMPARE(Field("Text18")->text(), "");
   }
 
   void ASecondListWithoutAUseCanBeEmptied() {
@@ -185,9 +187,9 @@ class ListsTest : public QObject {
 
   void MaxObservationsHasItsTip() {
     Button("Option12")->click();
-    QCOMPARE(window().Find<QLineEdit>("Text7")->toolTip(), "Enter maximum number of observations");
+    QCOMPARE(Field("Text7")->toolTip(), "Enter maximum number of observations");
     Button("Option4")->click();
-    QCOMPARE(window().Find<QLineEdit>("Text5")->toolTip(), "");
+    QCOMPARE(Field("Text5")->toolTip(), "");
   }
 };
 

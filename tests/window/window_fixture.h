@@ -147,7 +147,11 @@ class WindowFixture {
   // The widget of that object name.
   template <typename Widget = QWidget>
   Widget* Find(const char* name) {
-    Widget* found = frame_->findChild<Widget*>(QString::fromLatin1(name));
+    // Views share names of boxes: the one in front comes first.
+    const QString wanted = QString::fromLatin1(name);
+    const QWidget* front = frame_->current_view();
+    Widget* found = front ? front->findChild<Widget*>(wanted) : nullptr;
+    if (!found) found = frame_->findChild<Widget*>(wanted);
     if (!found) qWarning("no widget %s", name);
     return found;
   }

@@ -434,7 +434,7 @@ TEST_F(BatchRunTest, PrintDoesNotReplaceADataFileOfTheRun) {
 TEST_F(BatchRunTest, SaveDoesNotReplaceAFileThatIsNoDataFile) {
   const std::string data = WriteData();
   const std::string open = "open " + data + "\n";
-  for (const std::string content : {"Dear reader", "\n", "1\r\n", "12 x\r\n", "-1 2 Tessara data\r\n", "x"}) {
+  for (const std::string content : {"Dear reader", "1\r\n", "12 x\r\n", "-1 2 Tessara data\r\n", "x"}) {
     const std::string letter = Write("letter.txt", content);
     const Outcome run = RunScript(open + "save " + letter + "\nstatistics\n");
     EXPECT_EQ(run.status, 2) << content;
@@ -449,7 +449,7 @@ TEST_F(BatchRunTest, SaveDoesNotReplaceAFileThatIsNoDataFile) {
 TEST_F(BatchRunTest, SaveReplacesADataFileAnEmptyFileAndNone) {
   const std::string open = "open " + WriteData() + "\n";
   for (const std::string content :
-       {"1 1 Tessara data\r\n", "1 1", "2 3\n", "1 2 x", "4 4 Tessara data\x01note\r\n", ""}) {
+       {"1 1 Tessara data\r\n", "1 1", "2 3\n", "1 2 x", "4 4 Tessara data\x01note\r\n", "\r\n\r\n", ""}) {
     const std::string other = Write("other.dcs", content);
     EXPECT_EQ(RunScript(open + "save " + other + "\n").status, 0) << content;
     EXPECT_TRUE(FileContent(other).starts_with("3 2 Tessara data")) << content;

@@ -52,12 +52,12 @@ TEST(ManualPage, HoldsEachCommandWithItsOptions) {
 
 TEST(ManualPage, WordsThatStandForOthersAreSlantedAndTypedOnesBold) {
   const std::string page = ManualPage();
-  EXPECT_NE(page.find(".TP\n\\fBfrequencies\\fR \\fIVAR\\fR\\&.\\&.\\&. [\\fBby\\fR \\fIVAR\\fR\\&.\\&.\\&.] "
+  EXPECT_NE(page.find(".TP\n\\fBfrequencies\\fR \\fIVAR\\fR... [\\fBby\\fR \\fIVAR\\fR...] "
                       "[\\fB\\-\\-dispersion\\fR]\n"),
             std::string::npos);
   EXPECT_NE(page.find(".TP\n\\fB\\-s\\fR, \\fB\\-\\-script\\fR \\fIFILE\\fR\nRun the commands of FILE"),
             std::string::npos);
-  EXPECT_NE(page.find("[\\fIDATA.dcs\\fR] [\\fICOMMAND\\fR [\\fIARGUMENT\\fR\\&.\\&.\\&.]]"), std::string::npos);
+  EXPECT_NE(page.find("[\\fIDATA.dcs\\fR] [\\fICOMMAND\\fR [\\fIARGUMENT\\fR...]]"), std::string::npos);
 }
 
 // Runs the completion in a shell, in a folder with the file letter.txt, and yields what it offers, sorted, with a blank

@@ -434,5 +434,15 @@ TEST_F(RepairSampleFilesTest, AMissingFolderShowsTheBox) {
   EXPECT_EQ(platform.messages[1].title, "Repair Failed");
 }
 
+// Its title is then the same as its path, as that of a file that was named at the start is.
+TEST_F(SaveDataFileTest, FileThatWasPickedByItsNameAloneHasAPathOfItsOwn) {
+  folder.Make("near.dcs", FileText("1 1 Tessara data", "A", {"5"}));
+  const Path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  EXPECT_EQ(Open("near.dcs"), LoadOutcome::kLoaded);
+  EXPECT_EQ(SaveDataFile(data, platform, 0), SaveOutcome::kSaved);
+  std::filesystem::current_path(before);
+}
+
 }  // namespace
 }  // namespace tessara

@@ -174,6 +174,7 @@ QWidget* Brevarum1::BuildInput() {
   layout->setContentsMargins(0, 0, 0, 0);
   input_ = new BrevarumInput(session().platform, panel(), input);
   layout->addWidget(input_);
+  connect(input_, &BrevarumInput::Typed, this, [this](QWidget* box) { scroll_->BringIntoSight(box); });
   connect(input_, &BrevarumInput::EndReached, this, [this] { actions_[0]->setFocus(Qt::TabFocusReason); });
 
   compact_ = new QPlainTextEdit(input);
@@ -273,7 +274,7 @@ void Brevarum1::FocusInput() {
   if (!input_->HoldsFocus()) input_->FocusFirst();
   // In a small window the page goes to what has come out.
   QWidget* result = compact_->isHidden() ? static_cast<QWidget*>(input_) : compact_;
-  scroll_->ensureWidgetVisible(result);
+  scroll_->BringIntoSight(result);
 }
 
 void Brevarum1::ShowResults() {

@@ -36,6 +36,7 @@ class PageStack : public QStackedWidget {
 BrevarumInput::BrevarumInput(Platform& platform, BrevarumPanel& panel, QWidget* parent)
     : QGroupBox(parent), platform_(platform), panel_(panel), frames_(new PageStack(this)) {
   setObjectName("InputFrame");
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);  // its boxes are not squeezed: the page scrolls
   for (const BrevarumPanelRow& row : BrevarumPanelRows()) {
     if (row.frame != "F1") frames_->addWidget(own_frames_[Name(row.frame)] = BuildOwnFrame(row));
   }
@@ -333,6 +334,7 @@ bool BrevarumInput::eventFilter(QObject* watched, QEvent* event) {
   auto* box = qobject_cast<QWidget*>(watched);
   const auto* key = static_cast<QKeyEvent*>(event);
   if (!box) return false;
+  if (press) emit Typed(box);
   if (press && !key->modifiers().testAnyFlags(kCommand | Qt::ShiftModifier) && qobject_cast<QLineEdit*>(box)) {
     if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down) {
       return GoUpOrDown(box, key->key() == Qt::Key_Up ? -1 : 1);

@@ -33,6 +33,8 @@ class BrevarumInput : public QGroupBox {
   bool HoldsFocus() const;
 
  signals:
+  // A key is pressed in a box.
+  void Typed(QWidget* box);
   // Enter in the last box: what comes next is Calculate.
   void EndReached();
 

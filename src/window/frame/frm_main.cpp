@@ -464,7 +464,7 @@ void FrmMain::FitTabs() {
 
 void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) {
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) {
     UseIconsOfPalette(palette());
     UseHintsOfPalette();
   }

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "window/widgets/follow_font.h"
 #include "window/widgets/theme.h"
@@ -43,10 +44,9 @@ PageView::PageView(Session& the_session, View the_view, const PageText& page, QW
     title->setFont(large);
   });
   title->setAlignment(Qt::AlignHCenter);
-  auto* text = new QLabel(page.text, this);
-  text->setWordWrap(true);
-  text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  FollowFont(text, [text] { text->setFixedWidth(text->fontMetrics().averageCharWidth() * kTextColumns); });
+  text_ = new QLabel(page.text, this);
+  text_->setWordWrap(true);
+  text_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
 
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(fontMetrics().height());
@@ -55,12 +55,25 @@ PageView::PageView(Session& the_session, View the_view, const PageText& page, QW
   layout->addWidget(title);
   auto* middle = new QHBoxLayout;  // an aligned label would get the height of fewer lines than it wraps into
   middle->addStretch();
-  middle->addWidget(text);
+  middle->addWidget(text_);
   middle->addStretch();
   layout->addLayout(middle);
   layout->addStretch(3);
   setAccessibleName(page.title);
   setAccessibleDescription(page.text);
+  FollowFont(text_, [this] { MeasureText(); });
+}
+
+// Lines of a length that reads well, shorter in a narrow window.
+void PageView::MeasureText() {
+  const QMargins around = layout()->contentsMargins();
+  const int room = std::max(0, width() - around.left() - around.right());
+  text_->setFixedWidth(std::min(text_->fontMetrics().averageCharWidth() * kTextColumns, room));
+}
+
+void PageView::resizeEvent(QResizeEvent* event) {
+  ViewForm::resizeEvent(event);
+  MeasureText();
 }
 
 }  // namespace tessara

@@ -126,8 +126,7 @@ void ProcedureBox::BuildOptions() {
     field->setObjectName(ToQt(control));
     fields_[control] = field;
     connect(field, &QLineEdit::textChanged, this, [this, control](const QString& text) { TellField(control, text); });
-    // What is typed is announced ahead of the change of the text: the panel must hold it before anybody shows the
-    // panel.
+    // The edit is reported ahead of the change: the panel must know it before anybody shows the panel again.
     connect(field, &QLineEdit::textEdited, this, [this, control](const QString& text) {
       TellField(control, text);
       emit Changed();

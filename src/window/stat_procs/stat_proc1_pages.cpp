@@ -1,6 +1,6 @@
 #include "window/stat_procs/stat_proc1_pages.h"
 
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QTextDocument>
 #include <QVBoxLayout>
@@ -22,8 +22,8 @@ constexpr int kExampleLines = 6;  // an example that shows fewer lines is of no 
 
 StatisticsPage::StatisticsPage(QWidget* parent)
     : QGroupBox("Data Grid Statistics", parent), usage_(new QProgressBar(this)) {
-  auto* layout = new QFormLayout;
-  layout->setFormAlignment(Qt::AlignTop | Qt::AlignLeft);
+  auto* layout = new QGridLayout;
+  layout->setColumnStretch(2, 1);
   for (std::size_t i = 0; i < captions_.size(); ++i) {
     captions_[i] = new QLabel(this);
     captions_[i]->setObjectName(QString("StatisticsCaption%1").arg(i + 1));
@@ -31,7 +31,8 @@ StatisticsPage::StatisticsPage(QWidget* parent)
     values_[i] = new QLabel(this);
     values_[i]->setObjectName(QString("StatisticsValue%1").arg(i + 1));
     values_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    layout->addRow(captions_[i], values_[i]);
+    layout->addWidget(captions_[i], static_cast<int>(i), 0);
+    layout->addWidget(values_[i], static_cast<int>(i), 1);
   }
   usage_->setObjectName("UsageBar");
   usage_->setRange(0, 100);

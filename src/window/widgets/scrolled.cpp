@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QScrollBar>
+#include <algorithm>
 
 namespace tessara {
 namespace {
@@ -18,13 +19,16 @@ Scrolled::Scrolled(QWidget* content, QWidget* parent) : QScrollArea(parent) {
   setFocusPolicy(Qt::NoFocus);
   viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);
-  connect(qApp, &QApplication::focusChanged, this, [this](auto*, QWidget* now) { ShowFocus(now); });
+  connect(qApp, &QApplication::focusChanged, this, [this](auto*, QWidget* now) { BringIntoSight(now); });
 }
 
-void Scrolled::ShowFocus(QWidget* focused) {
-  if (!focused || !isVisible() || !widget()->isAncestorOf(focused)) return;
+void Scrolled::BringIntoSight(const QWidget* part) {
+  if (!part || !isVisible() || !widget()->isAncestorOf(part)) return;
   const int margin = fontMetrics().height() / 2;
-  ensureWidgetVisible(focused, margin, margin);
+  const QRect place(part->mapTo(widget(), QPoint()), part->size());
+  const QSize room = viewport()->size();
+  ensureVisible(place.center().x(), place.center().y(), std::min(place.width() / 2 + margin, room.width() / 2),
+                std::min(place.height() / 2 + margin, room.height() / 2));
 }
 
 QSize Scrolled::sizeHint() const {

@@ -12,11 +12,11 @@ class Scrolled : public QScrollArea {
  public:
   explicit Scrolled(QWidget* content, QWidget* parent = nullptr);
 
+  // Scrolls until the widget is in sight, or as much of it as there is room for.
+  void BringIntoSight(const QWidget* part);
+
   QSize sizeHint() const override;  // as the content wants it
   QSize minimumSizeHint() const override;
-
- private:
-  void ShowFocus(QWidget* focused);
 };
 
 }  // namespace tessara
