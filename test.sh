@@ -43,6 +43,7 @@ need_packages build window test || exit 1
 export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
 export QT_QPA_PLATFORM=offscreen
 export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1}"
+export LSAN_OPTIONS="suppressions=$PWD/tests/leaks.supp:print_suppressions=0"
 
 suite format format_check
 [ -f build/debug/build.ninja ] || cmake --preset debug >"$log/configure.log" 2>&1

@@ -30,5 +30,9 @@ void* operator new(std::size_t size) {
   throw std::bad_alloc();
 }
 
+// The standard library's temporary buffers ask like this, and give back by the plain delete below.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size == 0 ? 1 : size); }
+
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }

@@ -51,6 +51,11 @@ BrevarumInput::BrevarumInput(Platform& platform, BrevarumPanel& panel, QWidget* 
   note_ = new QLabel(this);
   note_->setObjectName("Label28");
   note_->setWordWrap(true);
+  // Its line stays free while there is nothing to note, so that a calculation does not move the boxes.
+  QSizePolicy stays = note_->sizePolicy();
+  stays.setRetainSizeWhenHidden(true);
+  note_->setSizePolicy(stays);
+  FollowFont(note_, [this] { note_->setMinimumHeight(note_->fontMetrics().height()); });
   inside->addWidget(note_);
 }
 
