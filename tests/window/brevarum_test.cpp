@@ -319,7 +319,7 @@ class BrevarumTest : public QObject {
     QCoreApplication::processEvents();
     QCOMPARE(Box("C3R2")->geometry(), box);
     Press("Option1(6)");
-    QCoreApplication::processEvents();
+    for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
     auto* curve = window().Find<QWidget>("NormalCurve");
     const QRect drawn = curve->geometry();
     QTest::keyClicks(Box("T1"), "1");

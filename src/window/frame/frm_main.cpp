@@ -466,7 +466,9 @@ void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) {
     UseIconsOfPalette(palette());
-    UseHintsOfPalette();
+    // When the change has reached every widget: one within it would be overtaken by it.
+    QMetaObject::invokeMethod(
+        this, [] { UseHintsOfPalette(); }, Qt::QueuedConnection);
   }
   if (event->type() == QEvent::ApplicationFontChange && zoom_) ApplyZoom();
 }
