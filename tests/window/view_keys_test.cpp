@@ -63,17 +63,6 @@ class ViewKeysTest : public QObject {
       window().End();
     }
   }
-
-  void HintsFollowAPaletteThatChanges() {
-    window().Start();
-    QPalette dark = palette_;
-    dark.setColor(QPalette::Text, Qt::yellow);
-    dark.setColor(QPalette::Base, Qt::black);
-    QApplication::setPalette(dark);
-    QCoreApplication::processEvents();
-    const QColor hint = window().Find<QWidget>("ProjectNotes")->palette().color(QPalette::PlaceholderText);
-    QCOMPARE(QColor(hint.rgb()), QColor(Qt::yellow));
-  }
 };
 
 }  // namespace tessara
