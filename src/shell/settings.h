@@ -32,7 +32,6 @@ struct Settings {
   int Op16 = 0;                        // 0 loads the quick tips module at start
   int undo_memory = kUsualUndoMemory;  // megabytes that the steps to undo may hold
 
-
   bool sounds() const { return Op3 == 0; }
   bool help_pane_at_start() const { return Op4 == 1; }
   bool show_output() const { return Op10 == 0; }
