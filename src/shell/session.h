@@ -7,6 +7,8 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/exchange/import.h"
+#include "data/exchange/split.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -47,6 +49,8 @@ struct Session {
   DataSet data;
   ProcedurePanel panel;
   BrevarumPanel brevarum;
+  DelimitForm delimit;
+  SplitPanel split;
   OutputLog output;
   ChartStore charts;
 
@@ -72,6 +76,11 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick);
 SaveOutcome SaveData(Session& session);
 SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
+
+// Imports what the form "Data File Format" names, in the place of the data.
+ImportOutcome ImportData(Session& session);
+// False when the file could not be written.
+bool ExportData(Session& session, const Path& path, char delimiter);
 
 // What every command begins with: the message of the one before it leaves pane 1.
 void BeginOperation(Session& session);

@@ -13,6 +13,9 @@ constexpr const CommandRow* kCommands[] = {
     &kOpenCommand,
     &kNewCommand,
     &kSaveCommand,
+    &kImportCommand,
+    &kExportCommand,
+    &kSplitCommand,
     &kNotesCommand,
     &kStatisticsCommand,
     &kControlCommand,
@@ -36,7 +39,7 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "import",   "export",        "split",       "print-notes",    "dictionary",  "cell",
+    "print-notes",    "dictionary",  "cell",
     "add-rows", "add-column",    "delete-rows", "format",         "copy-format", "recode",
     "compute",  "combine",       "trim",        "delete-columns", "find",        "replace",
     "undo",     "compare-dates", "sample",      "iterations",     "subset",      "table",
