@@ -45,6 +45,9 @@ enum class WidgetAction {
   kToggleHelpPane,
   kShowAbout,
   kOpenHelp,
+  kShowImport,
+  kShowExport,
+  kShowSplit,
 };
 
 // The views that one part of a row speaks of.

@@ -39,8 +39,8 @@ struct Runner {
 const std::vector<CommandMenu>& MenuBar() {
   constexpr bool kGroup = true;
   static const std::vector<CommandMenu> menus = {
-      {"&File", {{101}, {102}, {103, kGroup}, {110}, {106, kGroup}, {107, kGroup}}},
-      {"&Edit", {{214}, {215}, {204, kGroup}, {205, kGroup}, {206}, {213}, {212}, {211, kGroup}, {350}}},
+      {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {106, kGroup}, {107, kGroup}}},
+      {"&Edit", {{214}, {215}, {201, kGroup}, {204, kGroup}, {205, kGroup}, {206}, {213}, {212}, {211, kGroup}, {350}}},
       {"&Variable", {{308, kGroup}}},
       {"&Options", {{401}, {402}}},
       {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
@@ -56,6 +56,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 101},
       {.id = 102, .word = "Open"},
       {.id = 103, .caption = "&Save", .word = "Save"},
+      {.id = 108, .begin_group = kGroup, .caption = "Export", .style = kText},
       {.id = 213, .begin_group = kGroup},
       {.id = 205},
       {.id = 212, .begin_group = kGroup, .caption = "&Copy Output"},
