@@ -7,6 +7,8 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/edit/cell_entry.h"
+#include "data/edit/grid_block.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -45,6 +47,8 @@ struct Session {
   SettingsStore& settings_store;
   Settings settings;
   DataSet data;
+  GridBlock grid_selection;  // around the grid's cursor
+  CellEntry cell_entry;
   ProcedurePanel panel;
   BrevarumPanel brevarum;
   OutputLog output;
