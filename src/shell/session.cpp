@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/change_door.h"
+#include "data/exchange/export.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
@@ -98,6 +99,20 @@ void NewData(Session& session) {
   NewDataFile(session.data);
   ResetPanel(session.panel);
   FollowPanel(session);
+}
+
+ImportOutcome ImportData(Session& session) {
+  if (const auto refused = RefuseImport(session.delimit, session.platform)) return *refused;
+  const ImportOutcome outcome =
+      ImportText(session.delimit, session.data, session.platform, session.panel.SelectedVariables.size());
+  FollowPanel(session);
+  ClearPanelLists(session.panel);
+  ClearCharts(session.charts);
+  return outcome;
+}
+
+bool ExportData(Session& session, const Path& path, char delimiter) {
+  return ExportText(session.data, session.platform, path, delimiter, session.panel.SelectedVariables.size());
 }
 
 void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }

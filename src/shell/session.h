@@ -9,6 +9,8 @@
 #include "data/data_set.h"
 #include "data/edit/cell_entry.h"
 #include "data/edit/grid_block.h"
+#include "data/exchange/import.h"
+#include "data/exchange/split.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -51,6 +53,8 @@ struct Session {
   CellEntry cell_entry;
   ProcedurePanel panel;
   BrevarumPanel brevarum;
+  DelimitForm delimit;
+  SplitPanel split;
   OutputLog output;
   ChartStore charts;
 
@@ -76,6 +80,11 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick);
 SaveOutcome SaveData(Session& session);
 SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
+
+// Imports what the form "Data File Format" names, in the place of the data.
+ImportOutcome ImportData(Session& session);
+// False when the file could not be written.
+bool ExportData(Session& session, const Path& path, char delimiter);
 
 // What every command begins with: the message of the one before it leaves pane 1.
 void BeginOperation(Session& session);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr const CommandRow* kCommands[] = {
     &kOpenCommand,          &kNewCommand,          &kSaveCommand,
+    &kImportCommand,        &kExportCommand,       &kSplitCommand,
     &kNotesCommand,         &kStatisticsCommand,   &kCellCommand,
     &kAddRowsCommand,       &kAddColumnCommand,    &kDeleteRowsCommand,
     &kDeleteColumnsCommand, &kControlCommand,      &kFrequenciesCommand,
@@ -23,9 +24,9 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "import",     "export",  "split", "print-notes", "dictionary", "format",   "copy-format",   "recode",
-    "compute",    "combine", "trim",  "find",        "replace",    "undo",     "compare-dates", "sample",
-    "iterations", "subset",  "table", "explore",     "calculator", "glossary", "word",          "excel",
+    "print-notes", "dictionary", "format",  "copy-format", "recode",        "compute", "combine",
+    "trim",        "find",       "replace", "undo",        "compare-dates", "sample",  "iterations",
+    "subset",      "table",      "explore", "calculator",  "glossary",      "word",    "excel",
 };
 
 }  // namespace
