@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/change_door.h"
+#include "data/recode/follow_recode.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
@@ -109,6 +110,7 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 void FollowPanel(Session& session) {
+  FollowRecodeData(session.recode, session.data);
   if (const auto lost = FollowData(session.panel, session.data)) {
     session.platform.ShowNote("the control variable " + *lost + " was reset");
   }

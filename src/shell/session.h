@@ -7,6 +7,7 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/recode/recode_panel.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -46,6 +47,7 @@ struct Session {
   Settings settings;
   DataSet data;
   ProcedurePanel panel;
+  RecodePanel recode;
   BrevarumPanel brevarum;
   OutputLog output;
   ChartStore charts;

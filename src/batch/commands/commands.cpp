@@ -10,37 +10,23 @@ namespace tessara {
 namespace {
 
 constexpr const CommandRow* kCommands[] = {
-    &kOpenCommand,
-    &kNewCommand,
-    &kSaveCommand,
-    &kNotesCommand,
-    &kStatisticsCommand,
-    &kControlCommand,
-    &kFrequenciesCommand,
-    &kDescriptivesCommand,
-    &kCrosstabCommand,
-    &kTTestCommand,
-    &kAnovaCommand,
-    &kCorrelationCommand,
-    &kCorrelationMatrixCommand,
-    &kRegressionCommand,
-    &kLogisticCommand,
-    &kDiagnosticCommand,
-    &kListCommand,
-    &kBrevarumCommand,
-    &kChartsCommand,
-    &kRecentCommand,
-    &kTabDelimitedCommand,
-    &kPrintCommand,
+    &kOpenCommand,         &kNewCommand,          &kSaveCommand,
+    &kNotesCommand,        &kStatisticsCommand,   &kRecodeCommand,
+    &kComputeCommand,      &kCombineCommand,      &kCompareDatesCommand,
+    &kTrimCommand,         &kFindCommand,         &kReplaceCommand,
+    &kUndoCommand,         &kControlCommand,      &kFrequenciesCommand,
+    &kDescriptivesCommand, &kCrosstabCommand,     &kTTestCommand,
+    &kAnovaCommand,        &kCorrelationCommand,  &kCorrelationMatrixCommand,
+    &kRegressionCommand,   &kLogisticCommand,     &kDiagnosticCommand,
+    &kListCommand,         &kBrevarumCommand,     &kChartsCommand,
+    &kRecentCommand,       &kTabDelimitedCommand, &kPrintCommand,
 };
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "import",   "export",        "split",       "print-notes",    "dictionary",  "cell",
-    "add-rows", "add-column",    "delete-rows", "format",         "copy-format", "recode",
-    "compute",  "combine",       "trim",        "delete-columns", "find",        "replace",
-    "undo",     "compare-dates", "sample",      "iterations",     "subset",      "table",
-    "explore",  "calculator",    "glossary",    "word",           "excel",
+    "import",     "export",      "split",   "print-notes", "dictionary",     "cell",   "add-rows",
+    "add-column", "delete-rows", "format",  "copy-format", "delete-columns", "sample", "iterations",
+    "subset",     "table",       "explore", "calculator",  "glossary",       "word",   "excel",
 };
 
 }  // namespace
