@@ -11,6 +11,7 @@
 #include "data/edit/grid_block.h"
 #include "data/exchange/import.h"
 #include "data/exchange/split.h"
+#include "data/recode/recode_panel.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -52,6 +53,7 @@ struct Session {
   GridBlock grid_selection;  // around the grid's cursor
   CellEntry cell_entry;
   ProcedurePanel panel;
+  RecodePanel recode;
   BrevarumPanel brevarum;
   DelimitForm delimit;
   SplitPanel split;
