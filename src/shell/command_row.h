@@ -16,7 +16,14 @@ inline constexpr int kPrintCommand = 106;
 inline constexpr int kExitCommand = 107;
 inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
+inline constexpr int kFormatCommand = 301;
 inline constexpr int kRunCommand = 308;
+inline constexpr int kVariablesCommand = 310;
+// The buttons of the form that describes variables.
+inline constexpr int kSaveFormatCommand = 311;
+inline constexpr int kCopyFormatCommand = 312;
+inline constexpr int kPasteFormatCommand = 313;
+inline constexpr int kRevertFormatCommand = 314;
 inline constexpr int kToggleOutputCommand = 350;
 inline constexpr int kToggleHelpCommand = 602;
 inline constexpr int kAboutCommand = 608;
@@ -45,6 +52,8 @@ enum class WidgetAction {
   kToggleHelpPane,
   kShowAbout,
   kOpenHelp,
+  kFormatVariables,
+  kShowVariables,
 };
 
 // The views that one part of a row speaks of.

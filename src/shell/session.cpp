@@ -109,6 +109,7 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 void FollowPanel(Session& session) {
+  FollowFormat(session.format, session.data);
   if (const auto lost = FollowData(session.panel, session.data)) {
     session.platform.ShowNote("the control variable " + *lost + " was reset");
   }

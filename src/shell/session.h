@@ -7,6 +7,7 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/dictionary/variable_format.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -45,6 +46,8 @@ struct Session {
   SettingsStore& settings_store;
   Settings settings;
   DataSet data;
+  VariableFormat format;
+  CopiedFormat copied_format;
   ProcedurePanel panel;
   BrevarumPanel brevarum;
   OutputLog output;

@@ -15,6 +15,8 @@ constexpr const CommandRow* kCommands[] = {
     &kSaveCommand,
     &kNotesCommand,
     &kStatisticsCommand,
+    &kFormatCommand,
+    &kCopyFormatCommand,
     &kControlCommand,
     &kFrequenciesCommand,
     &kDescriptivesCommand,
@@ -37,7 +39,7 @@ constexpr const CommandRow* kCommands[] = {
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
     "import",   "export",        "split",       "print-notes",    "dictionary",  "cell",
-    "add-rows", "add-column",    "delete-rows", "format",         "copy-format", "recode",
+    "add-rows", "add-column",    "delete-rows", "recode",
     "compute",  "combine",       "trim",        "delete-columns", "find",        "replace",
     "undo",     "compare-dates", "sample",      "iterations",     "subset",      "table",
     "explore",  "calculator",    "glossary",    "word",           "excel",

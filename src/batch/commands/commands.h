@@ -28,6 +28,8 @@ extern const CommandRow kNewCommand;
 extern const CommandRow kSaveCommand;
 extern const CommandRow kNotesCommand;
 extern const CommandRow kStatisticsCommand;
+extern const CommandRow kFormatCommand;
+extern const CommandRow kCopyFormatCommand;
 extern const CommandRow kControlCommand;
 extern const CommandRow kFrequenciesCommand;
 extern const CommandRow kDescriptivesCommand;
