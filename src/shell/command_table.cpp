@@ -41,7 +41,7 @@ const std::vector<CommandMenu>& MenuBar() {
   static const std::vector<CommandMenu> menus = {
       {"&File", {{101}, {102}, {103, kGroup}, {110}, {106, kGroup}, {107, kGroup}}},
       {"&Edit", {{214}, {215}, {204, kGroup}, {205, kGroup}, {206}, {213}, {212}, {211, kGroup}, {350}}},
-      {"&Variable", {{308, kGroup}}},
+      {"&Variable", {{301}, {310}, {308, kGroup}}},
       {"&Options", {{401}, {402}}},
       {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
       {"&Help", {{601}, {602}, {608, kGroup}}},
@@ -60,6 +60,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 205},
       {.id = 212, .begin_group = kGroup, .caption = "&Copy Output"},
       {.id = 206},
+      {.id = 301, .begin_group = kGroup, .caption = "&Format Variables", .style = kText, .word = "Format"},
       {.id = 350, .begin_group = kGroup, .caption = "Output Log", .style = kText},
       {.id = 308, .begin_group = kGroup, .style = kText, .word = "Run"},
       {.id = 106, .style = kText, .word = "Print"},

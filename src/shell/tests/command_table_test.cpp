@@ -50,7 +50,10 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 212 Copy Output\n"
        "|211 Convert Output to Tab Delimited\n"
        " 350 &Output Log\n"},
-      {"&Variable", "|308 Run Procedure\n"},
+      {"&Variable",
+       " 301 &Format Variables\n"
+       " 310 All &Variables\n"
+       "|308 Run Procedure\n"},
       {"&Options",
        " 401 Default &Size\n"
        " 402 &Repair Sample Data Files\n"},
@@ -82,6 +85,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 205 &Copy\n"
             "|212 &Copy Output\n"
             " 206 &Paste\n"
+            "|301 &Format Variables\n"
             "|350 Output Log\n"
             "|308 Run Procedure\n"
             " 106 &Print\n"
@@ -93,11 +97,12 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Copy Selection",
                             "Copy Output",
                             "Paste",
+                            "Formatting",
                             "View Output Log",
                             "Run Statistical Procedure",
                             "Print the active document",
                             "Show Help Window"};
-  const std::set<int> with_caption = {350, 308, 106, 602};
+  const std::set<int> with_caption = {301, 350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
     const BarEntry& entry = Toolbar()[i];
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
@@ -164,7 +169,7 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
       {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"}, {211, "---o----"}, {350, "---+----"},
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
-      {608, "++++++++"}, {214, "---o----"}, {215, "---o----"},
+      {608, "++++++++"}, {214, "---o----"}, {215, "---o----"}, {301, "+-------"}, {310, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
