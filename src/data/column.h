@@ -44,6 +44,8 @@ class Column {
   void Set(std::size_t row, const TaggedView& value);
 
   const NumericColumn& Numbers(std::size_t record_count) const;
+  // Whether they have been read already.
+  bool HasNumbers(std::size_t record_count) const { return numbers_ && numbers_->values.size() >= record_count; }
   // Gives back the memory of the numbers; they are read again when they are asked for.
   void ForgetNumbers() const { numbers_.reset(); }
 

@@ -126,6 +126,7 @@ void SetProjectNotes(Session& session, std::string notes) {
 
 void FollowPanel(Session& session) {
   FollowRecodeData(session.recode, session.data);
+  FollowFormat(session.format, session.data);
   if (const auto lost = FollowData(session.panel, session.data)) {
     session.platform.ShowNote("the control variable " + *lost + " was reset");
   }

@@ -7,6 +7,7 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/dictionary/variable_format.h"
 #include "data/edit/cell_entry.h"
 #include "data/edit/grid_block.h"
 #include "data/exchange/import.h"
@@ -52,6 +53,8 @@ struct Session {
   DataSet data;
   GridBlock grid_selection;  // around the grid's cursor
   CellEntry cell_entry;
+  VariableFormat format;
+  CopiedFormat copied_format;
   ProcedurePanel panel;
   RecodePanel recode;
   BrevarumPanel brevarum;

@@ -23,6 +23,8 @@ constexpr const CommandRow* kCommands[] = {
     &kAddColumnCommand,
     &kDeleteRowsCommand,
     &kDeleteColumnsCommand,
+    &kFormatCommand,
+    &kCopyFormatCommand,
     &kRecodeCommand,
     &kComputeCommand,
     &kCombineCommand,
@@ -52,8 +54,8 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "print-notes", "dictionary", "format",     "copy-format", "sample", "iterations", "subset",
-    "table",       "explore",    "calculator", "glossary",    "word",   "excel",
+    "print-notes", "dictionary", "sample",   "iterations", "subset", "table",
+    "explore",     "calculator", "glossary", "word",       "excel",
 };
 
 }  // namespace

@@ -44,6 +44,8 @@ extern const CommandRow kTrimCommand;
 extern const CommandRow kFindCommand;
 extern const CommandRow kReplaceCommand;
 extern const CommandRow kUndoCommand;
+extern const CommandRow kFormatCommand;
+extern const CommandRow kCopyFormatCommand;
 extern const CommandRow kControlCommand;
 extern const CommandRow kFrequenciesCommand;
 extern const CommandRow kDescriptivesCommand;
