@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -14,9 +15,19 @@ inline constexpr int kNewCommand = 101;
 inline constexpr int kOpenCommand = 102;
 inline constexpr int kPrintCommand = 106;
 inline constexpr int kExitCommand = 107;
+inline constexpr int kSelectAllCommand = 204;
+inline constexpr int kCopyCommand = 205;
 inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
+inline constexpr int kGoToCommand = 216;
+inline constexpr int kFormatCommand = 301;
 inline constexpr int kRunCommand = 308;
+inline constexpr int kVariablesCommand = 310;
+// The buttons of the form that describes variables.
+inline constexpr int kSaveFormatCommand = 311;
+inline constexpr int kCopyFormatCommand = 312;
+inline constexpr int kPasteFormatCommand = 313;
+inline constexpr int kRevertFormatCommand = 314;
 inline constexpr int kToggleOutputCommand = 350;
 inline constexpr int kToggleHelpCommand = 602;
 inline constexpr int kAboutCommand = 608;
@@ -45,6 +56,9 @@ enum class WidgetAction {
   kToggleHelpPane,
   kShowAbout,
   kOpenHelp,
+  kGoTo,
+  kFormatVariables,
+  kShowVariables,
   kShowImport,
   kShowExport,
   kShowSplit,
@@ -82,6 +96,7 @@ struct CommandUse {
   Operation run = {};
   std::string_view reason = {};  // what the status bar says while the command is not enabled
   bool in_bars = true;           // false: no menu or button shows the command here, keys alone lead to it
+  std::string (*named)(const Session& session) = nullptr;  // a caption that tells what the command is about to do
 };
 
 inline constexpr std::size_t kMostUses = 8;
@@ -91,6 +106,7 @@ struct CommandRow {
   std::string_view caption = {};   // of the menu, "&" ahead of the access letter
   std::string_view icon = {};      // name in the icon theme
   std::string_view shortcut = {};  // "Ctrl+O"
+  std::string_view second_shortcut = {};
   std::string_view tooltip = {};
   Rule checked = nullptr;  // a command with this rule carries a mark while it holds
   CommandUse uses[kMostUses] = {};

@@ -5,6 +5,8 @@
 #include "shell/command_row.h"
 #include "shell/command_rules.h"
 #include "shell/file_questions.h"
+#include "shell/format_operations.h"
+#include "shell/grid_operations.h"
 
 // All commands, by the menus that they stand in.
 
@@ -20,7 +22,8 @@ constexpr std::string_view kNoGlossary = "The glossary is not part of this versi
 constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
 constexpr std::string_view kNoDictionary = "The data dictionary is not part of this version";
 constexpr std::string_view kNoReportPages = "Report pages of the table are not part of this version";
-constexpr std::string_view kReadOnly = "The cells of the grid are read only";
+constexpr std::string_view kNothingToUndo = "There is nothing to undo";
+constexpr std::string_view kNothingToRedo = "There is nothing to redo";
 constexpr std::string_view kNoOutput = "There is no output yet";
 constexpr std::string_view kNoSelection = "No text is selected";
 constexpr std::string_view kNoText = "The clipboard holds no text";
@@ -101,36 +104,54 @@ constexpr CommandRow kEditCommands[] = {
      .caption = "&Undo",
      .icon = "edit-undo",
      .shortcut = "Ctrl+Z",
-     .uses = {{.views = ViewOutput,
+     .uses = {{.views = ViewDataGrid,
+               .enabled = CanUndoData,
+               .run = UndoDataChange,
+               .reason = kNothingToUndo,
+               .named = UndoCaption},
+              {.views = ViewOutput,
+               .caption = "Undo",
                .shown = InTextMode,
                .enabled = CanUndoText,
                .run = WidgetAction::kUndo,
-               .reason = "There is nothing to undo"}}},
+               .reason = kNothingToUndo}}},
     {.id = 215,
      .caption = "&Redo",
      .icon = "edit-redo",
      .shortcut = "Ctrl+Shift+Z",
-     .uses = {{.views = ViewOutput,
+     .second_shortcut = "Ctrl+Y",
+     .uses = {{.views = ViewDataGrid,
+               .enabled = CanRedoData,
+               .run = RedoDataChange,
+               .reason = kNothingToRedo,
+               .named = RedoCaption},
+              {.views = ViewOutput,
+               .caption = "Redo",
                .shown = InTextMode,
                .enabled = CanRedoText,
                .run = WidgetAction::kRedo,
-               .reason = "There is nothing to redo"}}},
+               .reason = kNothingToRedo}}},
     {.id = 201,
      .caption = "&Split Large Data Files",
      .icon = "edit-cut",
      .uses = {{.views = ViewDataGrid, .run = PrepareSplit}}},
-    {.id = 204,
+    {.id = kGoToCommand,
+     .caption = "&Go to Cell",
+     .icon = "go-jump",
+     .shortcut = "Ctrl+G",
+     .uses = {{.views = ViewDataGrid, .run = WidgetAction::kGoTo}}},
+    {.id = kSelectAllCommand,
      .caption = "Select &All",
      .icon = "edit-select-all",
      .shortcut = "Ctrl+A",
      .uses = {{.views = ViewDataGrid, .run = WidgetAction::kSelectAll},
               {.views = ViewOutput, .enabled = HasOutputText, .run = WidgetAction::kSelectAll, .reason = kNoOutput}}},
-    {.id = 205,
+    {.id = kCopyCommand,
      .caption = "&Copy",
      .icon = "edit-copy",
      .shortcut = "Ctrl+C",
      .tooltip = "Copy Selection",
-     .uses = {{.views = ViewDataGrid, .run = WidgetAction::kCopy},
+     .uses = {{.views = ViewDataGrid, .run = CopyCells},
               {.views = ViewBrevarum, .run = CopyCalculation, .in_bars = false},
               {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCopy, .reason = kNoSelection},
               {.views = ViewGlossary, .reason = kNoGlossary}}},
@@ -139,7 +160,7 @@ constexpr CommandRow kEditCommands[] = {
      .icon = "edit-paste",
      .shortcut = "Ctrl+V",
      .tooltip = "Paste",
-     .uses = {{.views = ViewDataGrid, .reason = kReadOnly},
+     .uses = {{.views = ViewDataGrid, .enabled = ClipboardHasText, .run = PasteCells, .reason = kNoText},
               {.views = ViewOutput, .enabled = ClipboardHasText, .run = WidgetAction::kPaste, .reason = kNoText},
               {.views = ViewGlossary, .reason = kNoGlossary}}},
     {.id = 213,
@@ -147,9 +168,29 @@ constexpr CommandRow kEditCommands[] = {
      .icon = "edit-cut",
      .shortcut = "Ctrl+X",
      .tooltip = "Paste",  // of the button that cuts: the pairing is intended
-     .uses = {{.views = ViewDataGrid, .reason = kReadOnly},
+     .uses = {{.views = ViewDataGrid, .run = CutCells},
               {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCut, .reason = kNoSelection},
               {.views = ViewGlossary, .reason = kNoGlossary}}},
+    {.id = 207,
+     .caption = "Add &Rows",
+     .icon = "edit-table-insert-row-below",
+     .tooltip = "Add Rows",
+     .uses = {{.views = ViewDataGrid, .run = AddGridRows}}},
+    {.id = 208,
+     .caption = "Add &Columns",
+     .icon = "edit-table-insert-column-right",
+     .tooltip = "Add Columns",
+     .uses = {{.views = ViewDataGrid, .run = AddGridColumn}}},
+    {.id = 209,
+     .caption = "Delete Rows",
+     .icon = "edit-table-delete-row",
+     .tooltip = "Delete Rows",
+     .uses = {{.views = ViewDataGrid, .run = DeleteGridRows}}},
+    {.id = 210,
+     .caption = "Delete Columns",
+     .icon = "edit-table-delete-column",
+     .tooltip = "Delete Columns",
+     .uses = {{.views = ViewDataGrid, .run = DeleteGridColumns}}},
     {.id = kCopyOutputCommand,
      .caption = "Copy Output",
      .icon = "edit-copy",
@@ -170,12 +211,35 @@ constexpr CommandRow kEditCommands[] = {
 };
 
 constexpr CommandRow kVariableCommands[] = {
+    {.id = kFormatCommand,
+     .caption = "&Format Variables",
+     .icon = "document-properties",
+     .shortcut = "Ctrl+D",
+     .tooltip = "Formatting",
+     .uses = {{.views = ViewDataGrid, .caption = "Format Variables", .run = OpenVariableFormat}}},
+    {.id = kVariablesCommand,
+     .caption = "All &Variables",
+     .icon = "view-list-details",
+     .shortcut = "Ctrl+Shift+D",
+     .tooltip = "Table of all variables",
+     .uses = {{.views = ViewDataGrid, .run = WidgetAction::kShowVariables}}},
     {.id = kRunCommand,
      .caption = "Run Procedure",
      .icon = "media-playback-start",
      .shortcut = "F5",
      .tooltip = "Run Statistical Procedure",
      .uses = {{.views = ViewStatProcs, .run = RunProcedure}, {.views = ViewBrevarum, .run = RunCalculator}}},
+};
+
+// The form stays open beside every view.
+constexpr CommandRow kFormatCommands[] = {
+    {.id = kSaveFormatCommand, .uses = {{.views = kEveryView, .run = SaveFormat, .in_bars = false}}},
+    {.id = kCopyFormatCommand,
+     .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(CopyFormat), .in_bars = false}}},
+    {.id = kPasteFormatCommand,
+     .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(PasteFormat), .in_bars = false}}},
+    {.id = kRevertFormatCommand,
+     .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(RevertFormat), .in_bars = false}}},
 };
 
 constexpr CommandRow kOptionsCommands[] = {
@@ -235,7 +299,8 @@ constexpr CommandRow kHelpCommands[] = {
 
 const CommandRow* FindCommand(int id) {
   for (const std::span<const CommandRow> rows : std::initializer_list<std::span<const CommandRow>>{
-           kFileCommands, kEditCommands, kVariableCommands, kOptionsCommands, kDocumentationCommands, kHelpCommands}) {
+           kFileCommands, kEditCommands, kVariableCommands, kFormatCommands, kOptionsCommands, kDocumentationCommands,
+           kHelpCommands}) {
     for (const CommandRow& row : rows) {
       if (row.id == id) return &row;
     }

@@ -5,6 +5,7 @@
 
 #include "data/change_door.h"
 #include "data/exchange/export.h"
+#include "data/recode/follow_recode.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
@@ -124,6 +125,8 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 void FollowPanel(Session& session) {
+  FollowRecodeData(session.recode, session.data);
+  FollowFormat(session.format, session.data);
   if (const auto lost = FollowData(session.panel, session.data)) {
     session.platform.ShowNote("the control variable " + *lost + " was reset");
   }

@@ -7,8 +7,12 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/dictionary/variable_format.h"
+#include "data/edit/cell_entry.h"
+#include "data/edit/grid_block.h"
 #include "data/exchange/import.h"
 #include "data/exchange/split.h"
+#include "data/recode/recode_panel.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -47,7 +51,12 @@ struct Session {
   SettingsStore& settings_store;
   Settings settings;
   DataSet data;
+  GridBlock grid_selection;  // around the grid's cursor
+  CellEntry cell_entry;
+  VariableFormat format;
+  CopiedFormat copied_format;
   ProcedurePanel panel;
+  RecodePanel recode;
   BrevarumPanel brevarum;
   DelimitForm delimit;
   SplitPanel split;

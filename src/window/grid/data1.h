@@ -6,7 +6,12 @@
 #include "window/grid/grid_view.h"
 #include "window/widgets/view_form.h"
 
+class QToolButton;
+
 namespace tessara {
+
+class DataFormat;
+class VariableView;
 
 // The Data Grid: a spreadsheet view of the data matrix under a strip that tells which file it shows and how much of it.
 class Data1 : public ViewForm {
@@ -22,6 +27,9 @@ class Data1 : public ViewForm {
  private:
   void BuildInfoStrip();
   void ShowInfo();
+  DataFormat* FormatForm();
+  VariableView* VariablesForm();
+  void ToggleVariables();
 
   GridModel* model_;
   GridView* grid_;
@@ -29,6 +37,10 @@ class Data1 : public ViewForm {
   QLabel* title_ = nullptr;
   QLabel* size_ = nullptr;
   QLabel* part_ = nullptr;
+  QToolButton* variables_button_ = nullptr;
+  // Made when they are first asked for.
+  DataFormat* format_ = nullptr;
+  VariableView* variables_ = nullptr;
 };
 
 }  // namespace tessara
