@@ -285,7 +285,7 @@ bool Delimit::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-std::string_view Delimit::HelpSection() const {
+QString Delimit::HelpSection() const {
   return page() == Page::kExport ? "UserManual1.html#export" : "UserManual1.html#import";
 }
 

@@ -34,7 +34,7 @@ class Delimit : public QDialog {
 
  signals:
   // Help on a page of the manual is wanted.
-  void HelpAsked(std::string_view page);
+  void HelpAsked(const QString& page);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -56,7 +56,7 @@ class Delimit : public QDialog {
   void StoreFormat();
   void ShowForm();
   void ShowPreview();
-  std::string_view HelpSection() const;
+  QString HelpSection() const;
 
   Session& session_;
   FormRunner run_;
