@@ -338,6 +338,7 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCut:
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
+    case WidgetAction::kGoTo:
     case WidgetAction::kPrintPage:
     case WidgetAction::kFormatVariables:
     case WidgetAction::kShowVariables:
