@@ -70,6 +70,8 @@ class Column {
   std::size_t BytesBeside(const Column& other) const;
 
  private:
+  friend class ColumnBuilder;
+
   static constexpr std::size_t kStretchBits = 10;  // a stretch has 2 to this power records
   static constexpr std::size_t kStretch = std::size_t{1} << kStretchBits;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -14,8 +15,11 @@ inline constexpr int kNewCommand = 101;
 inline constexpr int kOpenCommand = 102;
 inline constexpr int kPrintCommand = 106;
 inline constexpr int kExitCommand = 107;
+inline constexpr int kSelectAllCommand = 204;
+inline constexpr int kCopyCommand = 205;
 inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
+inline constexpr int kGoToCommand = 216;
 inline constexpr int kFormatCommand = 301;
 inline constexpr int kRunCommand = 308;
 inline constexpr int kVariablesCommand = 310;
@@ -52,6 +56,7 @@ enum class WidgetAction {
   kToggleHelpPane,
   kShowAbout,
   kOpenHelp,
+  kGoTo,
   kFormatVariables,
   kShowVariables,
 };
@@ -88,6 +93,7 @@ struct CommandUse {
   Operation run = {};
   std::string_view reason = {};  // what the status bar says while the command is not enabled
   bool in_bars = true;           // false: no menu or button shows the command here, keys alone lead to it
+  std::string (*named)(const Session& session) = nullptr;  // a caption that tells what the command is about to do
 };
 
 inline constexpr std::size_t kMostUses = 8;
@@ -97,6 +103,7 @@ struct CommandRow {
   std::string_view caption = {};   // of the menu, "&" ahead of the access letter
   std::string_view icon = {};      // name in the icon theme
   std::string_view shortcut = {};  // "Ctrl+O"
+  std::string_view second_shortcut = {};
   std::string_view tooltip = {};
   Rule checked = nullptr;  // a command with this rule carries a mark while it holds
   CommandUse uses[kMostUses] = {};

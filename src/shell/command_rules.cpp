@@ -1,5 +1,7 @@
 #include "shell/command_rules.h"
 
+#include "data/change_door.h"
+
 namespace tessara {
 
 bool InTextMode(const Session& session, const WidgetState&) { return !session.output.OutputGridMode; }
@@ -24,6 +26,9 @@ bool HasOutputSelection(const Session& session, const WidgetState& widgets) {
 
 bool CanUndoText(const Session&, const WidgetState& widgets) { return widgets.can_undo; }
 bool CanRedoText(const Session&, const WidgetState& widgets) { return widgets.can_redo; }
+
+bool CanUndoData(const Session& session, const WidgetState&) { return CanUndo(session.data); }
+bool CanRedoData(const Session& session, const WidgetState&) { return CanRedo(session.data); }
 
 bool ClipboardHasText(const Session&, const WidgetState& widgets) { return widgets.clipboard_has_text; }
 

@@ -15,6 +15,9 @@ bool HasOutputToConvert(const Session& session, const WidgetState& widgets);
 bool HasOutputSelection(const Session& session, const WidgetState& widgets);
 bool CanUndoText(const Session& session, const WidgetState& widgets);
 bool CanRedoText(const Session& session, const WidgetState& widgets);
+// Steps of changes of the data.
+bool CanUndoData(const Session& session, const WidgetState& widgets);
+bool CanRedoData(const Session& session, const WidgetState& widgets);
 bool ClipboardHasText(const Session& session, const WidgetState& widgets);
 bool HasCalculation(const Session& session, const WidgetState& widgets);
 bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);

@@ -40,7 +40,21 @@ const std::vector<CommandMenu>& MenuBar() {
   constexpr bool kGroup = true;
   static const std::vector<CommandMenu> menus = {
       {"&File", {{101}, {102}, {103, kGroup}, {110}, {106, kGroup}, {107, kGroup}}},
-      {"&Edit", {{214}, {215}, {204, kGroup}, {205, kGroup}, {206}, {213}, {212}, {211, kGroup}, {350}}},
+      {"&Edit",
+       {{214},
+        {215},
+        {216, kGroup},
+        {204, kGroup},
+        {205, kGroup},
+        {206},
+        {213},
+        {207, kGroup},
+        {208},
+        {209},
+        {210},
+        {212},
+        {211, kGroup},
+        {350}}},
       {"&Variable", {{301}, {310}, {308, kGroup}}},
       {"&Options", {{401}, {402}}},
       {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
@@ -60,6 +74,10 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 205},
       {.id = 212, .begin_group = kGroup, .caption = "&Copy Output"},
       {.id = 206},
+      {.id = 207, .begin_group = kGroup, .caption = "Add Rows"},
+      {.id = 208, .caption = "Add Columns"},
+      {.id = 209},
+      {.id = 210},
       {.id = 301, .begin_group = kGroup, .caption = "&Format Variables", .style = kText, .word = "Format"},
       {.id = 350, .begin_group = kGroup, .caption = "Output Log", .style = kText},
       {.id = 308, .begin_group = kGroup, .style = kText, .word = "Run"},
@@ -83,7 +101,7 @@ CommandState UpdateCommand(const Session& session, int id, const WidgetState& wi
   state.visible = true;
   state.enabled =
       !std::holds_alternative<std::monostate>(use->run) && (!use->enabled || use->enabled(session, widgets));
-  state.caption = use->caption;
+  state.caption = use->named ? use->named(session) : std::string(use->caption);
   if (!state.enabled) state.reason = use->reason;
   state.checked = row->checked && row->checked(session, widgets);
   return state;

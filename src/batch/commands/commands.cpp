@@ -13,10 +13,26 @@ constexpr const CommandRow* kCommands[] = {
     &kOpenCommand,
     &kNewCommand,
     &kSaveCommand,
+    &kImportCommand,
+    &kExportCommand,
+    &kSplitCommand,
     &kNotesCommand,
     &kStatisticsCommand,
+    &kCellCommand,
+    &kAddRowsCommand,
+    &kAddColumnCommand,
+    &kDeleteRowsCommand,
+    &kDeleteColumnsCommand,
     &kFormatCommand,
     &kCopyFormatCommand,
+    &kRecodeCommand,
+    &kComputeCommand,
+    &kCombineCommand,
+    &kCompareDatesCommand,
+    &kTrimCommand,
+    &kFindCommand,
+    &kReplaceCommand,
+    &kUndoCommand,
     &kControlCommand,
     &kFrequenciesCommand,
     &kDescriptivesCommand,
@@ -38,11 +54,8 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "import",   "export",        "split",       "print-notes",    "dictionary",  "cell",
-    "add-rows", "add-column",    "delete-rows", "recode",
-    "compute",  "combine",       "trim",        "delete-columns", "find",        "replace",
-    "undo",     "compare-dates", "sample",      "iterations",     "subset",      "table",
-    "explore",  "calculator",    "glossary",    "word",           "excel",
+    "print-notes", "dictionary", "sample",   "iterations", "subset", "table",
+    "explore",     "calculator", "glossary", "word",       "excel",
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "data/change_door.h"
 #include "shell/tests/session_fixture.h"
 
 namespace tessara {
@@ -43,10 +44,15 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
       {"&Edit",
        " 214 &Undo\n"
        " 215 &Redo\n"
+       "|216 &Go to Cell\n"
        "|204 Select &All\n"
        "|205 &Copy\n"
        " 206 &Paste\n"
        " 213 &Cut\n"
+       "|207 Add &Rows\n"
+       " 208 Add &Columns\n"
+       " 209 Delete Rows\n"
+       " 210 Delete Columns\n"
        " 212 Copy Output\n"
        "|211 Convert Output to Tab Delimited\n"
        " 350 &Output Log\n"},
@@ -85,6 +91,10 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 205 &Copy\n"
             "|212 &Copy Output\n"
             " 206 &Paste\n"
+            "|207 Add Rows\n"
+            " 208 Add Columns\n"
+            " 209 Delete Rows\n"
+            " 210 Delete Columns\n"
             "|301 &Format Variables\n"
             "|350 Output Log\n"
             "|308 Run Procedure\n"
@@ -97,6 +107,10 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Copy Selection",
                             "Copy Output",
                             "Paste",
+                            "Add Rows",
+                            "Add Columns",
+                            "Delete Rows",
+                            "Delete Columns",
                             "Formatting",
                             "View Output Log",
                             "Run Statistical Procedure",
@@ -166,10 +180,11 @@ class CommandTest : public SessionFixture {
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
       {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-oo++oo+"}, {107, "++++++++"},
-      {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "o--o-o--"}, {211, "---o----"}, {350, "---+----"},
+      {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "+--o-o--"}, {211, "---o----"}, {350, "---+----"},
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
-      {608, "++++++++"}, {214, "---o----"}, {215, "---o----"}, {301, "+-------"}, {310, "+-------"},
+      {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
+      {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -177,9 +192,9 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
 TEST_F(CommandTest, StatesByViewWithOutputASelectionAndAFullClipboard) {
   Report("report");
   widgets = {.output_has_selection = true, .clipboard_has_text = true, .can_undo = true, .can_redo = true};
-  const std::pair<int, const char*> expected[] = {{204, "+--+----"}, {205, "+--+-o--"}, {206, "o--+-o--"},
-                                                  {213, "o--+-o--"}, {211, "---+----"}, {214, "---+----"},
-                                                  {215, "---+----"}};
+  const std::pair<int, const char*> expected[] = {{204, "+--+----"}, {205, "+--+-o--"}, {206, "+--+-o--"},
+                                                  {213, "+--+-o--"}, {211, "---+----"}, {214, "o--+----"},
+                                                  {215, "o--+----"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
 
@@ -189,10 +204,69 @@ TEST_F(CommandTest, UndoAndRedoAreLeftToTheSheet) {
   EXPECT_EQ(Execute(214, View::ViewStatProcs), WidgetAction::kNone);
 }
 
+TEST_F(CommandTest, UndoOfTheDataNamesItsStep) {
+  EXPECT_EQ(State(214, View::ViewDataGrid).caption, "Undo");
+  EXPECT_EQ(State(214, View::ViewDataGrid).reason, "There is nothing to undo");
+  session.grid_selection = {1, 2, 1, 1};
+  platform.clipboard = "a\tb\rc\td";
+  MoveCursor(session.data, {3, 2});
+  Execute(206, View::ViewDataGrid);
+  EXPECT_EQ(State(214, View::ViewDataGrid).caption, "Undo Paste");
+  EXPECT_EQ(session.grid_selection, (GridBlock{3, 4, 2, 3}));
+  MoveCursor(session.data, {9, 9});
+  Execute(214, View::ViewDataGrid);
+  EXPECT_EQ(platform.panes[1], "Undone: Paste");
+  EXPECT_EQ(CursorOf(session.data), (GridPlace{3, 2}));
+  EXPECT_TRUE(session.data.matrix.Cell(kHeaderRowCount + 3, 2).is_empty());
+  EXPECT_FALSE(State(214, View::ViewDataGrid).enabled);
+  EXPECT_EQ(State(215, View::ViewDataGrid).caption, "Redo Paste");
+  Execute(215, View::ViewDataGrid);
+  EXPECT_EQ(platform.panes[1], "Redone: Paste");
+  EXPECT_EQ(session.data.matrix.Cell(kHeaderRowCount + 4, 3), TaggedView("d"));
+  EXPECT_EQ(State(214, View::ViewOutput).caption, "Undo");
+}
+
+TEST_F(CommandTest, ANameOfAStepIsNoMenuText) {
+  std::string name = "Recode A&B\t\x01";
+  ApplyChange(session.data, CellChange(kFirstRecordRow, 1, "x", name));
+  EXPECT_EQ(State(214, View::ViewDataGrid).caption, "Undo Recode A&&B  ");
+  ApplyChange(session.data, CellChange(kFirstRecordRow, 1, "y", std::string(5000, 'n')));
+  EXPECT_EQ(State(214, View::ViewDataGrid).caption, "Undo " + std::string(40, 'n') + "...");
+}
+
+TEST_F(CommandTest, TheCommandsOfTheGridWorkOnItsSelection) {
+  DataSet& data = session.data;
+  platform.clipboard = "1\t2\r3\t4";
+  Execute(206, View::ViewDataGrid);
+  session.grid_selection = {1, 1, 1, 2};
+  Execute(205, View::ViewDataGrid);
+  EXPECT_EQ(platform.clipboard, "1\t2");
+  session.grid_selection = {2, 2, 1, 2};
+  Execute(213, View::ViewDataGrid);
+  EXPECT_EQ(platform.clipboard, "3\t4");
+  EXPECT_EQ(data.matrix.Cell(kFirstRecordRow + 1, 1), TaggedView(""));
+  Execute(207, View::ViewDataGrid);
+  EXPECT_EQ(data.RecordCount, 1010u);
+  Execute(208, View::ViewDataGrid);
+  EXPECT_EQ(data.VariableCount, 21u);
+  Execute(209, View::ViewDataGrid);  // the cursor stands in a cell
+  Execute(210, View::ViewDataGrid);
+  EXPECT_EQ(data.RecordCount, 1010u);
+  MoveCursor(data, {1, 0});
+  session.grid_selection = {1, 10, 0, 21};
+  Execute(209, View::ViewDataGrid);
+  EXPECT_EQ(data.RecordCount, 1000u);
+  MoveCursor(data, {0, 2});
+  session.grid_selection = {0, 1000, 2, 3};
+  Execute(210, View::ViewDataGrid);
+  EXPECT_EQ(data.VariableCount, 19u);
+  EXPECT_EQ(data.VariableName(2), "V4");
+}
+
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
   const std::pair<int, const char*> expected[] = {{101, "++++----"}, {102, "+----o--"}, {103, "+----o--"},
-                                                  {106, "-ooo+oo+"}, {205, "+--+-o--"}, {213, "o--+-o--"},
+                                                  {106, "-ooo+oo+"}, {205, "+--+-o--"}, {213, "+--+-o--"},
                                                   {211, "---+----"}, {350, "--------"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }

@@ -46,7 +46,11 @@ QAction* CommandBars::ActionOf(const BarEntry& entry) {
   auto* made = new QAction(caption, &frame_);
   made->setObjectName(QString::number(row.id));
   if (!row.icon.empty()) made->setIcon(ThemeIcon(std::string(row.icon).c_str()));
-  if (!row.shortcut.empty()) made->setShortcut(QKeySequence(ToQt(row.shortcut), QKeySequence::PortableText));
+  QList<QKeySequence> keys;
+  for (const std::string_view key : {row.shortcut, row.second_shortcut}) {
+    if (!key.empty()) keys += QKeySequence(ToQt(key), QKeySequence::PortableText);
+  }
+  made->setShortcuts(keys);
   made->setCheckable(row.checked != nullptr);
   if (row.id == kExitCommand) made->setMenuRole(QAction::QuitRole);
   if (row.id == kAboutCommand) made->setMenuRole(QAction::AboutRole);
