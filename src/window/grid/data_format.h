@@ -49,6 +49,7 @@ class DataFormat : public QDialog {
   QLineEdit* MakeBox(FormatBox box, const QString& caption, const QString& tip, int characters);
   QPushButton* MakeButton(const char* name, const QString& caption, const QString& tip, int command);
 
+  void PlaceBesideGrid();
   void FollowCursor();
   void ShowBox(std::size_t place);
   void ShowVariable();
@@ -70,7 +71,8 @@ class DataFormat : public QDialog {
   QPushButton* save_ = nullptr;
   std::array<QLineEdit*, kFormatBoxes> boxes_{};
   std::array<std::string, kFormatBoxes> shown_;  // what the boxes were last filled with, or typed to
-  std::size_t cursor_ = 0;                       // the grid's column that the form has followed to
+  bool placed_ = false;
+  std::size_t cursor_ = 0;  // the grid's column that the form has followed to
 };
 
 }  // namespace tessara
