@@ -338,6 +338,7 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
     case WidgetAction::kPrintPage:
+    case WidgetAction::kGoTo:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
