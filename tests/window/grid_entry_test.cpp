@@ -32,13 +32,12 @@ class GridEntryTest : public QObject {
     return std::string(cell.text());
   }
   GridPlace Cursor() { return CursorOf(data()); }
-  // Presses keys where the keyboard is.
+  // Keys go to the box while it is open, else to the grid.
+  QWidget* Keyboard() { return box()->isVisible() ? static_cast<QWidget*>(box()) : grid(); }
   void Type(const QString& text) {
-    for (const QChar c : text) QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+    for (const QChar c : text) QTest::keyClick(Keyboard(), c.toLatin1());
   }
-  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-  }
+  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(Keyboard(), key, modifiers); }
   void Click(std::size_t row, std::size_t column) {
     const auto cell = grid()->PlaceOfEntry({row, column});
     QTest::mouseClick(cell.ground, Qt::LeftButton, {}, cell.place.center());
@@ -273,7 +272,7 @@ class GridEntryTest : public QObject {
   void SavingWhileTypingSavesWhatIsTyped() {
     PutCursor(2, 2);
     Type("88");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClick(Keyboard(), Qt::Key_S, Qt::ControlModifier);
     QCoreApplication::processEvents();
     if (box()->isVisible()) window().Trigger(103);
     QVERIFY(!box()->isVisible());
