@@ -341,10 +341,10 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kCut:
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
-    case WidgetAction::kGoTo:
     case WidgetAction::kPrintPage:
     case WidgetAction::kFormatVariables:
     case WidgetAction::kShowVariables:
+    case WidgetAction::kGoTo:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
