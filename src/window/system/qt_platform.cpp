@@ -137,7 +137,8 @@ void QtPlatform::BeforeDialog() {
 QWidget* QtPlatform::DialogParent() const {
   auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
   const QWidget* owner = active ? active->parentWidget() : nullptr;
-  return owner && !active->isModal() && owner->window() == frame_ ? active : frame_.data();
+  const bool is_progress = qobject_cast<ProgressForm*>(active) != nullptr;
+  return owner && !is_progress && owner->window() == frame_ ? active : frame_.data();
 }
 
 std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_save) {
@@ -282,7 +283,12 @@ void QtPlatform::ShowNote(const std::string& text) {
 bool QtPlatform::UpdateProgress(double value) { return !progress_ || progress_->Step(value); }
 void QtPlatform::HideProgress() { progress_.reset(); }
 
-std::string QtPlatform::ClipboardText() { return FromQt(QApplication::clipboard()->text()); }
+// Other programs end their lines in LF alone, or Qt has made it so.
+std::string QtPlatform::ClipboardText() {
+  QString text = QApplication::clipboard()->text();
+  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  return FromQtLines(text);
+}
 
 void QtPlatform::SetClipboard(const ClipboardContent& content) {
   auto* data = new QMimeData;
