@@ -86,6 +86,7 @@ void Data1::ConnectGrid() {
   connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
   connect(grid_, &GridView::CursorMoved, this, [this] {
     ShowPlace();
+    if (format_) format_->FollowGrid();
     emit SessionChanged();
   });
   connect(grid_, &GridView::Leaving, this, [this] { LeaveEntry(EntryLeft::kByClick); });

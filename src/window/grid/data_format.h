@@ -28,11 +28,12 @@ class DataFormat : public QDialog {
   // Opens the form, or brings it to the front, with the variable that the session's format shows.
   void Open();
   void ShowSession();
+  // The user has gone to a cell, or has clicked on the one that was current already: its variable is wanted.
+  void FollowGrid() { cursor_ = 0; }
 
  signals:
   // A command of the command table, by its id.
   void CommandRequested(int id);
-  void SessionChanged();
   void HelpAsked(const QString& page);
 
  protected:
