@@ -290,7 +290,7 @@ TEST_F(CommandTest, WhatCannotBeChosenSaysWhy) {
   EXPECT_EQ(ReasonOf(106, View::ViewStatProcs), "The data dictionary is not part of this version");
   EXPECT_EQ(ReasonOf(106, View::ViewBrevarum), "There is no result yet");
   EXPECT_EQ(ReasonOf(106, View::ViewHandbook), "The handbook is not part of this version");
-  EXPECT_EQ(ReasonOf(206, View::ViewDataGrid), "The cells of the grid are read only");
+  EXPECT_EQ(ReasonOf(206, View::ViewDataGrid), "The clipboard holds no text");
   EXPECT_EQ(ReasonOf(106, View::ViewTips), "");
   // Every row that can be off has a reason for it.
   for (const CommandRow* row : MenuRows()) {

@@ -344,6 +344,7 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kPrintPage:
     case WidgetAction::kFormatVariables:
     case WidgetAction::kShowVariables:
+    case WidgetAction::kGoTo:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:

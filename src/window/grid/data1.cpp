@@ -1,11 +1,19 @@
 #include "window/grid/data1.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLocale>
+#include <QMenu>
 #include <QVBoxLayout>
 
+#include "data/edit/edit_limit.h"
+#include "data/edit/grid_places.h"
 #include "shell/command_row.h"
+#include "shell/grid_operations.h"
 #include "window/grid/data_format.h"
+#include "window/grid/grid_text1.h"
+#include "window/grid/name_box.h"
 #include "window/grid/variable_view.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/segment_button.h"
@@ -53,7 +61,8 @@ Data1::Data1(Session& session, QWidget* parent)
     : ViewForm(session, View::ViewDataGrid, parent),
       model_(new GridModel(session.data, this)),
       grid_(new GridView(session.data, this)),
-      strip_(new QWidget(this)) {
+      strip_(new QWidget(this)),
+      text_(new GridText1(grid_->viewport())) {
   setObjectName("Data1");
   grid_->setObjectName("MSFlexGrid1");
   grid_->setAccessibleName("Data Grid");
@@ -67,14 +76,50 @@ Data1::Data1(Session& session, QWidget* parent)
   layout->addWidget(grid_, 1);
   setFocusProxy(grid_);
 
-  connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
-  connect(grid_, &GridView::CursorMoved, this, &Data1::SessionChanged);
+  ConnectGrid();
+  ConnectEntry();
   grid_->ShowData();
   ShowInfo();
 }
 
+void Data1::ConnectGrid() {
+  connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
+  connect(grid_, &GridView::CursorMoved, this, [this] {
+    ShowPlace();
+    if (format_) format_->FollowGrid();
+    emit SessionChanged();
+  });
+  connect(grid_, &GridView::Leaving, this, [this] { LeaveEntry(EntryLeft::kByClick); });
+  connect(grid_, &GridView::Typed, this, [this](const QString& text) { BeginEntry(&text); });
+  connect(grid_, &GridView::EditAsked, this, [this] { BeginEntry(nullptr); });
+  connect(grid_, &GridView::IdleKey, this, &Data1::RefuseKey);
+  connect(grid_, &GridView::ClearAsked, this, [this] { Edit([this] { ClearCells(session()); }); });
+  connect(grid_, &GridView::MenuAsked, this, &Data1::ShowMenu);
+  connect(grid_, &GridView::Moved, this, &Data1::PlaceEntry);
+}
+
+void Data1::ConnectEntry() {
+  connect(text_, &GridText1::Ended, this, &Data1::EndEntry);
+  connect(text_, &GridText1::Tabbed, this,
+          [this](bool forward) { EndEntry(forward ? EntryKey::kRight : EntryKey::kLeft); });
+  connect(text_, &GridText1::Escaped, this, [this] {
+    session().cell_entry = {};
+    grid_->setFocus();
+    CloseEntry();
+  });
+  connect(text_, &GridText1::CommaTyped, this, [this] { RefuseComma(session().platform); });
+  connect(text_, &QLineEdit::inputRejected, this,
+          [this] { session().platform.SetStatusPane(kMessagePane, "There is no room for so long a text in a cell"); });
+  // A click in the grid is the design's own way out of an entry, which leaves the changed flag alone.
+  connect(text_, &GridText1::Left, this,
+          [this] { LeaveEntry(QApplication::focusWidget() == grid_ ? EntryLeft::kByClick : EntryLeft::kByCommand); });
+}
+
 void Data1::BuildInfoStrip() {
   strip_->setObjectName("GridInfo");
+  name_ = new NameBox(strip_);
+  connect(name_, &NameBox::Named, this, &Data1::GoTo);
+  connect(name_, &NameBox::GivenUp, this, [this] { grid_->setFocus(); });
   title_ = new ElidedLabel(strip_);
   title_->setObjectName("GridTitle");
   QFont bold = title_->font();
@@ -90,6 +135,8 @@ void Data1::BuildInfoStrip() {
   auto* layout = new QHBoxLayout(strip_);
   layout->setContentsMargins(layout->contentsMargins().left(), fontMetrics().height() / 3,
                              layout->contentsMargins().right(), fontMetrics().height() / 3);
+  layout->addWidget(name_);
+  layout->addSpacing(fontMetrics().averageCharWidth() * 2);
   layout->addWidget(title_, 1);
   layout->addWidget(part_);
   layout->addWidget(size_);
@@ -137,7 +184,20 @@ void Data1::ShowSession() {
   if (grid_->ShowChanges()) ShowInfo();
   if (format_) format_->ShowSession();
   if (variables_) variables_->ShowSession();
+  if (session().grid_selection != stored_selection_) {  // an operation has selected something
+    grid_->ShowSelection(session().grid_selection);
+    stored_selection_ = session().grid_selection;
+  }
+  ShowPlace();
+  PlaceEntry();
 }
+
+void Data1::StoreWidgets() {
+  LeaveEntry(EntryLeft::kByCommand);
+  session().grid_selection = stored_selection_ = grid_->Selection();
+}
+
+void Data1::ShowPlace() { name_->ShowName(ToQt(NameOfPlace(session().data, CursorOf(session().data)))); }
 
 void Data1::ShowInfo() {
   const DataSet& shown = session().data;
@@ -162,12 +222,119 @@ void Data1::Perform(WidgetAction action) {
   if (action == WidgetAction::kSelectAll) {
     grid_->selectAll();
   } else if (action == WidgetAction::kCopy) {
-    const std::string block = grid_->SelectedBlock();
-    if (grid_->selectionModel()->hasSelection()) session().platform.SetClipboardText(block);
+    Copy();
+  } else if (action == WidgetAction::kGoTo) {
+    name_->Ask();
   } else if (action == WidgetAction::kFormatVariables) {
     FormatForm()->Open();
   } else if (action == WidgetAction::kShowVariables) {
     VariablesForm()->Open();
+  }
+}
+
+void Data1::Copy() {
+  StoreWidgets();
+  WithinMemory(session().platform, memory_reserve_, [this] { CopyCells(session()); });
+}
+
+// The entry of a cell.
+
+void Data1::BeginEntry(const QString* typed) {
+  CellEntry& entry = session().cell_entry;
+  if (!StartEntry(entry, session().data, session().platform)) return;
+  if (typed && typed->contains(u',')) {
+    entry = {};
+    return RefuseComma(session().platform);
+  }
+  if (!typed && entry.text.size() > GridText1::kMostCharacters) {
+    entry = {};
+    session().platform.SetStatusPane(kMessagePane, "This text is too long to be edited in its cell");
+    return;
+  }
+  if (typed) entry.text = FromQt(*typed);
+  grid_->Select(CursorOf(session().data));
+  const auto over = grid_->PlaceOfEntry(entry.place);
+  text_->Open(over.ground, over.place, typed ? *typed : ToQt(entry.text));
+}
+
+// The cell may have moved, or have become another one's.
+void Data1::PlaceEntry() {
+  if (text_->isHidden()) return;
+  if (!session().cell_entry.open) return CloseEntry();
+  text_->setGeometry(grid_->PlaceOfEntry(session().cell_entry.place).place);
+}
+
+// A text that nobody has changed stays as it is in the cell, whatever the box can show of it.
+void Data1::TakeTypedText() {
+  if (session().cell_entry.open && text_->isModified()) session().cell_entry.text = FromQt(text_->text());
+}
+
+void Data1::EndEntry(EntryKey key) {
+  TakeTypedText();
+  const bool done = WithinMemory(session().platform, memory_reserve_,
+                                 [this, key] { CommitByKey(session().cell_entry, session().data, key); });
+  if (!done) return;  // the box stays open with what was typed
+  grid_->setFocus();
+  CloseEntry();
+}
+
+void Data1::LeaveEntry(EntryLeft left) {
+  if (!session().cell_entry.open) return;
+  TakeTypedText();
+  if (WithinMemory(session().platform, memory_reserve_,
+                   [this, left] { CommitByLeaving(session().cell_entry, session().data, left); })) {
+    CloseEntry();
+  }
+}
+
+void Data1::CloseEntry() {
+  text_->hide();
+  text_->clear();
+  ShowSession();
+  emit SessionChanged();
+}
+
+// Enter and Escape begin no entry, but the edit limit's test comes first for them too.
+void Data1::RefuseKey() { AllowsEntry(session().data, session().platform); }
+
+void Data1::Edit(const std::function<void()>& operation) {
+  StoreWidgets();
+  BeginOperation(session());
+  WithinMemory(session().platform, memory_reserve_, operation);
+  ShowSession();
+  emit SessionChanged();
+}
+
+void Data1::GoTo(const QString& name) {
+  const NamedPlace found = FindPlace(session().data, FromQt(name), CursorOf(session().data));
+  if (!found.place) {
+    session().platform.SetStatusPane(kMessagePane, found.error);
+    return name_->selectAll();
+  }
+  BeginOperation(session());
+  grid_->Select(*found.place);
+  grid_->setFocus();
+}
+
+// The commands of the frame, as far as they show in its bars.
+void Data1::ShowMenu(const QPoint& place) {
+  constexpr int kSeparator = 0;
+  constexpr int kEntries[] = {202, 203,        kSeparator, 301, 302, 303,        304, 305, 306, 307, kSeparator,
+                              204, kSeparator, 205,        206, 213, kSeparator, 207, 208, 209, 210};
+  auto* menu = new QMenu(this);
+  menu->setObjectName("GridMenu");
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const int id : kEntries) {
+    if (id == kSeparator) {
+      menu->addSeparator();
+    } else if (auto* command = window()->findChild<QAction*>(QString::number(id), Qt::FindDirectChildrenOnly)) {
+      menu->addAction(command);
+    }
+  }
+  if (menu->isEmpty()) {
+    delete menu;
+  } else {
+    menu->popup(place);
   }
 }
 

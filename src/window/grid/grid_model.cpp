@@ -147,8 +147,6 @@ TaggedView GridModel::CellAt(int row, int column) const {
   return matrix_row ? data_.matrix.Cell(*matrix_row, MatrixColumn(column)) : TaggedView();
 }
 
-std::string GridModel::CellText(int row, int column) const { return TextOf(CellAt(row, column)); }
-
 std::size_t GridModel::CellLength(int row, int column) const {
   const TaggedView cell = CellAt(row, column);
   return cell.is_text() ? cell.text().size() : TextOf(cell).size();

@@ -27,11 +27,13 @@ class GridModel : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  // Cells can be typed into, so that characters of input methods come to the view.
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    return QAbstractTableModel::flags(index) | (index.isValid() ? Qt::ItemIsEditable : Qt::NoItemFlags);
+  }
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
-  // The text of a cell as the system's bytes; rows and columns from 0.
-  std::string CellText(int row, int column) const;
-  // Its length, without a copy of a text.
+  // The length of a cell's text, without a copy of it; row and column from 0.
   std::size_t CellLength(int row, int column) const;
 
  private:

@@ -1,41 +1,20 @@
 #pragma once
 
-#include <QHeaderView>
+#include <QBasicTimer>
 #include <QLabel>
 #include <QTableView>
-#include <utility>
 
 #include "data/data_set.h"
+#include "data/edit/grid_block.h"
+#include "window/grid/grid_header.h"
 
-// The table of the Data Grid: read-only, with its own headings, which mark the current cell.
+// The table of the Data Grid, with its own headings, which mark the current cell. The cursor is that of the data set;
+// the selection is a block with the cursor in one of its corners. The view writes nothing: what a user wants to do to
+// the cells it tells by signals.
 
 namespace tessara {
 
-// The colours of the grid. The design states them for a light window; a dark one takes colours of the same sense.
-struct GridColours {
-  QColor sheet;
-  QColor mark;
-  QColor mark_text;
-};
-GridColours ColoursOfGrid(const QPalette& palette, bool within_edit_limit);
-
-// A heading row or the column of record numbers. The section of the grid cursor is marked.
-class GridHeader : public QHeaderView {
-  Q_OBJECT
-
- public:
-  GridHeader(Qt::Orientation orientation, const DataSet& data_set, QWidget* parent = nullptr);
-
-  // Whether a section, from 0, carries the mark of the cursor.
-  bool IsMarked(int section) const;
-
- protected:
-  void paintSection(QPainter* painter, const QRect& rect, int section) const override;
-  QSize sectionSizeFromContents(int section) const override;
-
- private:
-  const DataSet& data_;
-};
+class GridModel;
 
 class GridView : public QTableView {
   Q_OBJECT
@@ -48,37 +27,87 @@ class GridView : public QTableView {
   // Looks at the data set again and shows what has changed: selection, scroll position and widths stay where they can,
   // and only new columns are measured. False when nothing has changed.
   bool ShowChanges();
-  // The selected block: tabs between cells, CR between rows; empty without a selection.
-  std::string SelectedBlock() const;
+  // The selection. With the cursor in the heading row it holds whole columns with their headings, with the cursor in
+  // the column of the record numbers whole rows.
+  const GridBlock& Selection() const { return block_; }
+  // Moves the cursor and selects what is between it and another place.
+  void Select(const GridPlace& cursor, const GridPlace& end);
+  void Select(const GridPlace& cursor) { Select(cursor, cursor); }
+  // The selection that an operation has made around the cursor.
+  void ShowSelection(const GridBlock& block);
+  // Where the box for an entry has to be laid, and the widget that it is laid on.
+  struct EntryPlace {
+    QWidget* ground = nullptr;
+    QRect place;
+  };
+  EntryPlace PlaceOfEntry(const GridPlace& cell);
   // A hint in the middle of an empty grid; empty for none.
   void ShowHint(const QString& hint);
 
   void setModel(QAbstractItemModel* grid_model) override;
+  void selectAll() override;
   void keyboardSearch(const QString& search) override;
 
  signals:
   void CopyAsked();
   void CursorMoved();
+  // The user is about to take the cursor elsewhere.
+  void Leaving();
+  // A character that begins an entry; an empty text begins an empty one.
+  void Typed(const QString& text);
+  void EditAsked();
+  // Enter or Escape, which begin no entry.
+  void IdleKey();
+  void ClearAsked();
+  void MenuAsked(const QPoint& place);
+  // Cells have moved on the screen.
+  void Moved();
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-  void mousePressEvent(QMouseEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
-  void MoveCursor(std::size_t row, std::size_t column);
+  class Placing;
+
+  const GridModel& grid() const;
+  void BuildHeaders();
+  void ConnectHeader(GridHeader* header);
+  void AskForHeaderMenu(const GridHeader* header, const QPoint& place);
+  GridPlace PlaceAt(const QPoint& position) const;
+  void DragTo(const QPoint& position);
+  bool IsSelected(const GridPlace& place) const;
+  void PressKey(QKeyEvent* event);
+  void ShowBlock();
+  void ShowCursor();
+  void ScrollTo(const GridPlace& place);
+  void TakeSelectionOver();
   void ApplyColours();
   void ApplyWidths(int first, int last);
-  void ShowCursor();
   void MeasureRows();
   void PlaceHint();
 
   DataSet& data_;
   QLabel* hint_;
-  bool showing_ = false;
-  std::pair<std::size_t, std::size_t> shown_cursor_;  // row and column, as the data set had them
+  GridPlace end_;           // the corner of the selection that moves
+  GridBlock block_;         // the selection
+  GridPlace shown_cursor_;  // as the data set had it
+  int placing_ = 0;         // selection and current cell follow the cursor, not the other way round
+  bool dragging_ = false;
+  QPoint drag_position_;
+  QBasicTimer drag_timer_;
 };
 
 }  // namespace tessara

@@ -283,7 +283,12 @@ void QtPlatform::ShowNote(const std::string& text) {
 bool QtPlatform::UpdateProgress(double value) { return !progress_ || progress_->Step(value); }
 void QtPlatform::HideProgress() { progress_.reset(); }
 
-std::string QtPlatform::ClipboardText() { return FromQt(QApplication::clipboard()->text()); }
+// Other programs end their lines in LF alone, or Qt has made it so.
+std::string QtPlatform::ClipboardText() {
+  QString text = QApplication::clipboard()->text();
+  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  return FromQtLines(text);
+}
 
 void QtPlatform::SetClipboard(const ClipboardContent& content) {
   auto* data = new QMimeData;

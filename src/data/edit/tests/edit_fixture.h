@@ -7,18 +7,11 @@
 
 #include "data/change_door.h"
 #include "data/edit/grid_block.h"
+#include "data/edit/tests/edit_texts.h"
 #include "numerics/number_text.h"
 #include "platform/scripted_platform.h"
 
 namespace tessara {
-
-inline constexpr const char* kNoEntryText =
-    "The spreadsheet has reached its maximum capacity. You may continue to add variables with recode and compute "
-    "functions, but you cannot edit cells. You must edit these files with other software.";
-inline constexpr const char* kNoMoreCellsText =
-    "The spreadsheet has reached its maximum capacity. You may continue to add variables with recode and compute "
-    "functions, but you cannot add cells for data entry.  Tessara can read files larger than the limit, but you must "
-    "edit these files with other software.";
 
 // Data of records in which cell r of variable c is the text "r.c", under names A, B, C...
 class EditFixture : public testing::Test {
