@@ -31,4 +31,9 @@ inline std::uint64_t FieldEnds(const char* text) {
 #endif
 }
 
+// Puts one byte in the place of another. Every byte is written, so that many go at once.
+inline void ReplaceBytes(char* from, char* end, char old_byte, char new_byte) {
+  for (; from < end; ++from) *from = *from == old_byte ? new_byte : *from;
+}
+
 }  // namespace tessara

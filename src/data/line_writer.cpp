@@ -17,7 +17,9 @@ void LineWriter::Write(std::size_t row) {
   if (loaded_columns_ > 0) {
     if (const auto fields = data_.matrix.LoadedLine(row, loaded_columns_)) {
       line_.append(*fields);
-      if (separator_ != kFieldSeparator) std::replace(line_.begin(), line_.end(), kFieldSeparator, separator_);
+      if (separator_ != kFieldSeparator) {
+        ReplaceBytes(line_.data(), line_.data() + line_.size(), kFieldSeparator, separator_);
+      }
       column = loaded_columns_ + 1;
     }
   }

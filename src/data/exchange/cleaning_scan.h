@@ -49,9 +49,4 @@ inline bool AnyIsCleaned(const char* from, const char* end, CleanedBytes bytes) 
   return false;
 }
 
-// Puts one byte in the place of another. Every byte is written, so that many go at once.
-inline void ReplaceBytes(char* from, char* end, char old_byte, char new_byte) {
-  for (; from < end; ++from) *from = *from == old_byte ? new_byte : *from;
-}
-
 }  // namespace tessara
