@@ -354,7 +354,8 @@ bool DataFormat::PressKey(FormatBox box, QKeyEvent* key) {
     return true;
   }
   const QPointer<QLineEdit> edit = boxes_[static_cast<std::size_t>(box)];
-  if (key->text() != "," || edit->isReadOnly()) return false;
+  const bool typed = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+  if (!typed || key->text() != "," || edit->isReadOnly()) return false;
   const CommaTurn turn = PressComma(session_.platform, box);
   if (!edit) return true;
   if (turn == CommaTurn::kBlank) {
