@@ -456,12 +456,6 @@ void FrmMain::RunForForm(const std::function<void()>& operation) {
   RefreshCommands();
 }
 
-void FrmMain::ShowHelpPage(std::string_view page) {
-  session_.help_pane_visible = true;
-  ShowHelpPane(page);
-  RefreshCommands();
-}
-
 WidgetState FrmMain::State() const {
   WidgetState state = current_view() ? current_view()->State() : WidgetState{};
   state.clipboard_has_text = clipboard_has_text_;

@@ -95,7 +95,6 @@ class FrmMain : public QMainWindow {
   void ShowDelimit(bool to_import);
   void ShowSplit();
   void OpenForm(QDialog* form);
-  void ShowHelpPage(std::string_view page);
   // Runs what a form over the frame asks for, as a command is run.
   void RunForForm(const std::function<void()>& operation);
   void NoteRecentFile();

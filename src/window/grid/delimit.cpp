@@ -183,7 +183,7 @@ void Delimit::BuildButtons() {
   }
   layout()->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { emit HelpAsked(HelpSection()); });
+  connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { emit HelpAsked(ToQt(HelpSection())); });
   connect(back_, &QPushButton::clicked, this, &Delimit::GoBack);
   connect(next_, &QPushButton::clicked, this, &Delimit::Next);
   connect(import_, &QPushButton::clicked, this, &Delimit::Import);

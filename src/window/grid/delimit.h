@@ -34,7 +34,7 @@ class Delimit : public QDialog {
 
  signals:
   // Help on a page of the manual is wanted.
-  void HelpAsked(std::string_view page);
+  void HelpAsked(const QString& page);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -23,7 +23,7 @@ class SplitData : public QDialog {
   SplitData(Session& session, FormRunner run, QWidget* parent);
 
  signals:
-  void HelpAsked(std::string_view page);
+  void HelpAsked(const QString& page);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
