@@ -275,6 +275,11 @@ void DataFormat::hideEvent(QHideEvent* event) {
   if (!event->spontaneous()) SetChangeDecimals(session_.format, false);
 }
 
+void DataFormat::FollowGrid() {
+  cursor_ = 0;
+  ShowSession();
+}
+
 void DataFormat::FollowCursor() {
   const std::size_t column = session_.data.CurrentColumn;
   const bool moved = cursor_ != column && column != 0;
