@@ -86,8 +86,10 @@ void Data1::ConnectGrid() {
   connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
   connect(grid_, &GridView::CursorMoved, this, [this] {
     ShowPlace();
-    if (format_) format_->FollowGrid();
     emit SessionChanged();
+  });
+  connect(grid_, &GridView::Pressed, this, [this] {
+    if (format_) format_->FollowGrid();
   });
   connect(grid_, &GridView::Leaving, this, [this] { LeaveEntry(EntryLeft::kByClick); });
   connect(grid_, &GridView::Typed, this, [this](const QString& text) { BeginEntry(&text); });
