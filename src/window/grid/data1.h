@@ -12,6 +12,7 @@ namespace tessara {
 
 class DataFormat;
 class VariableView;
+class DataRecode;
 
 // The Data Grid: a spreadsheet view of the data matrix under a strip that tells which file it shows and how much of it.
 class Data1 : public ViewForm {
@@ -30,6 +31,8 @@ class Data1 : public ViewForm {
   DataFormat* FormatForm();
   VariableView* VariablesForm();
   void ToggleVariables();
+  void OpenRecode();
+  void ShowMarks();
 
   GridModel* model_;
   GridView* grid_;
@@ -41,6 +44,9 @@ class Data1 : public ViewForm {
   // Made when they are first asked for.
   DataFormat* format_ = nullptr;
   VariableView* variables_ = nullptr;
+  DataRecode* recode_ = nullptr;  // made when it is first asked for
+  std::size_t shown_marks_ = 0;   // the version of the marks, and the number of matches, that the grid shows
+  std::size_t shown_finds_ = 0;
 };
 
 }  // namespace tessara
