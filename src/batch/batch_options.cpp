@@ -18,7 +18,7 @@ constexpr OptionRow kProgramOptions[] = {
      OptionValue::kNeeded},
     {"--bytes", "", "print exactly what the log holds: code page 1252, CR LF", OptionValue::kNone},
     {"--seed", "N", "seed for random sampling, a whole number from 0", OptionValue::kNeeded},
-    {"--overwrite", "", "let -o, print and save replace files that they would not touch", OptionValue::kNone},
+    {"--overwrite", "", "let -o and the commands replace files that they would not touch", OptionValue::kNone},
     {"--help", "COMMAND", "this page, or the page of COMMAND", OptionValue::kPossible},
     {"--version", "", "the version", OptionValue::kNone},
     {"--man", "", "the manual page, as a source of man", OptionValue::kNone},

@@ -53,6 +53,7 @@ struct DataContents {
   Path DataFilePath = {};
   Path LoadedFile = {};
   bool NamedAtTheStart = false;
+  bool PathOfText = false;
   Path MisfitFile = {};
   std::string DataFileTitle = {};
   std::string GridTitle = {};

@@ -216,6 +216,7 @@ class ChangeExchange {
     data_.DataFilePath.swap(contents.DataFilePath);
     data_.LoadedFile.swap(contents.LoadedFile);
     std::swap(data_.NamedAtTheStart, contents.NamedAtTheStart);
+    std::swap(data_.PathOfText, contents.PathOfText);
     data_.MisfitFile.swap(contents.MisfitFile);
     data_.DataFileTitle.swap(contents.DataFileTitle);
     data_.GridTitle.swap(contents.GridTitle);

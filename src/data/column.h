@@ -44,6 +44,8 @@ class Column {
   void Set(std::size_t row, const TaggedView& value);
 
   const NumericColumn& Numbers(std::size_t record_count) const;
+  // Whether they have been read already.
+  bool HasNumbers(std::size_t record_count) const { return numbers_ && numbers_->values.size() >= record_count; }
   // Gives back the memory of the numbers; they are read again when they are asked for.
   void ForgetNumbers() const { numbers_.reset(); }
 
@@ -68,6 +70,8 @@ class Column {
   std::size_t BytesBeside(const Column& other) const;
 
  private:
+  friend class ColumnBuilder;
+
   static constexpr std::size_t kStretchBits = 10;  // a stretch has 2 to this power records
   static constexpr std::size_t kStretch = std::size_t{1} << kStretchBits;
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/change_door.h"
+#include "data/line_writer.h"
 #include "data/load_fit.h"
 #include "data/progress.h"
 #include "data/used_range.h"
@@ -100,42 +101,6 @@ LoadFit ReadContents(const DataSet& data, Platform& platform, FileBytes bytes, s
   return fit;
 }
 
-// Joins rows of the matrix as the file has them. The columns that still stand as they were loaded are copied in one
-// stretch.
-class LineWriter {
- public:
-  LineWriter(const DataSet& data, std::size_t variables, SafeFileWriter& file)
-      : data_(data),
-        file_(file),
-        variables_(variables),
-        loaded_columns_(std::min(data.matrix.LoadedColumns(), variables)) {}
-
-  void Write(std::size_t row) {
-    line_.clear();
-    std::size_t column = 1;
-    if (loaded_columns_ > 0) {
-      if (const auto fields = data_.matrix.LoadedLine(row, loaded_columns_)) {
-        line_.append(*fields);
-        column = loaded_columns_ + 1;
-      }
-    }
-    for (; column <= variables_; ++column) {
-      if (column > 1) line_.push_back(kFieldSeparator);
-      line_.append(TextOf(data_.matrix.Cell(row, column), buffer_));
-    }
-    line_.append(kLineEnd);
-    file_.Write(line_);
-  }
-
- private:
-  const DataSet& data_;
-  SafeFileWriter& file_;
-  const std::size_t variables_;
-  const std::size_t loaded_columns_;
-  std::string line_;
-  NumberBuffer buffer_{};
-};
-
 bool IsSameFile(const Path& one, const Path& other) {
   std::error_code none;
   return !one.empty() && std::filesystem::equivalent(one, other, none);
@@ -175,8 +140,8 @@ WriteResult WriteAndSettle(DataSet& data, Platform& platform, const Path& path, 
   return result;
 }
 
-void ShowSaveError(Platform& platform, std::string_view advice) {
-  platform.ShowMessage({"Error",
+void ShowSaveError(Messages& messages, std::string_view advice) {
+  messages.ShowMessage({"Error",
                         "There was an error creating the new file.  You may not have authorization to create a "
                         "new file on this system. " +
                             std::string(advice)});
@@ -209,14 +174,19 @@ bool CopyDataFiles(const Path& from, const Path& to) {
   return !failed && copied > 0;
 }
 
-// At the start the path is the folder of data files, there or not, also behind a file that was named then.
+}  // namespace
+
 bool HasPathOfItsOwn(const DataSet& data) {
   std::error_code ignored;
-  return !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !data.NamedAtTheStart &&
+  return !data.DataFilePath.empty() && data.GridTitle != kUntitledGrid && !data.NamedAtTheStart && !data.PathOfText &&
          !std::filesystem::is_directory(data.DataFilePath, ignored);
 }
 
-}  // namespace
+void ShowSaveAsError(Messages& messages) {
+  ShowSaveError(messages,
+                "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where "
+                "write access is allowed.");
+}
 
 std::string NotesToField(std::string_view notes) {
   // A bare line feed or a separator that got into the notes would break the line that holds them.
@@ -234,6 +204,7 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   const bool picked = pick == FilePick::kPicked;
   if (picked && facts->size == 0) {
     data.DataFilePath = path;
+    data.PathOfText = false;
     data.DataFileSize = facts->size;
     data.DataFileModified = ShortDateTime(facts->modified);
     return LoadOutcome::kEmptyFile;
@@ -243,6 +214,7 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
                         .DataFilePath = picked ? path : data.DataFilePath,
                         .LoadedFile = path,
                         .NamedAtTheStart = !picked,
+                        .PathOfText = !picked && data.PathOfText,
                         .DataFileTitle = FromUtf8(PathToUtf8(picked ? path.filename() : path)),
                         .DataFileSize = facts->size,
                         .DataFileModified = ShortDateTime(facts->modified)};
@@ -272,14 +244,12 @@ SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected
 
 SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   if (WriteAndSettle(data, platform, path, selected_variables) != WriteResult::kWritten) {
-    ShowSaveError(
-        platform,
-        "Try using 'Save As' to save the file to 'My Documents\\Tessara Data' or some other location where write "
-        "access is allowed.");
+    ShowSaveAsError(platform);
     return SaveOutcome::kFailed;
   }
   data.DataFilePath = path;
   data.NamedAtTheStart = false;
+  data.PathOfText = false;
   data.GridTitle = FromUtf8(PathToUtf8(path.filename()));
   return SaveOutcome::kSaved;
 }

@@ -35,12 +35,19 @@ enum class SaveOutcome {
   kFailed,      // the message box has been shown; the old file is as it was
 };
 
-// Saves to DataFilePath, unless there is none, it is a folder, or the grid still has no title of its own. The trailing
+// Whether a save knows where to: not while the path is none, a folder (as at the start), that of an imported text or of
+// a file named at the start, nor while the grid has no title of its own.
+bool HasPathOfItsOwn(const DataSet& data);
+
+// Saves to DataFilePath, if it is the data's own. The trailing
 // blank records and variables are not written. DataDirty is cleared also by a save that fails. The first save over a
 // file that did not fit its first line keeps it beside the new one.
 SaveOutcome SaveDataFile(DataSet& data, Platform& platform, std::size_t selected_variables = 0);
 // Saves to another path, which becomes DataFilePath and gives the grid its title: kSaved or kFailed.
 SaveOutcome SaveDataFileTo(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables = 0);
+
+// The box of a Save As, or of any other new data file, that could not be written.
+void ShowSaveAsError(Messages& messages);
 
 // Replaces the data by the empty data set. The panel is reset by the caller.
 void NewDataFile(DataSet& data);

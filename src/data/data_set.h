@@ -81,6 +81,7 @@ struct DataSet {
   std::string DataFileModified;
   Path LoadedFile;               // the file that the data were read from; empty when they came from none
   bool NamedAtTheStart = false;  // it was named on the command line and has not been saved since: no path of its own
+  bool PathOfText = false;       // DataFilePath is that of a delimited text: no save goes there unasked
   Path MisfitFile;               // that file while it holds what the data do not, because it did not fit its first line
 
   std::size_t CurrentRow = 1;  // grid cursor; row 0 is the heading

@@ -192,7 +192,9 @@ std::size_t LoadedText::Chunk::IndexBytes() const {
 }
 
 std::optional<std::string_view> LoadedText::Field(std::size_t row, std::size_t column) const {
-  if (row >= row_count_ || column == 0 || column > column_limit_) return std::nullopt;
+  if (row < leading_rows_ || row - leading_rows_ >= row_count_ || column == 0 || column > column_limit_)
+    return std::nullopt;
+  row -= leading_rows_;
   const Chunk& chunk = chunks_[row >> line_bits_];
   const std::size_t line = row & ((std::size_t{1} << line_bits_) - 1);
   if (!chunk.ends) return chunk.FieldOfLine(chunk.lines[line], column);

@@ -33,15 +33,18 @@ class LoadedText {
   // Bytes of memory that the text and its index take.
   std::size_t Bytes() const;
 
-  // Lines that are there, at most row_limit.
-  std::size_t row_count() const { return row_count_; }
+  // The first line is this row from now on, for a text without the lines that would stand ahead of it.
+  void SetFirstRow(std::size_t row) { leading_rows_ = row; }
+
+  // Lines that are there, at most row_limit, and the rows ahead of the first one.
+  std::size_t row_count() const { return leading_rows_ + row_count_; }
 
   // Lines with more fields than column_limit, and lines of the text behind row_limit; line ends alone at the end of the
   // text do not count.
   std::size_t long_lines() const { return long_lines_; }
   std::size_t dropped_lines() const { return dropped_lines_; }
 
-  // Field `column`, from 1, of line `row`, from 0; nothing when the line has fewer fields.
+  // Field `column`, from 1, of the line of a row, from 0; nothing when the line has fewer fields or there is none.
   std::optional<std::string_view> Field(std::size_t row, std::size_t column) const;
 
   // Fields 1 to column_count of a line in one stretch, when the line has as many.
@@ -80,6 +83,7 @@ class LoadedText {
   class Splitter;
 
   FileBytes bytes_;
+  std::size_t leading_rows_ = 0;  // rows that the text has no lines for
   std::size_t row_count_ = 0;
   std::size_t column_limit_ = 0;
   std::size_t long_lines_ = 0;
@@ -92,8 +96,9 @@ template <typename Visit>
 void LoadedText::ForEachField(std::size_t column, std::size_t first_row, std::size_t count, Visit visit) const {
   const std::size_t chunk_lines = std::size_t{1} << line_bits_;
   std::size_t index = 0;
-  while (index < count && first_row + index < row_count_) {
-    const std::size_t row = first_row + index;
+  for (; index < count && first_row + index < leading_rows_; ++index) visit(index, TaggedView());
+  while (index < count && first_row + index - leading_rows_ < row_count_) {
+    const std::size_t row = first_row + index - leading_rows_;
     const Chunk& chunk = chunks_[row >> line_bits_];
     const std::size_t from = row & (chunk_lines - 1);
     const std::size_t to = std::min({chunk_lines, from + (count - index), from + (row_count_ - row)});

@@ -10,7 +10,11 @@ constexpr std::size_t kShortestSlot = 3;
 }  // namespace
 
 std::string ValueLabels::Apply(const TaggedView& label_lookup) const {
-  std::string text = TextOf(label_lookup);
+  NumberBuffer buffer;
+  return std::string(LabelOf(TextOf(label_lookup, buffer)));
+}
+
+std::string_view ValueLabels::LabelOf(std::string_view text) const {
   for (const Entry& entry : table) {
     if (entry.value == text) return entry.label;
   }

@@ -22,6 +22,8 @@ struct ValueLabels {
   // The label of a value, or the value itself when no entry has it. The first match counts; a number meets an entry by
   // its general text.
   std::string Apply(const TaggedView& label_lookup) const;
+  // The same without a copy of a long text: what it yields lives as long as the labels and the text do.
+  std::string_view LabelOf(std::string_view text) const;
 };
 
 ValueLabels LoadValueLabels(const DataMatrix& matrix, std::size_t column);

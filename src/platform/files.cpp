@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -82,6 +83,11 @@ std::optional<FileBytes> FileBytes::Allocate(std::size_t size) {
   return bytes;
 }
 
+void FileBytes::Shorten(std::size_t size) {
+  size_ = std::min(size, size_);
+  if (block_) std::memset(block_.get() + kFilePadding + size_, 0, kFilePadding);
+}
+
 std::optional<FileFacts> FactsOfFile(const Path& path) {
 #if defined(_WIN32)
   struct _stat64 facts {};
@@ -104,6 +110,18 @@ std::optional<FileBytes> ReadWholeFile(const Path& path) {
   if (!bytes) throw std::bad_alloc();
   if (!file.Fill(bytes->data(), bytes->size())) return std::nullopt;
   return bytes;
+}
+
+std::optional<std::string> ReadStartOfFile(const Path& path, std::size_t most) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+  const OpenFile file(path);
+  if (!file.is_open()) return std::nullopt;
+  const auto size = std::filesystem::file_size(path, error);
+  if (error) return std::nullopt;
+  std::string start(static_cast<std::size_t>(std::min<std::uint64_t>(size, most)), '\0');
+  if (!file.Fill(start.data(), start.size())) return std::nullopt;
+  return start;
 }
 
 std::uint64_t MachineMemory() {

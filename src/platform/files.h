@@ -30,6 +30,9 @@ class FileBytes {
   std::size_t size() const { return size_; }
   std::string_view text() const { return {data(), size_}; }
 
+  // Leaves the first `size` bytes, which are as many or fewer than there are, with readable zeros behind them.
+  void Shorten(std::size_t size);
+
  private:
   struct Release {
     void operator()(char* block) const;
@@ -50,6 +53,9 @@ std::optional<FileFacts> FactsOfFile(const Path& path);
 // Nothing when the file cannot be opened or read, or is a folder. Throws std::bad_alloc when it does not fit the
 // memory, so that nobody takes it for a file without content.
 std::optional<FileBytes> ReadWholeFile(const Path& path);
+
+// The first bytes of a file, `most` of them or as many as there are; nothing when it cannot be opened or read.
+std::optional<std::string> ReadStartOfFile(const Path& path, std::size_t most);
 
 // Bytes of memory in the machine.
 std::uint64_t MachineMemory();

@@ -4,18 +4,12 @@
 #include <utility>
 #include <vector>
 
+#include "data/column_place.h"
+
 namespace tessara {
 namespace {
 
 using Names = std::map<std::size_t, std::string>;
-
-// Where a column stands behind columns that were added or removed; 0 when it is gone, and for no column.
-std::size_t PlaceBehind(std::size_t column, const ChangeNote& note) {
-  const ChangeExtent& extent = note.extent;
-  if (column == 0 || column < extent.first_column) return column;
-  if (note.kind == ChangeKind::kColumnsAdded) return column + extent.column_count;
-  return column < extent.first_column + extent.column_count ? 0 : column - extent.column_count;
-}
 
 std::string ResetLostControl(ProcedurePanel& panel) {
   std::string name = std::move(panel.control_variable.name);
@@ -78,8 +72,7 @@ std::optional<std::string> FollowData(ProcedurePanel& panel, const DataSet& data
   const std::vector<ChangeNote> unknown = {{ChangeKind::kWholeData, {}}};
   std::optional<std::string> lost;
   for (const ChangeNote& note : notes.value_or(unknown)) {
-    const bool moved = note.kind == ChangeKind::kColumnsAdded || note.kind == ChangeKind::kColumnsRemoved;
-    if (moved) {
+    if (MovesColumns(note)) {
       if (auto name = FollowMovedColumns(panel, note)) lost = std::move(name);
     } else if (note.kind == ChangeKind::kWholeData) {
       if (auto name = FollowOtherData(panel, data)) lost = std::move(name);

@@ -20,7 +20,14 @@ inline constexpr int kCopyCommand = 205;
 inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
 inline constexpr int kGoToCommand = 216;
+inline constexpr int kFormatCommand = 301;
 inline constexpr int kRunCommand = 308;
+inline constexpr int kVariablesCommand = 310;
+// The buttons of the form that describes variables.
+inline constexpr int kSaveFormatCommand = 311;
+inline constexpr int kCopyFormatCommand = 312;
+inline constexpr int kPasteFormatCommand = 313;
+inline constexpr int kRevertFormatCommand = 314;
 inline constexpr int kToggleOutputCommand = 350;
 inline constexpr int kToggleHelpCommand = 602;
 inline constexpr int kAboutCommand = 608;
@@ -50,6 +57,8 @@ enum class WidgetAction {
   kShowAbout,
   kOpenHelp,
   kGoTo,
+  kFormatVariables,
+  kShowVariables,
 };
 
 // The views that one part of a row speaks of.

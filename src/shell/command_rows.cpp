@@ -5,6 +5,7 @@
 #include "shell/command_row.h"
 #include "shell/command_rules.h"
 #include "shell/file_questions.h"
+#include "shell/format_operations.h"
 #include "shell/grid_operations.h"
 
 // All commands, by the menus that they stand in.
@@ -189,12 +190,35 @@ constexpr CommandRow kEditCommands[] = {
 };
 
 constexpr CommandRow kVariableCommands[] = {
+    {.id = kFormatCommand,
+     .caption = "&Format Variables",
+     .icon = "document-properties",
+     .shortcut = "Ctrl+D",
+     .tooltip = "Formatting",
+     .uses = {{.views = ViewDataGrid, .caption = "Format Variables", .run = OpenVariableFormat}}},
+    {.id = kVariablesCommand,
+     .caption = "All &Variables",
+     .icon = "view-list-details",
+     .shortcut = "Ctrl+Shift+D",
+     .tooltip = "Table of all variables",
+     .uses = {{.views = ViewDataGrid, .run = WidgetAction::kShowVariables}}},
     {.id = kRunCommand,
      .caption = "Run Procedure",
      .icon = "media-playback-start",
      .shortcut = "F5",
      .tooltip = "Run Statistical Procedure",
      .uses = {{.views = ViewStatProcs, .run = RunProcedure}, {.views = ViewBrevarum, .run = RunCalculator}}},
+};
+
+// The form stays open beside every view.
+constexpr CommandRow kFormatCommands[] = {
+    {.id = kSaveFormatCommand, .uses = {{.views = kEveryView, .run = SaveFormat, .in_bars = false}}},
+    {.id = kCopyFormatCommand,
+     .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(CopyFormat), .in_bars = false}}},
+    {.id = kPasteFormatCommand,
+     .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(PasteFormat), .in_bars = false}}},
+    {.id = kRevertFormatCommand,
+     .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(RevertFormat), .in_bars = false}}},
 };
 
 constexpr CommandRow kOptionsCommands[] = {
@@ -254,7 +278,8 @@ constexpr CommandRow kHelpCommands[] = {
 
 const CommandRow* FindCommand(int id) {
   for (const std::span<const CommandRow> rows : std::initializer_list<std::span<const CommandRow>>{
-           kFileCommands, kEditCommands, kVariableCommands, kOptionsCommands, kDocumentationCommands, kHelpCommands}) {
+           kFileCommands, kEditCommands, kVariableCommands, kFormatCommands, kOptionsCommands, kDocumentationCommands,
+           kHelpCommands}) {
     for (const CommandRow& row : rows) {
       if (row.id == id) return &row;
     }

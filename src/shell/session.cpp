@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "data/change_door.h"
+#include "data/exchange/export.h"
+#include "data/recode/follow_recode.h"
 #include "numerics/code_page.h"
 #include "numerics/dates.h"
 #include "platform/files.h"
@@ -100,6 +102,20 @@ void NewData(Session& session) {
   FollowPanel(session);
 }
 
+ImportOutcome ImportData(Session& session) {
+  if (const auto refused = RefuseImport(session.delimit, session.platform)) return *refused;
+  const ImportOutcome outcome =
+      ImportText(session.delimit, session.data, session.platform, session.panel.SelectedVariables.size());
+  FollowPanel(session);
+  ClearPanelLists(session.panel);
+  ClearCharts(session.charts);
+  return outcome;
+}
+
+bool ExportData(Session& session, const Path& path, char delimiter) {
+  return ExportText(session.data, session.platform, path, delimiter, session.panel.SelectedVariables.size());
+}
+
 void BeginOperation(Session& session) { session.platform.SetStatusPane(kMessagePane, kReady); }
 
 void SetProjectNotes(Session& session, std::string notes) {
@@ -109,6 +125,8 @@ void SetProjectNotes(Session& session, std::string notes) {
 }
 
 void FollowPanel(Session& session) {
+  FollowRecodeData(session.recode, session.data);
+  FollowFormat(session.format, session.data);
   if (const auto lost = FollowData(session.panel, session.data)) {
     session.platform.ShowNote("the control variable " + *lost + " was reset");
   }

@@ -7,8 +7,12 @@
 #include "calculators/brevarum_panel.h"
 #include "data/data_file.h"
 #include "data/data_set.h"
+#include "data/dictionary/variable_format.h"
 #include "data/edit/cell_entry.h"
 #include "data/edit/grid_block.h"
+#include "data/exchange/import.h"
+#include "data/exchange/split.h"
+#include "data/recode/recode_panel.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
@@ -49,8 +53,13 @@ struct Session {
   DataSet data;
   GridBlock grid_selection;  // around the grid's cursor
   CellEntry cell_entry;
+  VariableFormat format;
+  CopiedFormat copied_format;
   ProcedurePanel panel;
+  RecodePanel recode;
   BrevarumPanel brevarum;
+  DelimitForm delimit;
+  SplitPanel split;
   OutputLog output;
   ChartStore charts;
 
@@ -76,6 +85,11 @@ LoadOutcome OpenDataFile(Session& session, const Path& path, FilePick pick);
 SaveOutcome SaveData(Session& session);
 SaveOutcome SaveDataTo(Session& session, const Path& path);
 void NewData(Session& session);
+
+// Imports what the form "Data File Format" names, in the place of the data.
+ImportOutcome ImportData(Session& session);
+// False when the file could not be written.
+bool ExportData(Session& session, const Path& path, char delimiter);
 
 // What every command begins with: the message of the one before it leaves pane 1.
 void BeginOperation(Session& session);

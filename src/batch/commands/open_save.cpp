@@ -18,27 +18,20 @@ CommandResult RunNew(Batch& batch, const CommandWords&) {
   return Done();
 }
 
-// Why the data must not be saved there; empty when they may.
-std::string WhyNotSavedTo(const Batch& batch, const Path& path, bool overwrite) {
-  if (overwrite || batch.files.overwrite) return {};
-  const std::string name = Quoted(PathToUtf8(path));
-  if (batch.files.GuardsOutput(path)) return name + " is the file of --output; --overwrite writes over it";
-  if (!MaySaveDataOver(path)) return name + " is no data file; --overwrite writes over it";
-  return {};
-}
-
 CommandResult RunSave(Batch& batch, const CommandWords& words) {
   Session& session = batch.session;
   if (!words.words.empty() && !IsPossiblePath(words.words[0])) {
     return NotUnderstood(Quoted(words.words[0]) + " is not a path");
   }
+  constexpr const char* kNoPath = "PATH is missing, the data have no file of their own";
+  if (words.words.empty() && !HasPathOfItsOwn(session.data)) return NotUnderstood(kNoPath);
   const Path path = words.words.empty() ? session.data.DataFilePath : PathFromUtf8(words.words[0]);
   const std::string refusal = WhyNotSavedTo(batch, path, words.Has("--overwrite"));
   if (!refusal.empty()) return NotUnderstood(refusal);
   const SaveOutcome outcome = words.words.empty() ? SaveData(session) : SaveDataTo(session, path);
   switch (outcome) {
     case SaveOutcome::kNoName:
-      return NotUnderstood("PATH is missing, the data have no file of their own");
+      return NotUnderstood(kNoPath);
     case SaveOutcome::kFolderGone:
       return NotUnderstood("the folder of " + Quoted(PathToUtf8(path)) + " is not there");
     case SaveOutcome::kSaved:
@@ -51,6 +44,14 @@ CommandResult RunSave(Batch& batch, const CommandWords& words) {
 }
 
 }  // namespace
+
+std::string WhyNotSavedTo(const Batch& batch, const Path& path, bool overwrite) {
+  if (overwrite || batch.files.overwrite) return {};
+  const std::string name = Quoted(PathToUtf8(path));
+  if (batch.files.GuardsOutput(path)) return name + " is the file of --output; --overwrite writes over it";
+  if (!MaySaveDataOver(path)) return name + " is no data file; --overwrite writes over it";
+  return {};
+}
 
 CommandResult OpenPath(Batch& batch, std::string_view utf8_path) {
   const std::string refusal = Quoted(utf8_path) + " cannot be opened";

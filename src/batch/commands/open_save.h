@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "batch/commands/command.h"
@@ -8,5 +9,9 @@ namespace tessara {
 
 // Opens a data file as the open dialog does.
 CommandResult OpenPath(Batch& batch, std::string_view utf8_path);
+
+// Why a data file must not be written there: over the file of the log, or over one that is no data file; empty when it
+// may.
+std::string WhyNotSavedTo(const Batch& batch, const Path& path, bool overwrite);
 
 }  // namespace tessara

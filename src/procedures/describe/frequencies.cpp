@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::size_t kSortWidth = 20;
 constexpr int kRuleLength = 65;
+constexpr std::size_t kMostLabelText = 4096;  // of a value beside its bar: what a chart has room for, and far beyond
 
 // What is decided once for each different cell, and how often it was accepted.
 struct DistinctCell {
@@ -126,14 +127,15 @@ FrequencyTable ComputeFrequencies(const FrequencyCases& cases) {
 namespace {
 
 // What the report and the charts call a category: its value label, else the value itself.
-std::string CategoryText(const FrequencyCases::Category& category, const ValueLabels& labels) {
-  NumberBuffer buffer;
-  return labels.Apply(Trimmed(TextOf(category.value.view(), buffer)));
+std::string_view CategoryText(const FrequencyCases::Category& category, const ValueLabels& labels,
+                              NumberBuffer& buffer) {
+  return labels.LabelOf(Trimmed(TextOf(category.value.view(), buffer)));
 }
 
 std::string CategoryRow(const FrequencyCases& cases, const FrequencyCases::Category& category,
                         const FrequencyTable::Row& row, const ValueLabels& labels) {
-  const std::string text = CategoryText(category, labels);
+  NumberBuffer buffer;
+  const std::string_view text = CategoryText(category, labels, buffer);
   // Values of 0 or more shift by one to stand under the digits of negative ones.
   std::string line = cases.negative_seen && !category.below_zero ? " " + PadRight(text, 20) + "   "  //
                                                                  : PadRight(text, 20) + "    ";
@@ -181,6 +183,7 @@ void LeaveFrequencyCharts(ProcedureRun& run, std::size_t column, const Frequency
   const std::string label = run.data.VariableLabel(column);
   const ValueLabels value_labels = LoadValueLabels(run.data.matrix, column);
   const Number n = static_cast<double>(table.n);
+  NumberBuffer buffer;
   std::vector<std::string> labels;
   std::vector<std::string> shares;
   Chart::Series counts{"Frequency", {}};
@@ -188,7 +191,7 @@ void LeaveFrequencyCharts(ProcedureRun& run, std::size_t column, const Frequency
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
     const FrequencyTable::Row& row = table.rows[i];
     const Checked share = static_cast<double>(row.count) / n;
-    labels.push_back(CategoryText(cases.categories[i], value_labels));
+    labels.emplace_back(CategoryText(cases.categories[i], value_labels, buffer).substr(0, kMostLabelText));
     shares.push_back(MaskedNumber(share.value_or(0), "0.0%"));
     counts.values.push_back(static_cast<double>(row.count));
     percents.values.push_back(row.percent.value());

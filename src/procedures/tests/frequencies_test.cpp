@@ -235,6 +235,14 @@ TEST(Frequencies, AChartLabelHasTheWholeTextAndARoundedPercent) {
   }
 }
 
+TEST(Frequencies, ATextOfMegabytesIsNoMoreThanALabelInItsCharts) {
+  const std::string megabytes(5'000'000, 'x');
+  TestRun run({{"X", Texts({megabytes.c_str(), "1"})}});
+  run.Report(RunFrequencies);
+  ASSERT_EQ(run.charts.charts.size(), 2u);
+  for (const Chart& chart : run.charts.charts) EXPECT_EQ(chart.labels.back(), std::string(4096, 'x'));
+}
+
 TEST(Frequencies, NoChartsUnlessTheyAreWanted) {
   TestRun run({{"X", Texts({"1", "2"})}, {"Y", Texts({"1", "2"})}});
   run.wants_charts = false;

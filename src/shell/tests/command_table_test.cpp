@@ -56,7 +56,10 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 212 Copy Output\n"
        "|211 Convert Output to Tab Delimited\n"
        " 350 &Output Log\n"},
-      {"&Variable", "|308 Run Procedure\n"},
+      {"&Variable",
+       " 301 &Format Variables\n"
+       " 310 All &Variables\n"
+       "|308 Run Procedure\n"},
       {"&Options",
        " 401 Default &Size\n"
        " 402 &Repair Sample Data Files\n"},
@@ -92,6 +95,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 208 Add Columns\n"
             " 209 Delete Rows\n"
             " 210 Delete Columns\n"
+            "|301 &Format Variables\n"
             "|350 Output Log\n"
             "|308 Run Procedure\n"
             " 106 &Print\n"
@@ -107,11 +111,12 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Add Columns",
                             "Delete Rows",
                             "Delete Columns",
+                            "Formatting",
                             "View Output Log",
                             "Run Statistical Procedure",
                             "Print the active document",
                             "Show Help Window"};
-  const std::set<int> with_caption = {350, 308, 106, 602};
+  const std::set<int> with_caption = {301, 350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
     const BarEntry& entry = Toolbar()[i];
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
@@ -179,7 +184,7 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
       {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
-      {210, "+-------"}, {216, "+-------"},
+      {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }

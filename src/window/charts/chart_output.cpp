@@ -1,12 +1,13 @@
 #include "window/charts/chart_output.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <algorithm>
 
+#include "platform/safe_file_writer.h"
 #include "presentation/print_pages.h"
 #include "shell/session.h"
 #include "window/charts/chart_drawing.h"
@@ -34,6 +35,33 @@ std::string FileNameFor(const Chart& chart) {
   return name + ".png";
 }
 
+QByteArray ChartPng(const Chart& chart, const QSize& size) {
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
+  if (!ChartPicture(chart, size).save(&file, "PNG")) return {};
+  return file.data();
+}
+
+QByteArray ChartSvg(const Chart& chart, const QSize& size) {
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
+  QSvgGenerator generator;
+  generator.setOutputDevice(&file);
+  generator.setSize(size);
+  generator.setResolution(96);  // what a browser takes for a pixel
+  generator.setViewBox(QRect(QPoint(0, 0), size));
+  generator.setTitle(ToQt(chart.title));
+  QPainter painter(&generator);
+  PaintChart(painter, QRectF(QPointF(0, 0), size), chart, ColoursOfPaper(), size);
+  if (!painter.end()) return {};
+  return file.data();
+}
+
+WriteResult WriteChart(const Path& path, const QByteArray& picture) {
+  if (picture.isEmpty()) return WriteResult::kRefused;
+  return WriteWholeFile(path, {picture.constData(), static_cast<std::size_t>(picture.size())});
+}
+
 }  // namespace
 
 void CopyChart(QtPlatform& platform, Session& session, const Chart& chart, const QSize& size) {
@@ -52,25 +80,6 @@ void PrintChart(QtPlatform& platform, const Chart& chart, const QSize& size) {
   if (!printed) ShowPrinterError(platform);
 }
 
-bool WriteChartPng(const QString& file, const Chart& chart, const QSize& size) {
-  QSaveFile target(file);
-  return target.open(QIODevice::WriteOnly) && ChartPicture(chart, size).save(&target, "PNG") && target.commit();
-}
-
-bool WriteChartSvg(const QString& file, const Chart& chart, const QSize& size) {
-  QSaveFile target(file);
-  if (!target.open(QIODevice::WriteOnly)) return false;
-  QSvgGenerator generator;
-  generator.setOutputDevice(&target);
-  generator.setSize(size);
-  generator.setResolution(96);  // what a browser takes for a pixel
-  generator.setViewBox(QRect(QPoint(0, 0), size));
-  generator.setTitle(ToQt(chart.title));
-  QPainter painter(&generator);
-  PaintChart(painter, QRectF(QPointF(0, 0), size), chart, ColoursOfPaper(), size);
-  return painter.end() && target.commit();
-}
-
 void SaveChart(QtPlatform& platform, const Chart& chart, const QSize& size) {
   FileDialog dialog;
   dialog.title = "Save Chart As";
@@ -82,9 +91,9 @@ void SaveChart(QtPlatform& platform, const Chart& chart, const QSize& size) {
   const auto chosen = platform.AskSaveFile(dialog);
   if (!chosen) return;
   const WaitCursor wait(platform);
-  const QString file = PathToQt(chosen->path);
-  const bool as_svg = file.endsWith(".svg", Qt::CaseInsensitive);
-  if (as_svg ? WriteChartSvg(file, chart, size) : WriteChartPng(file, chart, size)) {
+  const bool as_svg = PathToQt(chosen->path).endsWith(".svg", Qt::CaseInsensitive);
+  const QByteArray picture = as_svg ? ChartSvg(chart, size) : ChartPng(chart, size);
+  if (WriteChart(chosen->path, picture) == WriteResult::kWritten) {
     platform.SetStatusPane(kMessagePane, "Save Completed");
   } else {
     platform.ShowMessage({"Error", "The picture could not be written.", Buttons::kOk, Tone::kRefusal});

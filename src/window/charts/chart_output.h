@@ -4,8 +4,6 @@
 
 #include "presentation/chart_data.h"
 
-class QString;
-
 // A chart on its way out of the window: clipboard, files, printer. It stands on white there, whatever the palette.
 
 namespace tessara {
@@ -22,9 +20,5 @@ void PrintChart(QtPlatform& platform, const Chart& chart, const QSize& size);
 
 // Asks for a file and writes the chart as its ending says: an SVG drawing, else a PNG picture of twice the size.
 void SaveChart(QtPlatform& platform, const Chart& chart, const QSize& size);
-
-// The files themselves, which take their names when they are whole. False when they cannot be written.
-bool WriteChartPng(const QString& file, const Chart& chart, const QSize& size);
-bool WriteChartSvg(const QString& file, const Chart& chart, const QSize& size);
 
 }  // namespace tessara

@@ -179,6 +179,7 @@ void FrmMain::AddView(ViewForm* view, const char* name, const QString& caption, 
   workspace_->addTab(view, ThemeIcon(icon), caption);
   connect(view, &ViewForm::CommandRequested, this, &FrmMain::Execute);
   connect(view, &ViewForm::HelpAsked, this, &FrmMain::ShowHelpOfView);
+  connect(view, &ViewForm::HelpPageAsked, this, &FrmMain::ShowHelpPage);
   connect(view, &ViewForm::ZoomAsked, this, [this](int steps) { zoom_->Step(steps); });
   connect(view, &ViewForm::SessionChanged, this, [this] {
     if (busy_ != 0) return;
@@ -339,6 +340,8 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kRedo:
     case WidgetAction::kPrintPage:
     case WidgetAction::kGoTo:
+    case WidgetAction::kFormatVariables:
+    case WidgetAction::kShowVariables:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
@@ -372,6 +375,12 @@ std::string_view FrmMain::PageOfView() const {
 void FrmMain::ShowHelpOfView() {
   if (!session_.help_pane_visible || help_pane_->Shows(PageOfView())) return Execute(kToggleHelpCommand);
   ShowHelpPane(PageOfView());
+}
+
+void FrmMain::ShowHelpPage(const QString& page) {
+  session_.help_pane_visible = true;
+  ShowHelpPane(page.toStdString());
+  RefreshCommands();
 }
 
 // Ctrl and a digit bring the tab of that place to the front.

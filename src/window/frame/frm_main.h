@@ -85,6 +85,8 @@ class FrmMain : public QMainWindow {
   // The help page of the current view, of the calculators that of the one in front.
   std::string_view PageOfView() const;
   void ShowHelpOfView();
+  // A page that a form asks for; the pane opens for it.
+  void ShowHelpPage(const QString& page);
   void AddViewKeys();
   void ApplyZoom();
   void ShowAbout();

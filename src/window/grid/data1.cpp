@@ -9,10 +9,14 @@
 
 #include "data/edit/edit_limit.h"
 #include "data/edit/grid_places.h"
+#include "shell/command_row.h"
 #include "shell/grid_operations.h"
+#include "window/grid/data_format.h"
 #include "window/grid/grid_text1.h"
 #include "window/grid/name_box.h"
+#include "window/grid/variable_view.h"
 #include "window/widgets/elided_label.h"
+#include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -135,6 +139,44 @@ void Data1::BuildInfoStrip() {
   layout->addWidget(title_, 1);
   layout->addWidget(part_);
   layout->addWidget(size_);
+  variables_button_ = new SegmentButton(strip_);
+  variables_button_->setObjectName("VariablesButton");
+  variables_button_->setText("Variables");
+  variables_button_->setToolTip("Table of all variables");
+  variables_button_->setAccessibleName(variables_button_->toolTip());
+  variables_button_->setIcon(QIcon::fromTheme("view-list-details"));
+  variables_button_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  variables_button_->setFocusPolicy(Qt::TabFocus);
+  layout->addWidget(variables_button_);
+  connect(variables_button_, &QToolButton::clicked, this, &Data1::ToggleVariables);
+}
+
+DataFormat* Data1::FormatForm() {
+  if (format_) return format_;
+  format_ = new DataFormat(session(), this);
+  connect(format_, &DataFormat::CommandRequested, this, &Data1::CommandRequested);
+  connect(format_, &DataFormat::HelpAsked, this, &Data1::HelpPageAsked);
+  return format_;
+}
+
+VariableView* Data1::VariablesForm() {
+  if (variables_) return variables_;
+  variables_ = new VariableView(session(), this);
+  connect(variables_, &VariableView::Shown, variables_button_, &QToolButton::setChecked);
+  connect(variables_, &VariableView::HelpAsked, this, &Data1::HelpPageAsked);
+  connect(variables_, &VariableView::FormatAsked, this, [this](std::size_t column) {
+    PickVariable(session().format, session().data, column);
+    FormatForm()->Open();
+  });
+  return variables_;
+}
+
+void Data1::ToggleVariables() {
+  if (variables_ && variables_->isVisible()) {
+    variables_->close();
+  } else {
+    VariablesForm()->Open();
+  }
 }
 
 void Data1::ShowSession() {
@@ -145,6 +187,8 @@ void Data1::ShowSession() {
   }
   ShowPlace();
   PlaceEntry();
+  if (format_) format_->ShowSession();
+  if (variables_) variables_->ShowSession();
 }
 
 void Data1::StoreWidgets() {
@@ -180,6 +224,10 @@ void Data1::Perform(WidgetAction action) {
     Copy();
   } else if (action == WidgetAction::kGoTo) {
     name_->Ask();
+  } else if (action == WidgetAction::kFormatVariables) {
+    FormatForm()->Open();
+  } else if (action == WidgetAction::kShowVariables) {
+    VariablesForm()->Open();
   }
 }
 

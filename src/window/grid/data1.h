@@ -8,10 +8,14 @@
 #include "window/grid/grid_view.h"
 #include "window/widgets/view_form.h"
 
+class QToolButton;
+
 namespace tessara {
 
+class DataFormat;
 class GridText1;
 class NameBox;
+class VariableView;
 
 // The Data Grid: a spreadsheet view of the data matrix under a strip that tells where the cursor is, which file it
 // shows and how much of it.
@@ -32,6 +36,9 @@ class Data1 : public ViewForm {
   void ConnectGrid();
   void ConnectEntry();
   void ShowInfo();
+  DataFormat* FormatForm();
+  VariableView* VariablesForm();
+  void ToggleVariables();
   void ShowPlace();
 
   // The entry of a cell. Text that is typed over the cell replaces it; without one the cell's own text is edited.
@@ -58,6 +65,10 @@ class Data1 : public ViewForm {
   QLabel* part_ = nullptr;
   GridBlock stored_selection_;  // as the session has it from this view
   MemoryReserve memory_reserve_;
+  QToolButton* variables_button_ = nullptr;
+  // Made when they are first asked for.
+  DataFormat* format_ = nullptr;
+  VariableView* variables_ = nullptr;
 };
 
 }  // namespace tessara

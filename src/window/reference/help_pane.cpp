@@ -65,11 +65,8 @@ HelpPane::HelpPane(QtPlatform& platform, Session& session, QWidget* parent)
   browser_->setObjectName("WebBrowser1");
   browser_->setAccessibleName(tr("Help page"));
   browser_->setMinimumWidth(fontMetrics().averageCharWidth() * kPaneColumns);
-  document_ = new DocumentView(content);
-  document_->setObjectName("DocumentView");
   shown_ = new QStackedWidget(content);
   shown_->addWidget(browser_);
-  shown_->addWidget(document_);
   buttons_ = MakeBrowserButtons(content);
   connect(buttons_.back, &QToolButton::clicked, this, &HelpPane::Back);
   connect(buttons_.forward, &QToolButton::clicked, this, &HelpPane::Forward);
@@ -183,6 +180,11 @@ void HelpPane::ShowPage(std::string_view page) {
 }
 
 bool HelpPane::ShowDocument(const QString& file) {
+  if (!document_) {  // made for the first document: the start has no time for it
+    document_ = new DocumentView(shown_);
+    document_->setObjectName("DocumentView");
+    shown_->addWidget(document_);
+  }
   if (!document_->Open(file)) return false;
   ShowBrowser(document_);
   return true;
@@ -196,23 +198,26 @@ void HelpPane::ShowBrowser(QWidget* shown) {
 // A document stands behind the page that was shown last: back leads to that page, and forward from it to the document
 // again, unless the page has others ahead of it.
 void HelpPane::Back() {
-  if (shown_->currentWidget() == document_) return ShowBrowser(browser_);
+  if (ShowsDocument()) return ShowBrowser(browser_);
   browser_->backward();
 }
 
 void HelpPane::Forward() {
   if (browser_->isForwardAvailable()) return browser_->forward();
-  if (document_->has_document()) ShowBrowser(document_);
+  if (HasDocument()) ShowBrowser(document_);
 }
 
+bool HelpPane::ShowsDocument() const { return document_ && shown_->currentWidget() == document_; }
+
+bool HelpPane::HasDocument() const { return document_ && document_->has_document(); }
+
 void HelpPane::RefreshButtons() {
-  const bool document = shown_->currentWidget() == document_;
-  buttons_.back->setEnabled(document || browser_->isBackwardAvailable());
-  buttons_.forward->setEnabled(!document && (browser_->isForwardAvailable() || document_->has_document()));
+  buttons_.back->setEnabled(ShowsDocument() || browser_->isBackwardAvailable());
+  buttons_.forward->setEnabled(!ShowsDocument() && (browser_->isForwardAvailable() || HasDocument()));
 }
 
 void HelpPane::Print() {
-  if (shown_->currentWidget() == document_) return document_->Print(platform_);
+  if (ShowsDocument()) return document_->Print(platform_);
   browser_->PrintPage();
 }
 

@@ -59,6 +59,8 @@ class HelpPane : public QDockWidget {
   std::vector<Item> Items(std::size_t heading) const;
   void OpenDocument(std::string_view file);
   void ShowBrowser(QWidget* shown);
+  bool ShowsDocument() const;
+  bool HasDocument() const;
   void Back();
   void Forward();
   void RefreshButtons();
@@ -69,7 +71,7 @@ class HelpPane : public QDockWidget {
   BrowserButtons buttons_;
   QStackedWidget* shown_ = nullptr;  // the browser's page or its document
   HelpBrowser* browser_ = nullptr;
-  DocumentView* document_ = nullptr;
+  DocumentView* document_ = nullptr;  // there when a document has been opened
   QCheckBox* show_at_start_ = nullptr;
   std::array<Heading, 2> headings_;
 };

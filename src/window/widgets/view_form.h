@@ -44,6 +44,8 @@ class ViewForm : public QWidget {
   void SessionChanged();
   // The help on what the view is about just now is wanted.
   void HelpAsked();
+  // A page of the help, or a section of one, is wanted: "UserManual1.html#format".
+  void HelpPageAsked(const QString& page);
   // Larger or smaller type in all views, by steps; none for the usual size.
   void ZoomAsked(int steps);
 

@@ -1,0 +1,53 @@
+#include "data/recode/follow_recode.h"
+
+#include <utility>
+#include <vector>
+
+namespace tessara {
+namespace {
+
+void FollowColumns(RecodePanel& panel, const ChangeNote& note) {
+  if (panel.RecodeColumn != 0) {
+    panel.RecodeColumn = ColumnBehind(panel.RecodeColumn, note);
+    if (panel.RecodeColumn == 0) PickRecodeVariable(panel, 0);
+  }
+  for (const auto& [column, box] :
+       {std::pair(&panel.CombineColumn1, &panel.Date1), std::pair(&panel.CombineColumn2, &panel.Date2)}) {
+    *column = ColumnBehind(*column, note);
+    if (*column == 0) box->clear();
+  }
+  panel.made_column = ColumnBehind(panel.made_column, note);
+  if (panel.made_column == 0) panel.NewVariableMade = false;
+}
+
+void FollowFindRow(RecodePanel& panel, const ChangeNote& note) {
+  if (panel.FindRow == 0) return;
+  const std::size_t behind = RowBehind(panel.FindRow, note);
+  panel.FindRow = behind != 0 ? behind : note.extent.first_row;
+}
+
+// What was replaced belonged to the data that have gone.
+void ForgetData(RecodePanel& panel) {
+  panel.UndoColumn.reset();
+  panel.made_name.clear();
+  panel.FindRow = 0;
+  panel.Label21 = false;
+}
+
+}  // namespace
+
+void FollowRecodeData(RecodePanel& panel, const DataSet& data) {
+  const auto notes = data.notes.Since(std::exchange(panel.followed_revision, data.Revision()));
+  const std::vector<ChangeNote> unknown = {{ChangeKind::kWholeData, {}}};
+  for (const ChangeNote& note : notes.value_or(unknown)) {
+    FollowColumns(panel, note);
+    panel.marks.Follow(note);
+    if (note.kind == ChangeKind::kWholeData) {
+      ForgetData(panel);
+    } else {
+      FollowFindRow(panel, note);
+    }
+  }
+}
+
+}  // namespace tessara

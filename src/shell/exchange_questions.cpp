@@ -1,0 +1,47 @@
+#include "shell/exchange_questions.h"
+
+#include "data/exchange/export.h"
+
+namespace tessara {
+
+bool AskImportFile(Session& session) {
+  const bool comma = ImportDelimiter(session.delimit) == ",";
+  const auto chosen = session.platform.AskOpenFile(
+      {.title = "Import Data",
+       .filter = comma ? "Data text files (*.csv)|*.csv|All files (*.*)|*.*"
+                       : "Data text files (*.txt)|*.txt|All files (*.*)|*.*",
+       .initial_folder =
+           session.data.DataFilePath.empty() ? session.platform.ProgramFolder() / "Data" : session.data.DataFilePath,
+       .initial_name = {},
+       .default_extension = comma ? "csv" : "txt"});
+  if (!chosen) return false;
+  if (TakeImportFile(session.delimit, session.data, chosen->path)) return true;
+  ShowCannotOpen(session.platform);
+  return false;
+}
+
+bool AskAndExport(Session& session, char delimiter) {
+  ShowExportReminder(session.platform);
+  const bool comma = delimiter == ',';
+  const auto chosen = session.platform.AskSaveFile(
+      {.title = "Export Data",
+       .filter = comma ? "Comma separated value text files (*.csv)|*.csv" : "Tab delimited text files (*.txt)|*.txt",
+       .initial_folder = session.data.DataFilePath,
+       .initial_name = {},
+       .default_extension = comma ? "csv" : "txt",
+       .overwrite_prompt = true});
+  return chosen && ExportData(session, chosen->path, delimiter);
+}
+
+bool AskAndSplit(Session& session) {
+  if (!MayRunSplit(session.split, session.platform)) return false;
+  const auto chosen = session.platform.AskSaveFile({.title = "Split Data",
+                                                    .filter = "Tessara files (*.dcs)|*.dcs",
+                                                    .initial_folder = session.platform.ProgramFolder() / "Data",
+                                                    .initial_name = {},
+                                                    .default_extension = "dcs",
+                                                    .overwrite_prompt = true});
+  return chosen && RunSplit(session.split, session.data, session.platform, chosen->path);
+}
+
+}  // namespace tessara
