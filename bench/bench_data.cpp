@@ -10,8 +10,14 @@ Path BenchFile() {
   return file ? file : "/tmp/bench.dcs";
 }
 
-BenchData::BenchData() {
-  MakeEmptyDataSet(data);
+Path BenchTextFile() {
+  const char* file = std::getenv("TESSARA_BENCH_TEXT");
+  return file ? file : "/tmp/bench.csv";
+}
+
+BenchData::BenchData(Start) { MakeEmptyDataSet(data); }
+
+BenchData::BenchData() : BenchData(kEmpty) {
   LoadDataFile(data, platform, BenchFile(), FilePick::kPicked);
 }
 

@@ -14,9 +14,14 @@
 namespace tessara {
 
 Path BenchFile();
+// The same as comma-separated text: the file that TESSARA_BENCH_TEXT names.
+Path BenchTextFile();
 
 struct BenchData {
   BenchData();
+  // Without data.
+  enum Start { kEmpty };
+  explicit BenchData(Start);
 
   // One run of a procedure on a variable, or on variables and independent ones; its report is dropped.
   void Run(Procedure procedure, std::size_t column);

@@ -1,4 +1,4 @@
-// The data store: reading, finding the field ends, loading, saving, and what a change costs.
+// The data store: reading, finding the field ends, loading, saving, text in and out, and what a change costs.
 
 #include <benchmark/benchmark.h>
 
@@ -7,6 +7,9 @@
 
 #include "bench_data.h"
 #include "data/change_door.h"
+#include "data/exchange/export.h"
+#include "data/exchange/import.h"
+#include "data/exchange/split.h"
 #include "data/field_ends.h"
 #include "platform/files.h"
 
@@ -51,6 +54,35 @@ void Save(benchmark::State& state) {
   std::filesystem::remove(target);
 }
 BENCHMARK(Save)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The same records as comma-separated text: TESSARA_BENCH_TEXT names the file.
+void Import(benchmark::State& state) {
+  for (auto _ : state) {
+    BenchData bench(BenchData::kEmpty);
+    DelimitForm form;
+    TakeImportFile(form, bench.data, BenchTextFile());
+    form.delimiter = DelimiterOption::kComma;
+    benchmark::DoNotOptimize(ImportText(form, bench.data, bench.platform));
+  }
+}
+BENCHMARK(Import)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void Export(benchmark::State& state) {
+  BenchData bench;
+  const Path target = BenchFile().string() + ".csv";
+  for (auto _ : state) ExportText(bench.data, bench.platform, target, ',');
+  std::filesystem::remove(target);
+}
+BENCHMARK(Export)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void SplitOfFiveVariables(benchmark::State& state) {
+  BenchData bench;
+  const Path target = BenchFile().string() + ".part";
+  SplitPanel panel{{1, 2, 10, 11, 12}};
+  for (auto _ : state) RunSplit(panel, bench.data, bench.platform, target);
+  std::filesystem::remove(target);
+}
+BENCHMARK(SplitOfFiveVariables)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void FirstParseOfAColumn(benchmark::State& state) {
   for (auto _ : state) {

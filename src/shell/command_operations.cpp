@@ -66,6 +66,21 @@ void TellWhereChartsPrint(Session& session) {
       {"Information", "Please click graph to view print screen", Buttons::kOk, Tone::kInformation});
 }
 
+WidgetAction PrepareImport(Session& session) {
+  OpenDelimitForm(session.delimit);
+  return WidgetAction::kShowImport;
+}
+
+WidgetAction PrepareExport(Session& session) {
+  OpenDelimitForm(session.delimit);
+  return WidgetAction::kShowExport;
+}
+
+WidgetAction PrepareSplit(Session& session) {
+  ResetSplit(session.split);
+  return WidgetAction::kShowSplit;
+}
+
 void RepairPracticeFiles(Session& session) { RepairSampleFiles(session.platform); }
 
 WidgetAction RefreshDocumentation(Session& session) {

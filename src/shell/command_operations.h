@@ -24,6 +24,11 @@ void PrintCalculation(Session& session);
 void CopyCalculation(Session& session);
 void TellWhereChartsPrint(Session& session);
 
+// Data that come in and go out, and a part of them.
+WidgetAction PrepareImport(Session& session);
+WidgetAction PrepareExport(Session& session);
+WidgetAction PrepareSplit(Session& session);
+
 void RepairPracticeFiles(Session& session);
 WidgetAction RefreshDocumentation(Session& session);
 void OpenDocumentation(Session& session, Document document);

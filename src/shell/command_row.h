@@ -59,6 +59,9 @@ enum class WidgetAction {
   kGoTo,
   kFormatVariables,
   kShowVariables,
+  kShowImport,
+  kShowExport,
+  kShowSplit,
 };
 
 // The views that one part of a row speaks of.

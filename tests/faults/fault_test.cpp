@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "batch/batch.h"
+#include "fault_turns.h"
 #include "faults.h"
 #include "platform/memory.h"
 #include "platform/scripted_platform.h"
@@ -23,11 +24,6 @@ namespace tessara {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Every one of the first faults, then fewer and fewer, so that the runs stay short.
-std::size_t NextFault(std::size_t number) { return number + 1 + number / 60; }
-
-constexpr std::size_t kMostFaults = 100000;
 
 std::string FileOf(const std::string& letter, int records) {
   std::string text = std::to_string(records) + " 2 Tessara data\x01notes of " + letter + "\r\n";
@@ -87,28 +83,6 @@ class Workplace {
 };
 
 const std::vector<std::string> kBothFiles = {"first.dcs", "second.dcs"};
-
-// Calls with the number of each fault, until one comes too late to matter.
-template <typename Try>
-void FailInTurn(Try attempt) {
-  for (std::size_t number = 1; number < kMostFaults; number = NextFault(number)) {
-    if (!attempt(number)) return;
-    if (testing::Test::HasFailure()) return;  // one is enough to read
-  }
-  ADD_FAILURE() << "the faults have no end";
-}
-
-// Remembers whether the fault has come, also when the operation ends by it.
-class NoteOfFault {
- public:
-  explicit NoteOfFault(bool& failed) : failed_(failed) {}
-  ~NoteOfFault() { failed_ = FailingMemory::HasFailed(); }
-  NoteOfFault(const NoteOfFault&) = delete;
-  NoteOfFault& operator=(const NoteOfFault&) = delete;
-
- private:
-  bool& failed_;
-};
 
 class Faults : public testing::TestWithParam<Fault> {};
 

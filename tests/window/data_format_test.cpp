@@ -149,6 +149,17 @@ class DataFormatTest : public QObject {
     QCOMPARE(Text(2, 1), "");
   }
 
+  void AClickOnTheColumnThatIsCurrentAlreadyPicksItsVariableAgain() {
+    ClickColumn(1);
+    window().Trigger(kFormat);
+    auto* list = Part<QComboBox>("Combo1");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    QCOMPARE(Shown("Text1"), "CITY");
+    ClickColumn(1);
+    QCOMPARE(Shown("Text1"), "AGE");
+  }
+
   void RevertGivesUpWhatWasTyped() {
     window().Trigger(kFormat);
     QVERIFY(!Part<QPushButton>("Revert")->isEnabled());

@@ -1,6 +1,7 @@
 #include <QAbstractItemView>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTableView>
 #include <QTextDocumentFragment>
@@ -82,6 +83,19 @@ class PlainTextTest : public QObject {
       window().ShowView(static_cast<View>(view));
       CheckAllWidgets();
     }
+  }
+
+  void FormsThatDescribeVariablesDoNotGuess() {
+    OpenHostileFile();
+    window().Trigger(310);
+    window().Trigger(301);
+    CheckAllWidgets();
+    QCOMPARE(window().Find<QLineEdit>("Text1")->text(), QString(kName));
+    QCOMPARE(window().Find<QLabel>("FormattedVariable")->text(), QString(kName) + "   " + kLabel);
+    auto* table = window().Find<QTableView>("VariableTable");
+    const QModelIndex label = table->model()->index(0, 1);
+    QCOMPARE(label.data().toString(), QString(kLabel));
+    QCOMPARE(TipShownAt(table->viewport(), table->visualRect(label).center()), QString(kLabel));
   }
 
   void ReportsChartsAndTheirTipsDoNotGuess() {

@@ -1,8 +1,10 @@
 #include "data/exchange/delimited_lines.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
+#include "data/exchange/cleaning_scan.h"
 #include "data/field_ends.h"
 #include "numerics/code_page.h"
 
@@ -67,7 +69,9 @@ class LineCleaner {
         removes_commas_(delimiter_ != ","),
         squashes_(delimiter_ == " "),
         clears_separators_(delimiter_ != std::string_view(&kFieldSeparator, 1)),
-        out_(text.data()) {}
+        out_(text.data()) {
+    FillTables();
+  }
 
   void Run(const CleaningProgress& progress) {
     char* const begin = text_.data();
@@ -97,23 +101,13 @@ class LineCleaner {
   bool IsPlain(const char* from, const char* end) const {
     if (delimiter_.size() != 1 || squashes_ || *from == ' ' || end[-1] == ' ') return false;
     if (delimiter_ == "\n" || delimiter_ == "\r") return false;  // no line end is one
-    const char comma = removes_commas_ ? ',' : '$';
-    const char separator = clears_separators_ ? kFieldSeparator : '$';
-    unsigned char found = 0;
-    for (const char* at = from; at < end; ++at) {
-      const char c = at[0];
-      const char next = at[1];  // behind the last byte there are zeros
-      const int cleaned = (c == '$') | (c == '%') | (c == comma) | (c == separator);
-      const int outer_blank = ((c == ' ') & ((next == '\n') | (next == '\r'))) | ((c == '\n') & (next == ' '));
-      found = static_cast<unsigned char>(found | cleaned | outer_blank);
-    }
-    return found == 0;
+    return !AnyIsCleaned(from, end, {removes_commas_ ? ',' : '$', clears_separators_ ? kFieldSeparator : '$'});
   }
 
   void TakeAsTheyStand(const char* from, const char* end) {
     const auto size = static_cast<std::size_t>(end - from);
     if (out_ != from) std::memmove(out_, from, size);
-    std::replace(out_, out_ + size, delimiter_[0], kFieldSeparator);
+    ReplaceBytes(out_, out_ + size, delimiter_[0], kFieldSeparator);
     out_ += size;
   }
 
@@ -123,11 +117,11 @@ class LineCleaner {
       auto* const line_end = static_cast<char*>(std::memchr(from, '\n', static_cast<std::size_t>(end - from)));
       if (!line_end) return TakeLast({from, static_cast<std::size_t>(end - from)});
       const bool has_return = line_end > from && line_end[-1] == '\r';
-      Clean({from, static_cast<std::size_t>(line_end - from) - (has_return ? 1 : 0)});
+      const char* const line = out_;
+      TakeCleaned({from, static_cast<std::size_t>(line_end - from) - (has_return ? 1 : 0)});
       // A CR that has come to the end belongs to the line: one more keeps it. There is room, what stood behind it has
       // gone.
-      Append(line_);
-      if (has_return || line_.ends_with('\r')) *out_++ = '\r';
+      if (has_return || (out_ > line && out_[-1] == '\r')) *out_++ = '\r';
       *out_++ = '\n';
       from = line_end + 1;
     }
@@ -135,13 +129,34 @@ class LineCleaner {
 
   // A last line without a line end, which gets one when nothing else is left of it.
   void TakeLast(std::string_view line) {
-    Clean(line);
-    Append(line_);
-    if (line_.empty()) *out_++ = '\n';
+    const char* const start = out_;
+    TakeCleaned(line);
+    if (out_ == start) *out_++ = '\n';
   }
 
-  void Clean(std::string_view line) {
-    line_.assign(Trimmed(line));
+  void TakeCleaned(std::string_view line) {
+    line = Trimmed(line);
+    if (delimiter_.size() != 1 || squashes_) return CleanInSteps(line);
+    char* out = out_;  // in a register
+    for (const char c : line) {
+      const auto byte = static_cast<unsigned char>(c);
+      *out = becomes_[byte];
+      out += stays_[byte];
+    }
+    out_ = out;
+  }
+
+  // For a single character that is no blank all steps are one.
+  void FillTables() {
+    for (std::size_t byte = 0; byte < becomes_.size(); ++byte) {
+      const char c = static_cast<char>(byte);
+      stays_[byte] = c != '$' && c != '%' && !(removes_commas_ && c == ',');
+      becomes_[byte] = delimiter_ == std::string_view(&c, 1) ? kFieldSeparator : c;
+    }
+  }
+
+  void CleanInSteps(std::string_view line) {
+    line_.assign(line);
     if (removes_commas_) std::erase(line_, ',');
     if (squashes_) {
       line_.assign(std::string(Trimmed(line_)));
@@ -149,10 +164,12 @@ class LineCleaner {
     }
     std::erase_if(line_, [](char c) { return c == '$' || c == '%'; });
     MarkDelimiters();
+    std::memcpy(out_, line_.data(), line_.size());
+    out_ += line_.size();
   }
 
   void MarkDelimiters() {
-    if (delimiter_.size() == 1) std::replace(line_.begin(), line_.end(), delimiter_[0], kFieldSeparator);
+    if (squashes_) std::replace(line_.begin(), line_.end(), ' ', kFieldSeparator);
     if (delimiter_.size() <= 1) return;
     std::size_t to = 0;
     for (std::size_t from = 0; from < line_.size();) {
@@ -167,16 +184,13 @@ class LineCleaner {
     line_.resize(to);
   }
 
-  void Append(std::string_view line) {
-    std::memcpy(out_, line.data(), line.size());
-    out_ += line.size();
-  }
-
   FileBytes& text_;
   const std::string delimiter_;
   const bool removes_commas_;
   const bool squashes_;
   const bool clears_separators_;
+  std::array<char, 256> becomes_{};
+  std::array<unsigned char, 256> stays_{};
   char* out_;  // never ahead of what is read
   std::string line_;
 };

@@ -24,6 +24,8 @@
 #include "window/frame/frm_splash2.h"
 #include "window/frame/recent_files.h"
 #include "window/grid/data1.h"
+#include "window/grid/delimit.h"
+#include "window/grid/split_data.h"
 #include "window/output/output1.h"
 #include "window/reference/help_pane.h"
 #include "window/reference/page_view.h"
@@ -319,7 +321,8 @@ void FrmMain::OpenFile(const Path& path) {
 void FrmMain::NoteRecentFile() {
   // A file of the command line is at hand too, though its path is not yet that of the data.
   const DataSet& at_hand = session_.data;
-  const Path& file = FactsOfFile(at_hand.DataFilePath) ? at_hand.DataFilePath : at_hand.LoadedFile;
+  const bool has_path = !at_hand.PathOfText && FactsOfFile(at_hand.DataFilePath);
+  const Path& file = has_path ? at_hand.DataFilePath : at_hand.LoadedFile;
   if (file == noted_file_) return;
   noted_file_ = file;
   if (FactsOfFile(file)) recent_files_->Add(file);
@@ -339,9 +342,9 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
     case WidgetAction::kPrintPage:
-    case WidgetAction::kGoTo:
     case WidgetAction::kFormatVariables:
     case WidgetAction::kShowVariables:
+    case WidgetAction::kGoTo:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:
@@ -353,6 +356,11 @@ void FrmMain::Perform(WidgetAction action) {
       return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : PageOfView());
     case WidgetAction::kShowAbout:
       return ShowAbout();
+    case WidgetAction::kShowImport:
+    case WidgetAction::kShowExport:
+      return ShowDelimit(action == WidgetAction::kShowImport);
+    case WidgetAction::kShowSplit:
+      return ShowSplit();
     case WidgetAction::kNone:
       return;
   }
@@ -409,6 +417,43 @@ void FrmMain::ShowAbout() {
   auto* box = new AboutBox(this);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->open();
+}
+
+void FrmMain::ShowDelimit(bool to_import) {
+  if (form_) return form_->raise();
+  auto* form = new Delimit(
+      session_, to_import ? Delimit::Page::kImport : Delimit::Page::kExport,
+      [this](const auto& operation) { RunForForm(operation); }, this);
+  connect(form, &Delimit::HelpAsked, this, &FrmMain::ShowHelpPage);
+  OpenForm(form);
+}
+
+void FrmMain::ShowSplit() {
+  if (form_) return form_->raise();
+  auto* form = new SplitData(
+      session_, [this](const auto& operation) { RunForForm(operation); }, this);
+  connect(form, &SplitData::HelpAsked, this, &FrmMain::ShowHelpPage);
+  OpenForm(form);
+}
+
+void FrmMain::OpenForm(QDialog* form) {
+  form_ = form;
+  form->setAttribute(Qt::WA_DeleteOnClose);
+  form->open();
+}
+
+void FrmMain::RunForForm(const std::function<void()>& operation) {
+  if (busy_ != 0) return;
+  const Busy busy(*this);
+  {
+    const WaitCursor wait(platform_);
+    BeginOperation(session_);
+    platform_.WithinMemory(operation);
+  }
+  ShowWantedView();
+  NoteRecentFile();
+  ShowSession();
+  RefreshCommands();
 }
 
 WidgetState FrmMain::State() const {

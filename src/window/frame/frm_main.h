@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -9,6 +10,7 @@
 #include "window/frame/frame_place.h"
 #include "window/widgets/view_form.h"
 
+class QDialog;
 class QLabel;
 class QTabWidget;
 class QTimer;
@@ -90,6 +92,11 @@ class FrmMain : public QMainWindow {
   void AddViewKeys();
   void ApplyZoom();
   void ShowAbout();
+  void ShowDelimit(bool to_import);
+  void ShowSplit();
+  void OpenForm(QDialog* form);
+  // Runs what a form over the frame asks for, as a command is run.
+  void RunForForm(const std::function<void()>& operation);
   void NoteRecentFile();
   void ShowTitle();
   WidgetState State() const;
@@ -109,7 +116,8 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<FrmSplash2> splash_;
   Path noted_file_;
   bool clipboard_has_text_ = false;
-  int busy_ = 0;  // operations that run now
+  QPointer<QDialog> form_;  // over the frame
+  int busy_ = 0;            // operations that run now
 };
 
 }  // namespace tessara

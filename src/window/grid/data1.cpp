@@ -86,6 +86,7 @@ void Data1::ConnectGrid() {
   connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
   connect(grid_, &GridView::CursorMoved, this, [this] {
     ShowPlace();
+    if (format_) format_->FollowGrid();
     emit SessionChanged();
   });
   connect(grid_, &GridView::Leaving, this, [this] { LeaveEntry(EntryLeft::kByClick); });
@@ -181,14 +182,14 @@ void Data1::ToggleVariables() {
 
 void Data1::ShowSession() {
   if (grid_->ShowChanges()) ShowInfo();
+  if (format_) format_->ShowSession();
+  if (variables_) variables_->ShowSession();
   if (session().grid_selection != stored_selection_) {  // an operation has selected something
     grid_->ShowSelection(session().grid_selection);
     stored_selection_ = session().grid_selection;
   }
   ShowPlace();
   PlaceEntry();
-  if (format_) format_->ShowSession();
-  if (variables_) variables_->ShowSession();
 }
 
 void Data1::StoreWidgets() {

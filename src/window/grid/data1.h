@@ -13,9 +13,10 @@ class QToolButton;
 namespace tessara {
 
 class DataFormat;
+class VariableView;
+
 class GridText1;
 class NameBox;
-class VariableView;
 
 // The Data Grid: a spreadsheet view of the data matrix under a strip that tells where the cursor is, which file it
 // shows and how much of it.
@@ -63,12 +64,12 @@ class Data1 : public ViewForm {
   QLabel* title_ = nullptr;
   QLabel* size_ = nullptr;
   QLabel* part_ = nullptr;
-  GridBlock stored_selection_;  // as the session has it from this view
-  MemoryReserve memory_reserve_;
   QToolButton* variables_button_ = nullptr;
   // Made when they are first asked for.
   DataFormat* format_ = nullptr;
   VariableView* variables_ = nullptr;
+  GridBlock stored_selection_;  // as the session has it from this view
+  MemoryReserve memory_reserve_;
 };
 
 }  // namespace tessara

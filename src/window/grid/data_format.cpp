@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QTabWidget>
@@ -20,6 +21,7 @@
 #include "window/widgets/elided_label.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/hint_label.h"
+#include "window/widgets/scrolled.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -83,9 +85,9 @@ DataFormat::DataFormat(Session& session, QWidget* parent)
   variable_->setFont(bold);
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName("FormatTabs");
-  tabs_->addTab(BuildVariablePage(), "&Variable Information");
-  tabs_->addTab(BuildValueLabelPage(), "Value &Labels");
-  tabs_->addTab(BuildMissingPage(), "&Missing Values");
+  tabs_->addTab(new Scrolled(BuildVariablePage(), tabs_), "&Variable Information");
+  tabs_->addTab(new Scrolled(BuildValueLabelPage(), tabs_), "Value &Labels");
+  tabs_->addTab(new Scrolled(BuildMissingPage(), tabs_), "&Missing Values");
 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(intro);
@@ -248,12 +250,23 @@ void DataFormat::Open() {
   cursor_ = session_.data.CurrentColumn;
   if (!isVisible()) {
     tabs_->setCurrentIndex(kVariableTab);
+    if (!placed_) PlaceBesideGrid();
     show();
   }
   ShowSession();
   raise();
   activateWindow();
   FocusTab(tabs_->currentIndex());
+}
+
+// In the lower right corner of the window, where it leaves the columns in sight that are to be clicked on.
+void DataFormat::PlaceBesideGrid() {
+  placed_ = true;
+  const QRect screen_place = screen()->availableGeometry();
+  resize(sizeHint().boundedTo(screen_place.size()));
+  if (!parentWidget()) return;
+  const QRect frame = parentWidget()->window()->frameGeometry().intersected(screen_place);
+  move(std::max(frame.right() - width(), screen_place.left()), std::max(frame.bottom() - height(), screen_place.top()));
 }
 
 // The box for the decimals is taken back: a form that is opened again never rewrites data by a box ticked long ago.

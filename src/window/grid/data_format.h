@@ -28,11 +28,12 @@ class DataFormat : public QDialog {
   // Opens the form, or brings it to the front, with the variable that the session's format shows.
   void Open();
   void ShowSession();
+  // The user has gone to a cell, or has clicked on the one that was current already: its variable is wanted.
+  void FollowGrid() { cursor_ = 0; }
 
  signals:
   // A command of the command table, by its id.
   void CommandRequested(int id);
-  void SessionChanged();
   void HelpAsked(const QString& page);
 
  protected:
@@ -49,6 +50,7 @@ class DataFormat : public QDialog {
   QLineEdit* MakeBox(FormatBox box, const QString& caption, const QString& tip, int characters);
   QPushButton* MakeButton(const char* name, const QString& caption, const QString& tip, int command);
 
+  void PlaceBesideGrid();
   void FollowCursor();
   void ShowBox(std::size_t place);
   void ShowVariable();
@@ -70,7 +72,8 @@ class DataFormat : public QDialog {
   QPushButton* save_ = nullptr;
   std::array<QLineEdit*, kFormatBoxes> boxes_{};
   std::array<std::string, kFormatBoxes> shown_;  // what the boxes were last filled with, or typed to
-  std::size_t cursor_ = 0;                       // the grid's column that the form has followed to
+  bool placed_ = false;
+  std::size_t cursor_ = 0;  // the grid's column that the form has followed to
 };
 
 }  // namespace tessara

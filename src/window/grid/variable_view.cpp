@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QTableView>
 #include <QTimer>
@@ -23,7 +24,7 @@ namespace {
 constexpr const char* kHelpPage = "UserManual1.html#variables";
 constexpr int kSlice = 12;  // milliseconds of counting between two looks at the keyboard
 // Characters that the sections are wide at first.
-constexpr std::array<int, VariableTable::kSections> kCharacters = {14, 32, 18, 36, 10, 10, 14};
+constexpr std::array<int, VariableTable::kSections> kCharacters = {13, 30, 17, 32, 9, 9, 13};
 constexpr int kRowsWanted = 18;
 
 }  // namespace
@@ -99,9 +100,9 @@ void VariableView::Open() {
   if (!isVisible()) {
     int width = table_->verticalHeader()->sizeHint().width();
     for (int section = 0; section < VariableTable::kSections; ++section) width += table_->columnWidth(section);
-    const int most = parentWidget() ? parentWidget()->window()->width() : width;
-    resize(std::min(width + fontMetrics().height() * 3, std::max(most, 0)),
-           fontMetrics().height() * kRowsWanted * 3 / 2);
+    const QSize wanted(width + fontMetrics().height() * 3, fontMetrics().height() * kRowsWanted * 3 / 2);
+    if (!resized_) resize(wanted.boundedTo(screen()->availableSize()));
+    resized_ = true;
     show();
   }
   ShowSession();

@@ -46,6 +46,7 @@ class VariableView : public QDialog {
   VariableTable* model_;
   QTableView* table_;
   QTimer* counting_;
+  bool resized_ = false;
 };
 
 }  // namespace tessara

@@ -137,7 +137,8 @@ void QtPlatform::BeforeDialog() {
 QWidget* QtPlatform::DialogParent() const {
   auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
   const QWidget* owner = active ? active->parentWidget() : nullptr;
-  return owner && !active->isModal() && owner->window() == frame_ ? active : frame_.data();
+  const bool is_progress = qobject_cast<ProgressForm*>(active) != nullptr;
+  return owner && !is_progress && owner->window() == frame_ ? active : frame_.data();
 }
 
 std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_save) {
