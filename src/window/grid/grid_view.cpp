@@ -83,6 +83,7 @@ void GridView::ConnectHeader(GridHeader* header) {
     emit Leaving();
     setFocus(Qt::MouseFocusReason);
     Select(extends ? CursorOf(data_) : place(section), place(section));
+    emit Pressed();
   });
   connect(header, &QHeaderView::sectionEntered, this, [this, place, names](int section) {
     if ((names ? data_.CurrentRow : data_.CurrentColumn) == 0) Select(CursorOf(data_), place(section));
@@ -375,6 +376,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   } else {
     Select(place);
   }
+  emit Pressed();
   dragging_ = true;
 }
 

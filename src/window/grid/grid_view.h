@@ -51,6 +51,8 @@ class GridView : public QTableView {
  signals:
   void CopyAsked();
   void CursorMoved();
+  // A press of the mouse on a cell or heading, also on the one that the cursor was on already.
+  void Pressed();
   // The user is about to take the cursor elsewhere.
   void Leaving();
   // A character that begins an entry; an empty text begins an empty one.
