@@ -100,7 +100,7 @@ TEST_F(ImportTest, Utf8IsConvertedAndTheMarkIsNoPartOfAName) {
 TEST_F(ImportTest, AgreesWithThePlainStepsOnRandomTexts) {
   std::mt19937 random(11);
   const std::string letters = "ab12,;\t  $%\r\n\n\x01\0"s;
-  for (int round = 0; round < 300; ++round) {
+  for (int round = 0; round < 60; ++round) {
     std::string content = "x";
     for (std::size_t length = random() % 150; length > 0; --length) content += letters[random() % letters.size()];
     content += "\nlast";
@@ -291,10 +291,10 @@ TEST_F(ImportTest, AHundredThousandVariablesAreHeld) {
 }
 
 TEST_F(ImportTest, OneVeryLongLineIsOneVariable) {
-  ASSERT_EQ(ImportFile("1" + std::string(20'000'000, 'x')), ImportOutcome::kImported);
+  ASSERT_EQ(ImportFile("1" + std::string(5'000'000, 'x')), ImportOutcome::kImported);
   EXPECT_EQ(data.VariableCount, 1u);
   EXPECT_EQ(data.RecordCount, 1u);
-  EXPECT_EQ(data.matrix.Cell(16, 1).text().size(), 20'000'001u);
+  EXPECT_EQ(data.matrix.Cell(16, 1).text().size(), 5'000'001u);
 }
 
 // Progress.
