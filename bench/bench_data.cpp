@@ -17,9 +17,7 @@ Path BenchTextFile() {
 
 BenchData::BenchData(Start) { MakeEmptyDataSet(data); }
 
-BenchData::BenchData() : BenchData(kEmpty) {
-  LoadDataFile(data, platform, BenchFile(), FilePick::kPicked);
-}
+BenchData::BenchData() : BenchData(kEmpty) { LoadDataFile(data, platform, BenchFile(), FilePick::kPicked); }
 
 void BenchData::Run(Procedure procedure, std::size_t column) { Run(procedure, {column}, {}); }
 
