@@ -1,6 +1,5 @@
 #include "data/recode/find_cells.h"
 
-#include <algorithm>
 #include <array>
 
 #include "numerics/number_text.h"
@@ -22,18 +21,9 @@ constexpr std::array<unsigned char, 256> kSmallLetters = [] {
   return letters;
 }();
 
-constexpr std::size_t kLongText = 64;
-
 unsigned char Small(char c) { return kSmallLetters[static_cast<unsigned char>(c)]; }
 
-bool StartsWithSmall(const char* text, std::string_view wanted) {
-  for (std::size_t i = 0; i < wanted.size(); ++i) {
-    if (Small(text[i]) != static_cast<unsigned char>(wanted[i])) return false;
-  }
-  return true;
-}
-
-bool CellMatches(TextSearch& search, const TaggedView& cell) {
+bool CellMatches(const TextSearch& search, const TaggedView& cell) {
   NumberBuffer buffer;
   return search.IsIn(TextOf(cell, buffer));
 }
@@ -48,21 +38,23 @@ void MoveCursor(DataSet& data, std::size_t row, std::size_t column) {
 
 }  // namespace
 
-TextSearch::TextSearch(std::string_view wanted) : wanted_(wanted) {
+TextSearch::TextSearch(std::string_view wanted) : wanted_(wanted), borders_(wanted.size() + 1) {
   for (char& c : wanted_) c = static_cast<char>(Small(c));
-  if (wanted_.size() > kLongText) search_.emplace(wanted_.cbegin(), wanted_.cend());
+  std::size_t border = 0;
+  for (std::size_t i = 1; i < wanted_.size(); ++i) {
+    while (border > 0 && wanted_[border] != wanted_[i]) border = borders_[border];
+    if (wanted_[border] == wanted_[i]) ++border;
+    borders_[i + 1] = border;
+  }
 }
 
-bool TextSearch::IsIn(std::string_view text) {
+bool TextSearch::IsIn(std::string_view text) const {
   if (wanted_.empty() || text.size() < wanted_.size()) return false;
-  if (search_) {
-    small_.resize(text.size());
-    std::ranges::transform(text, small_.begin(), [](char c) { return static_cast<char>(Small(c)); });
-    return std::search(small_.cbegin(), small_.cend(), *search_) != small_.cend();
-  }
-  const std::size_t last = text.size() - wanted_.size();
-  for (std::size_t at = 0; at <= last; ++at) {
-    if (StartsWithSmall(text.data() + at, wanted_)) return true;
+  std::size_t matched = 0;
+  for (const char c : text) {
+    const char small = static_cast<char>(Small(c));
+    while (matched > 0 && wanted_[matched] != small) matched = borders_[matched];
+    if (wanted_[matched] == small && ++matched == wanted_.size()) return true;
   }
   return false;
 }
@@ -70,7 +62,7 @@ bool TextSearch::IsIn(std::string_view text) {
 std::size_t FindNextCell(RecodePanel& panel, DataSet& data) {
   panel.Label21 = false;
   if (panel.FindRow == 0) panel.FindRow = kFirstRecordRow;
-  TextSearch search(panel.Text12);
+  const TextSearch search(panel.Text12);
   const Column& column = data.matrix.ColumnAt(panel.RecodeColumn);
   for (std::size_t row = panel.FindRow; row < kFirstRecordRow + data.RecordCount; ++row) {
     if (!CellMatches(search, column.Cell(row))) continue;
@@ -85,7 +77,7 @@ std::size_t FindNextCell(RecodePanel& panel, DataSet& data) {
 }
 
 std::size_t CountMatches(const RecodePanel& panel, const DataSet& data) {
-  TextSearch search(panel.Text12);
+  const TextSearch search(panel.Text12);
   std::size_t count = 0;
   data.matrix.ForEachRecord(panel.RecodeColumn, data.RecordCount, [&](std::size_t, const TaggedView& cell) {
     if (CellMatches(search, cell)) ++count;

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/recode/recode_panel.h"
 
@@ -12,22 +11,18 @@
 
 namespace tessara {
 
-// Looks for a text within texts, no matter whether letters of the code page are large or small.
+// Looks for a text within texts, no matter whether letters of the code page are large or small. The time grows with the
+// length of both, never with their product (Knuth, Morris and Pratt, 1977).
 class TextSearch {
  public:
   explicit TextSearch(std::string_view wanted);
-  TextSearch(const TextSearch&) = delete;
-  TextSearch& operator=(const TextSearch&) = delete;
 
   // An empty text is found nowhere.
-  bool IsIn(std::string_view text);
+  bool IsIn(std::string_view text) const;
 
  private:
-  using LongSearch = std::boyer_moore_searcher<std::string::const_iterator>;
-
   std::string wanted_;                // in small letters
-  std::optional<LongSearch> search_;  // of a long text, in a time that does not grow with its length
-  std::string small_;
+  std::vector<std::size_t> borders_;  // of each length: the longest shorter start that is also its end
 };
 
 // The next match of Text12 in the picked variable, from FindRow on: it is marked in bold, and the grid's cursor goes to

@@ -27,11 +27,6 @@ Checked DayOf(const TaggedView& cell) {
   return ToDayNumber(TextOf(cell, buffer));
 }
 
-Condition IsDateCell(const TaggedView& cell) {
-  NumberBuffer buffer;
-  return IsDate(TextOf(cell, buffer));
-}
-
 }  // namespace
 
 RecodeByNumber::RecodeByNumber(const RecodePanel& panel, const DataSet& data, Reading reading)
@@ -150,11 +145,12 @@ CompareDates::CompareDates(const RecodePanel& panel, const DataSet& data)
       second_(ReadVariable(data, panel.CombineColumn2, Reading::kCells)) {}
 
 NewCell CompareDates::operator()(std::size_t record) const {
-  const TaggedView a = first_->Cell(record);
-  const TaggedView b = second_->Cell(record);
+  const Checked from = DayOf(first_->Cell(record));
+  const Checked to = DayOf(second_->Cell(record));
   // One condition: where a date meets a bound of missing values it fails as a whole, and the days are counted.
-  const Condition counts = !first_->IsMissing(record) && !second_->IsMissing(record) && IsDateCell(a) && IsDateCell(b);
-  return counts ? NumberOrNothing(DayOf(b) - DayOf(a)) : NewCell();
+  const bool are_dates = !from.failed() && !to.failed();
+  const Condition counts = !first_->IsMissing(record) && !second_->IsMissing(record) && are_dates;
+  return counts ? NumberOrNothing(to - from) : NewCell();
 }
 
 TrimValues::TrimValues(const RecodePanel& panel, const DataSet& data, Reading reading)
