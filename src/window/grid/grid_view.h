@@ -87,6 +87,7 @@ class GridView : public QTableView {
   void ConnectHeader(GridHeader* header);
   void AskForHeaderMenu(const GridHeader* header, const QPoint& place);
   GridPlace PlaceAt(const QPoint& position) const;
+  void Pick(const GridPlace& cursor, const GridPlace& end);
   void DragTo(const QPoint& position);
   bool IsSelected(const GridPlace& place) const;
   void PressKey(QKeyEvent* event);
