@@ -28,6 +28,10 @@ inline constexpr int kSaveFormatCommand = 311;
 inline constexpr int kCopyFormatCommand = 312;
 inline constexpr int kPasteFormatCommand = 313;
 inline constexpr int kRevertFormatCommand = 314;
+// Of the buttons of the recode panel; no menu has them.
+inline constexpr int kRunRecodeCommand = 316;
+inline constexpr int kUndoRecodeCommand = 317;
+inline constexpr int kResetRecodeCommand = 318;
 inline constexpr int kToggleOutputCommand = 350;
 inline constexpr int kToggleHelpCommand = 602;
 inline constexpr int kAboutCommand = 608;
@@ -62,6 +66,7 @@ enum class WidgetAction {
   kShowImport,
   kShowExport,
   kShowSplit,
+  kShowRecodePanel,
 };
 
 // The views that one part of a row speaks of.

@@ -7,6 +7,7 @@
 #include "shell/file_questions.h"
 #include "shell/format_operations.h"
 #include "shell/grid_operations.h"
+#include "shell/recode_operations.h"
 
 // All commands, by the menus that they stand in.
 
@@ -242,6 +243,53 @@ constexpr CommandRow kFormatCommands[] = {
      .uses = {{.views = kEveryView, .run = static_cast<void (*)(Session&)>(RevertFormat), .in_bars = false}}},
 };
 
+constexpr CommandRow kRecodeCommands[] = {
+    {.id = 202,
+     .caption = "&Find Cell Data",
+     .icon = "edit-find",
+     .shortcut = "Ctrl+F",
+     .tooltip = "Find Requested Item",
+     .uses = {{.views = ViewDataGrid, .caption = "Find Cell Data", .run = OpenRecodeMode<RecodeMode::kFind>},
+              {.views = ViewGlossary, .caption = "Search Glossary", .reason = kNoGlossary}}},
+    {.id = 803,
+     .caption = "&Reset Search",
+     .icon = "edit-clear",
+     .tooltip = "Reset Search",
+     .uses = {{.views = ViewDataGrid, .enabled = SearchIsGoing, .run = ResetGridSearch, .reason = "No match is marked"},
+              {.views = ViewGlossary, .reason = kNoGlossary}}},
+    {.id = 203,
+     .caption = "Find and &Replace Cell Data",
+     .icon = "edit-find-replace",
+     .shortcut = "Ctrl+H",
+     .uses = {{.views = ViewDataGrid, .run = OpenRecodeMode<RecodeMode::kReplace>}}},
+    {.id = 302,
+     .caption = "&Recode Variables",
+     .icon = "category",
+     .tooltip = "Recode Variables",
+     .uses = {{.views = ViewDataGrid, .run = OpenRecodeMode<RecodeMode::kRecode>}}},
+    {.id = 303,
+     .caption = "Compare Date Variables",
+     .icon = "view-calendar-day",
+     .uses = {{.views = ViewDataGrid, .run = OpenRecodeMode<RecodeMode::kCompareDates>}}},
+    {.id = 304,
+     .caption = "Combine Variables",
+     .icon = "merge",
+     .tooltip = "Combine Two Variables",
+     .uses = {{.views = ViewDataGrid, .run = OpenRecodeMode<RecodeMode::kCombine>}}},
+    {.id = 305,
+     .caption = "Compute New Variable",
+     .icon = "mathmode",
+     .tooltip = "Compute New Variable",
+     .uses = {{.views = ViewDataGrid, .run = OpenRecodeMode<RecodeMode::kCompute>}}},
+    {.id = 306,
+     .caption = "Trim Outliers",
+     .icon = "view-filter",
+     .uses = {{.views = ViewDataGrid, .run = OpenRecodeMode<RecodeMode::kTrim>}}},
+    {.id = kRunRecodeCommand, .uses = {{.views = kEveryView, .run = RunRecode, .in_bars = false}}},
+    {.id = kUndoRecodeCommand, .uses = {{.views = kEveryView, .run = UndoRecode, .in_bars = false}}},
+    {.id = kResetRecodeCommand, .uses = {{.views = kEveryView, .run = ResetRecode, .in_bars = false}}},
+};
+
 constexpr CommandRow kOptionsCommands[] = {
     {.id = 401,
      .caption = "Default &Size",
@@ -299,8 +347,8 @@ constexpr CommandRow kHelpCommands[] = {
 
 const CommandRow* FindCommand(int id) {
   for (const std::span<const CommandRow> rows : std::initializer_list<std::span<const CommandRow>>{
-           kFileCommands, kEditCommands, kVariableCommands, kFormatCommands, kOptionsCommands, kDocumentationCommands,
-           kHelpCommands}) {
+           kFileCommands, kEditCommands, kVariableCommands, kFormatCommands, kRecodeCommands, kOptionsCommands,
+           kDocumentationCommands, kHelpCommands}) {
     for (const CommandRow& row : rows) {
       if (row.id == id) return &row;
     }

@@ -32,6 +32,10 @@ bool CanRedoData(const Session& session, const WidgetState&) { return CanRedo(se
 
 bool ClipboardHasText(const Session&, const WidgetState& widgets) { return widgets.clipboard_has_text; }
 
+bool SearchIsGoing(const Session& session, const WidgetState&) {
+  return session.recode.marks.has_bold() || session.recode.FindRow != 0;
+}
+
 bool HasCalculation(const Session& session, const WidgetState&) { return CanCopyResult(session.brevarum); }
 
 bool HelpPaneIsVisible(const Session& session, const WidgetState&) { return session.help_pane_visible; }

@@ -19,6 +19,8 @@ bool CanRedoText(const Session& session, const WidgetState& widgets);
 bool CanUndoData(const Session& session, const WidgetState& widgets);
 bool CanRedoData(const Session& session, const WidgetState& widgets);
 bool ClipboardHasText(const Session& session, const WidgetState& widgets);
+// A match is marked in the grid, or the next search does not start from the top.
+bool SearchIsGoing(const Session& session, const WidgetState& widgets);
 bool HasCalculation(const Session& session, const WidgetState& widgets);
 bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);
 

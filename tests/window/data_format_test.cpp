@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTextBrowser>
@@ -158,6 +159,15 @@ class DataFormatTest : public QObject {
     QCOMPARE(Shown("Text1"), "CITY");
     ClickColumn(1);
     QCOMPARE(Shown("Text1"), "AGE");
+
+    auto* headings = window().Find<GridView>("MSFlexGrid1")->horizontalHeader();
+    const QPoint heading(headings->sectionViewportPosition(1) + 5, headings->height() / 2);
+    for (int click = 0; click < 2; ++click) {
+      QTest::keyClick(list, Qt::Key_Down);
+      QCOMPARE(Shown("Text1"), "CITY");
+      QTest::mouseClick(headings->viewport(), Qt::LeftButton, {}, heading);
+      QCOMPARE(Shown("Text1"), "AGE");
+    }
   }
 
   void RevertGivesUpWhatWasTyped() {

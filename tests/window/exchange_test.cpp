@@ -9,6 +9,7 @@
 #include "data/change_door.h"
 #include "window/grid/delimit.h"
 #include "window/grid/split_data.h"
+#include "window/reference/help_pane.h"
 #include "window/stat_procs/variable_lists.h"
 #include "window_fixture.h"
 
@@ -310,8 +311,14 @@ class ExchangeTest : public QObject {
   void HelpOpensItsSection() {
     window().Start();
     window().Trigger(104);
-    emit Wizard()->HelpAsked("UserManual1.html#import");
+    QTest::keyClick(Wizard(), Qt::Key_F1);
     QVERIFY(window().session().help_pane_visible);
+    QVERIFY(window().Find<HelpPane>("TaskPanel")->Shows("UserManual1.html#import"));
+    Wizard()->reject();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    window().Trigger(201);
+    QTest::keyClick(Split(), Qt::Key_F1);
+    QVERIFY(window().Find<HelpPane>("TaskPanel")->Shows("UserManual1.html#split"));
   }
 };
 

@@ -4,6 +4,7 @@
 
 #include "batch/words/script_line.h"
 #include "batch/words/variable_lists.h"
+#include "data/edit/cell_entry.h"
 #include "data/recode/recode_run.h"
 
 namespace tessara {
@@ -33,12 +34,7 @@ std::string MoreThanOne(const CommandWords& words, std::initializer_list<std::st
 }
 
 std::string BoxWithoutCommas(Batch& batch, std::string_view word) {
-  std::string text = HeldText(word);
-  for (auto commas = std::ranges::count(text, ','); commas > 0; --commas) {
-    batch.platform.ShowMessage({"Error", "Commas are prohibited"});
-  }
-  std::erase(text, ',');
-  return text;
+  return WithoutCommas(HeldText(word), batch.platform);
 }
 
 std::string BoxOfOption(const CommandWords& words, std::string_view option) {

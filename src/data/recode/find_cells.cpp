@@ -22,6 +22,8 @@ constexpr std::array<unsigned char, 256> kSmallLetters = [] {
   return letters;
 }();
 
+constexpr std::size_t kLongText = 64;
+
 unsigned char Small(char c) { return kSmallLetters[static_cast<unsigned char>(c)]; }
 
 bool StartsWithSmall(const char* text, std::string_view wanted) {
@@ -31,7 +33,7 @@ bool StartsWithSmall(const char* text, std::string_view wanted) {
   return true;
 }
 
-bool CellMatches(const TextSearch& search, const TaggedView& cell) {
+bool CellMatches(TextSearch& search, const TaggedView& cell) {
   NumberBuffer buffer;
   return search.IsIn(TextOf(cell, buffer));
 }
@@ -48,10 +50,16 @@ void MoveCursor(DataSet& data, std::size_t row, std::size_t column) {
 
 TextSearch::TextSearch(std::string_view wanted) : wanted_(wanted) {
   for (char& c : wanted_) c = static_cast<char>(Small(c));
+  if (wanted_.size() > kLongText) search_.emplace(wanted_.cbegin(), wanted_.cend());
 }
 
-bool TextSearch::IsIn(std::string_view text) const {
+bool TextSearch::IsIn(std::string_view text) {
   if (wanted_.empty() || text.size() < wanted_.size()) return false;
+  if (search_) {
+    small_.resize(text.size());
+    std::ranges::transform(text, small_.begin(), [](char c) { return static_cast<char>(Small(c)); });
+    return std::search(small_.cbegin(), small_.cend(), *search_) != small_.cend();
+  }
   const std::size_t last = text.size() - wanted_.size();
   for (std::size_t at = 0; at <= last; ++at) {
     if (StartsWithSmall(text.data() + at, wanted_)) return true;
@@ -62,7 +70,7 @@ bool TextSearch::IsIn(std::string_view text) const {
 std::size_t FindNextCell(RecodePanel& panel, DataSet& data) {
   panel.Label21 = false;
   if (panel.FindRow == 0) panel.FindRow = kFirstRecordRow;
-  const TextSearch search(panel.Text12);
+  TextSearch search(panel.Text12);
   const Column& column = data.matrix.ColumnAt(panel.RecodeColumn);
   for (std::size_t row = panel.FindRow; row < kFirstRecordRow + data.RecordCount; ++row) {
     if (!CellMatches(search, column.Cell(row))) continue;
@@ -77,7 +85,7 @@ std::size_t FindNextCell(RecodePanel& panel, DataSet& data) {
 }
 
 std::size_t CountMatches(const RecodePanel& panel, const DataSet& data) {
-  const TextSearch search(panel.Text12);
+  TextSearch search(panel.Text12);
   std::size_t count = 0;
   data.matrix.ForEachRecord(panel.RecodeColumn, data.RecordCount, [&](std::size_t, const TaggedView& cell) {
     if (CellMatches(search, cell)) ++count;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,12 +16,18 @@ namespace tessara {
 class TextSearch {
  public:
   explicit TextSearch(std::string_view wanted);
+  TextSearch(const TextSearch&) = delete;
+  TextSearch& operator=(const TextSearch&) = delete;
 
   // An empty text is found nowhere.
-  bool IsIn(std::string_view text) const;
+  bool IsIn(std::string_view text);
 
  private:
-  std::string wanted_;  // in small letters
+  using LongSearch = std::boyer_moore_searcher<std::string::const_iterator>;
+
+  std::string wanted_;                // in small letters
+  std::optional<LongSearch> search_;  // of a long text, in a time that does not grow with its length
+  std::string small_;
 };
 
 // The next match of Text12 in the picked variable, from FindRow on: it is marked in bold, and the grid's cursor goes to

@@ -1,7 +1,6 @@
 #include "data/recode/follow_recode.h"
 
 #include <utility>
-#include <vector>
 
 namespace tessara {
 namespace {
@@ -34,20 +33,23 @@ void ForgetData(RecodePanel& panel) {
   panel.Label21 = false;
 }
 
+void FollowNote(RecodePanel& panel, const ChangeNote& note) {
+  FollowColumns(panel, note);
+  panel.marks.Follow(note);
+  if (note.kind == ChangeKind::kWholeData) {
+    ForgetData(panel);
+  } else {
+    FollowFindRow(panel, note);
+  }
+}
+
 }  // namespace
 
 void FollowRecodeData(RecodePanel& panel, const DataSet& data) {
-  const auto notes = data.notes.Since(std::exchange(panel.followed_revision, data.Revision()));
-  const std::vector<ChangeNote> unknown = {{ChangeKind::kWholeData, {}}};
-  for (const ChangeNote& note : notes.value_or(unknown)) {
-    FollowColumns(panel, note);
-    panel.marks.Follow(note);
-    if (note.kind == ChangeKind::kWholeData) {
-      ForgetData(panel);
-    } else {
-      FollowFindRow(panel, note);
-    }
-  }
+  const auto notes = data.notes.Since(panel.followed_revision);
+  panel.followed_revision = data.Revision();
+  if (!notes) return FollowNote(panel, {ChangeKind::kWholeData, {}});  // too much has happened
+  for (const ChangeNote& note : *notes) FollowNote(panel, note);
 }
 
 }  // namespace tessara

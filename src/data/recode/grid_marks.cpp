@@ -1,28 +1,24 @@
 #include "data/recode/grid_marks.h"
 
+#include <new>
+
+#include "data/column_place.h"
+
 namespace tessara {
-namespace {
-
-std::size_t PlaceBehind(std::size_t place, std::size_t first, std::size_t count, bool added) {
-  if (place == 0 || place < first) return place;
-  if (added) return place + count;
-  return place < first + count ? 0 : place - count;
-}
-
-}  // namespace
 
 std::size_t ColumnBehind(std::size_t column, const ChangeNote& note) {
   if (note.kind == ChangeKind::kWholeData) return 0;
-  const bool added = note.kind == ChangeKind::kColumnsAdded;
-  if (!added && note.kind != ChangeKind::kColumnsRemoved) return column;
-  return PlaceBehind(column, note.extent.first_column, note.extent.column_count, added);
+  return MovesColumns(note) ? PlaceBehind(column, note) : column;
 }
 
 std::size_t RowBehind(std::size_t row, const ChangeNote& note) {
   if (note.kind == ChangeKind::kWholeData) return 0;
   const bool added = note.kind == ChangeKind::kRowsAdded;
   if (!added && note.kind != ChangeKind::kRowsRemoved) return row;
-  return PlaceBehind(row, note.extent.first_row, note.extent.row_count, added);
+  const ChangeExtent& extent = note.extent;
+  if (row == 0 || row < extent.first_row) return row;
+  if (added) return row + extent.row_count;
+  return row < extent.first_row + extent.row_count ? 0 : row - extent.row_count;
 }
 
 void GridMarks::MarkBold(std::size_t row, std::size_t column) {
@@ -43,10 +39,20 @@ void GridMarks::RemoveBold() {
   ++version_;
 }
 
-void GridMarks::Follow(const ChangeNote& note) {
+void GridMarks::Follow(const ChangeNote& note) noexcept {
   const bool shape = note.kind != ChangeKind::kCells && note.kind != ChangeKind::kDictionary &&
                      note.kind != ChangeKind::kColumnsReplaced;
   if (!shape || (bold_.empty() && quotients_.empty())) return;
+  try {
+    Move(note);
+  } catch (const std::bad_alloc&) {
+    bold_.clear();
+    quotients_.clear();
+  }
+  ++version_;
+}
+
+void GridMarks::Move(const ChangeNote& note) {
   std::set<std::pair<std::size_t, std::size_t>> bold;
   for (const auto& [column, row] : bold_) {
     const std::size_t column_behind = ColumnBehind(column, note);
@@ -59,7 +65,6 @@ void GridMarks::Follow(const ChangeNote& note) {
   }
   bold_.swap(bold);
   quotients_.swap(quotients);
-  ++version_;
 }
 
 }  // namespace tessara

@@ -29,10 +29,12 @@ class GridMarks {
   // Counts up whenever a mark comes or goes.
   std::size_t version() const { return version_; }
 
-  // Marks move with their rows and columns, and go with them.
-  void Follow(const ChangeNote& note);
+  // Marks move with their rows and columns, and go with them; without the memory for it all of them go.
+  void Follow(const ChangeNote& note) noexcept;
 
  private:
+  void Move(const ChangeNote& note);
+
   std::set<std::pair<std::size_t, std::size_t>> bold_;  // column, row of the matrix
   std::set<std::size_t> quotients_;
   std::size_t version_ = 0;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/change_door.h"
+#include "data/edit/cell_entry.h"
 #include "data/recode/recode_refusal.h"
 
 namespace tessara {
@@ -81,7 +82,7 @@ const std::vector<RecodeModeRow>& RecodeModeRows() {
        "This feature is most useful for correcting data entry errors or changing string contents to values. "
        "As an example, you may wish to change Male and Female cell strings so that all Male strings are coded as the "
        "value 1 and all Female strings are coded as a value 2. ",
-       "replace", false},
+       "find", false},
       {RecodeMode::kFind, "Find Cell Contents", "Find", "Finds cell contents",
        "Use find to search cell contents within one variable (column).  "
        "This feature is most useful for finding specific observations or data.  "
@@ -169,7 +170,7 @@ bool CopyVariable2(RecodePanel& panel, const DataSet& data, Messages& messages) 
 }
 
 char RefuseComma(std::string& box, Messages& messages) {
-  messages.ShowMessage({"Error", "Commas are prohibited"});
+  RefuseComma(messages);
   box.clear();
   return ' ';
 }

@@ -1,9 +1,12 @@
 #include "data/recode/recode_rules.h"
 
-#include "data/recode/typed_text.h"
+#include <new>
+
+#include "data/edit/cell_entry.h"
 #include "numerics/dates.h"
 #include "numerics/masks.h"
 #include "numerics/text.h"
+#include "platform/files.h"
 
 namespace tessara {
 namespace {
@@ -35,7 +38,7 @@ RecodeByNumber::RecodeByNumber(const RecodePanel& panel, const DataSet& data, Re
     : source_(ReadVariable(data, panel.RecodeColumn, reading)),
       less_(panel.recode_option == RecodeOption::kLessThan),
       old_value_(ToNumber(panel.OldValue)),
-      new_value_(TrimmedText(panel.NewValue)) {}
+      new_value_(std::string(Trimmed(CellTextOf(panel.NewValue)))) {}
 
 NewCell RecodeByNumber::operator()(std::size_t record) const {
   if (source_->IsMissing(record)) return {};
@@ -48,7 +51,7 @@ NewCell RecodeByNumber::operator()(std::size_t record) const {
 RecodeByText::RecodeByText(const RecodePanel& panel, const DataSet& data)
     : source_(ReadVariable(data, panel.RecodeColumn, Reading::kCells)),
       old_value_(Trimmed(panel.OldValue)),
-      new_value_(TrimmedText(panel.NewValue)) {}
+      new_value_(std::string(Trimmed(CellTextOf(panel.NewValue)))) {}
 
 NewCell RecodeByText::operator()(std::size_t record) const {
   NumberBuffer buffer;
@@ -61,7 +64,7 @@ RecodeByDate::RecodeByDate(const RecodePanel& panel, const DataSet& data)
     : source_(ReadVariable(data, panel.RecodeColumn, Reading::kCells)),
       option_(panel.recode_option),
       old_date_(ToDayNumber(panel.OldValue)),
-      new_value_(TrimmedText(panel.NewValue)) {}
+      new_value_(std::string(Trimmed(CellTextOf(panel.NewValue)))) {}
 
 NewCell RecodeByDate::operator()(std::size_t record) {
   if (source_->IsMissing(record)) return {};
@@ -169,7 +172,18 @@ NewCell TrimValues::operator()(std::size_t record) const {
 ReplaceText::ReplaceText(const RecodePanel& panel, const DataSet& data)
     : source_(ReadVariable(data, panel.RecodeColumn, Reading::kCells)),
       find_(panel.Text12),
-      replacement_(TypedText(panel.Text13)) {}
+      replacement_(CellTextOf(panel.Text13)) {}
+
+// Room for the new text, which is refused at once where the machine could not hold it.
+void ReplaceText::ReserveFor(std::string_view text, std::size_t at) {
+  text_.clear();
+  double size = static_cast<double>(text.size());
+  for (; at != text.npos; at = text.find(find_, at + find_.size())) {
+    size += static_cast<double>(replacement_.size()) - static_cast<double>(find_.size());
+  }
+  if (size > static_cast<double>(MachineMemory()) / 4) throw std::bad_alloc();
+  text_.reserve(static_cast<std::size_t>(size));
+}
 
 NewCell ReplaceText::operator()(std::size_t record) {
   const TaggedView cell = source_->Cell(record);
@@ -177,7 +191,7 @@ NewCell ReplaceText::operator()(std::size_t record) {
   const std::string_view text = TextOf(cell, buffer_);
   std::size_t at = find_.empty() ? text.npos : text.find(find_);
   if (at == text.npos) return TaggedView(text);
-  text_.clear();
+  ReserveFor(text, at);
   std::size_t from = 0;
   for (; at != text.npos; at = text.find(find_, from)) {
     text_.append(text, from, at - from).append(replacement_);

@@ -125,6 +125,8 @@ class ReplaceText {
   NewCell operator()(std::size_t record);
 
  private:
+  void ReserveFor(std::string_view text, std::size_t at);
+
   std::unique_ptr<const SourceVariable> source_;
   std::string find_;
   std::string replacement_;

@@ -6,12 +6,14 @@
 
 #include "data/change_door.h"
 #include "data/column_builder.h"
+#include "data/edit/cell_entry.h"
 #include "data/progress.h"
 #include "data/recode/find_cells.h"
 #include "data/recode/follow_recode.h"
 #include "data/recode/recode_refusal.h"
 #include "data/recode/recode_rules.h"
-#include "data/recode/typed_text.h"
+#include "numerics/text.h"
+#include "platform/files.h"
 
 namespace tessara {
 namespace {
@@ -19,6 +21,7 @@ namespace {
 using Reading = SourceVariable::Reading;
 
 constexpr std::size_t kRecordsToAStep = 1024;
+constexpr std::size_t kMostBytesOfAPreview = std::size_t{1} << 22;
 constexpr std::size_t kMostOfAName = 40;   // in the name of a step
 constexpr std::size_t kMostOfAText = 200;  // in a preview
 
@@ -73,12 +76,21 @@ class RuleRun {
       const TaggedView old_cell = target_.Cell(record);
       if (*cell == old_cell) continue;
       if (ShowsAnotherText(old_cell, *cell)) ++changed;
+      Count(*cell);
       target_.Put(record, *cell);
     }
     return changed;
   }
 
  private:
+  // Texts that the machine has no room for are refused while there is still some left.
+  void Count(const TaggedView& cell) {
+    bytes_ += cell.text().size();
+    if (bytes_ > memory_ / 2) throw std::bad_alloc();
+  }
+
+  const std::uint64_t memory_ = MachineMemory();
+  std::uint64_t bytes_ = 0;
   ColumnBuilder& target_;
   std::size_t record_count_;
   Progress progress_;
@@ -117,7 +129,7 @@ void MarkQuotients(RecodePanel& panel, std::size_t column) noexcept {
 }
 
 std::size_t AddVariable(RecodePanel& panel, DataSet& data, Platform& platform) {
-  const std::string name = TrimmedText(*NewNameBox(panel));
+  const std::string name(Trimmed(CellTextOf(*NewNameBox(panel))));
   ColumnBuilder target;
   const bool duplicates = panel.mode == RecodeMode::kCompute && panel.Check1 && !panel.Check3;
   const std::size_t changed =
@@ -183,7 +195,10 @@ struct PreviewWalk {
     const bool two = panel.mode == RecodeMode::kCombine || panel.mode == RecodeMode::kCompareDates;
     const std::size_t source = two ? panel.CombineColumn1 : panel.RecodeColumn;
     const std::size_t end = std::min(most_records, data.RecordCount);
+    std::size_t bytes = 0;
     for (std::size_t record = 0; record < end && preview.cells.size() < most_cells; ++record) {
+      bytes += data.matrix.Cell(kFirstRecordRow + record, source).text().size();
+      if (bytes > kMostBytesOfAPreview && record > 0) break;
       preview.looked_at = record + 1;
       const NewCell cell = rule(record);
       const std::size_t row = kFirstRecordRow + record;

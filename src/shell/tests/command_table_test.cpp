@@ -44,7 +44,10 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
       {"&Edit",
        " 214 &Undo\n"
        " 215 &Redo\n"
-       "|216 &Go to Cell\n"
+       "|202 &Find Cell Data\n"
+       " 803 &Reset Search\n"
+       " 203 Find and &Replace Cell Data\n"
+       " 216 &Go to Cell\n"
        "|204 Select &All\n"
        "|205 &Copy\n"
        " 206 &Paste\n"
@@ -59,6 +62,11 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
       {"&Variable",
        " 301 &Format Variables\n"
        " 310 All &Variables\n"
+       " 302 &Recode Variables\n"
+       " 303 Compare Date Variables\n"
+       " 304 Combine Variables\n"
+       " 305 Compute New Variable\n"
+       " 306 Trim Outliers\n"
        "|308 Run Procedure\n"},
       {"&Options",
        " 401 Default &Size\n"
@@ -91,6 +99,8 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 205 &Copy\n"
             "|212 &Copy Output\n"
             " 206 &Paste\n"
+            "|803 &Reset Search\n"
+            " 202 &Find\n"
             "|207 Add Rows\n"
             " 208 Add Columns\n"
             " 209 Delete Rows\n"
@@ -98,6 +108,9 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             "|301 &Format Variables\n"
             "|350 Output Log\n"
             "|308 Run Procedure\n"
+            " 302 &Recode Variables\n"
+            " 304 &Combine Variables\n"
+            " 305 &Compute New Variable\n"
             " 106 &Print\n"
             "|602 Help &Window\n");
   const char* tooltips[] = {"New",
@@ -107,6 +120,8 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Copy Selection",
                             "Copy Output",
                             "Paste",
+                            "Reset Search",
+                            "Find Requested Item",
                             "Add Rows",
                             "Add Columns",
                             "Delete Rows",
@@ -114,9 +129,12 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Formatting",
                             "View Output Log",
                             "Run Statistical Procedure",
+                            "Recode Variables",
+                            "Combine Two Variables",
+                            "Compute New Variable",
                             "Print the active document",
                             "Show Help Window"};
-  const std::set<int> with_caption = {301, 350, 308, 106, 602};
+  const std::set<int> with_caption = {202, 301, 350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
     const BarEntry& entry = Toolbar()[i];
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
@@ -184,7 +202,8 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
       {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
-      {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"},
+      {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"}, {202, "+----o--"}, {803, "o----o--"},
+      {203, "+-------"}, {302, "+-------"}, {303, "+-------"}, {304, "+-------"}, {305, "+-------"}, {306, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }

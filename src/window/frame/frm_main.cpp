@@ -342,9 +342,10 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kUndo:
     case WidgetAction::kRedo:
     case WidgetAction::kPrintPage:
+    case WidgetAction::kGoTo:
     case WidgetAction::kFormatVariables:
     case WidgetAction::kShowVariables:
-    case WidgetAction::kGoTo:
+    case WidgetAction::kShowRecodePanel:
       current_view()->Perform(action);
       return;
     case WidgetAction::kDefaultSize:

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QMenu>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "data/edit/edit_limit.h"
@@ -12,6 +13,7 @@
 #include "shell/command_row.h"
 #include "shell/grid_operations.h"
 #include "window/grid/data_format.h"
+#include "window/grid/data_recode.h"
 #include "window/grid/grid_text1.h"
 #include "window/grid/name_box.h"
 #include "window/grid/variable_view.h"
@@ -21,6 +23,8 @@
 
 namespace tessara {
 namespace {
+
+constexpr int kRecordsAboveAMatch = 15;
 
 QString Count(std::size_t count) { return QLocale(QLocale::English, QLocale::UnitedStates).toString(count); }
 
@@ -59,7 +63,7 @@ bool IsUntouched(const DataSet& data) {
 
 Data1::Data1(Session& session, QWidget* parent)
     : ViewForm(session, View::ViewDataGrid, parent),
-      model_(new GridModel(session.data, this)),
+      model_(new GridModel(session.data, this, &session.recode.marks)),
       grid_(new GridView(session.data, this)),
       strip_(new QWidget(this)),
       text_(new GridText1(grid_->viewport())) {
@@ -86,8 +90,10 @@ void Data1::ConnectGrid() {
   connect(grid_, &GridView::CopyAsked, this, [this] { Perform(WidgetAction::kCopy); });
   connect(grid_, &GridView::CursorMoved, this, [this] {
     ShowPlace();
-    if (format_) format_->FollowGrid();
     emit SessionChanged();
+  });
+  connect(grid_, &GridView::Pressed, this, [this] {
+    if (format_) format_->FollowGrid();
   });
   connect(grid_, &GridView::Leaving, this, [this] { LeaveEntry(EntryLeft::kByClick); });
   connect(grid_, &GridView::Typed, this, [this](const QString& text) { BeginEntry(&text); });
@@ -184,12 +190,39 @@ void Data1::ShowSession() {
   if (grid_->ShowChanges()) ShowInfo();
   if (format_) format_->ShowSession();
   if (variables_) variables_->ShowSession();
+  ShowMarks();
+  if (recode_) recode_->ShowSession();
   if (session().grid_selection != stored_selection_) {  // an operation has selected something
     grid_->ShowSelection(session().grid_selection);
     stored_selection_ = session().grid_selection;
   }
   ShowPlace();
   PlaceEntry();
+}
+
+void Data1::OpenRecode() {
+  if (!recode_) {
+    recode_ = new DataRecode(session(), this);
+    connect(recode_, &DataRecode::CommandRequested, this, &Data1::CommandRequested);
+    connect(recode_, &DataRecode::HelpAsked, this, &Data1::HelpPageAsked);
+  }
+  recode_->Open();
+}
+
+// The bold cells, and a new match in sight: it becomes the current cell, some records below the top where there are
+// any, at the left.
+void Data1::ShowMarks() {
+  const GridMarks& marks = session().recode.marks;
+  if (shown_marks_ != marks.version()) grid_->viewport()->update();
+  shown_marks_ = marks.version();
+  if (std::exchange(shown_finds_, marks.finds()) == marks.finds()) return;
+  const int row = static_cast<int>(marks.found_row() - kFirstRecordRow);
+  const QModelIndex match = model_->index(row, static_cast<int>(marks.found_column()) - 1);
+  if (!match.isValid()) return;  // the grid does not show it
+  grid_->setCurrentIndex(match);
+  grid_->verticalScrollBar()->setValue(std::max(row - kRecordsAboveAMatch, 0));
+  grid_->horizontalScrollBar()->setValue(grid_->horizontalHeader()->sectionPosition(match.column()));
+  grid_->scrollTo(match);
 }
 
 void Data1::StoreWidgets() {
@@ -229,6 +262,8 @@ void Data1::Perform(WidgetAction action) {
     FormatForm()->Open();
   } else if (action == WidgetAction::kShowVariables) {
     VariablesForm()->Open();
+  } else if (action == WidgetAction::kShowRecodePanel) {
+    OpenRecode();
   }
 }
 

@@ -14,6 +14,7 @@ namespace tessara {
 
 class DataFormat;
 class VariableView;
+class DataRecode;
 
 class GridText1;
 class NameBox;
@@ -55,6 +56,8 @@ class Data1 : public ViewForm {
   void GoTo(const QString& name);
   void ShowMenu(const QPoint& place);
   void Copy();
+  void OpenRecode();
+  void ShowMarks();
 
   GridModel* model_;
   GridView* grid_;
@@ -70,6 +73,9 @@ class Data1 : public ViewForm {
   VariableView* variables_ = nullptr;
   GridBlock stored_selection_;  // as the session has it from this view
   MemoryReserve memory_reserve_;
+  DataRecode* recode_ = nullptr;  // made when it is first asked for
+  std::size_t shown_marks_ = 0;   // the version of the marks, and the number of matches, that the grid shows
+  std::size_t shown_finds_ = 0;
 };
 
 }  // namespace tessara

@@ -275,6 +275,11 @@ void DataFormat::hideEvent(QHideEvent* event) {
   if (!event->spontaneous()) SetChangeDecimals(session_.format, false);
 }
 
+void DataFormat::FollowGrid() {
+  cursor_ = 0;
+  ShowSession();
+}
+
 void DataFormat::FollowCursor() {
   const std::size_t column = session_.data.CurrentColumn;
   const bool moved = cursor_ != column && column != 0;
@@ -354,7 +359,8 @@ bool DataFormat::PressKey(FormatBox box, QKeyEvent* key) {
     return true;
   }
   const QPointer<QLineEdit> edit = boxes_[static_cast<std::size_t>(box)];
-  if (key->text() != "," || edit->isReadOnly()) return false;
+  const bool typed = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+  if (!typed || key->text() != "," || edit->isReadOnly()) return false;
   const CommaTurn turn = PressComma(session_.platform, box);
   if (!edit) return true;
   if (turn == CommaTurn::kBlank) {

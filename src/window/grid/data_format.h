@@ -28,8 +28,8 @@ class DataFormat : public QDialog {
   // Opens the form, or brings it to the front, with the variable that the session's format shows.
   void Open();
   void ShowSession();
-  // The user has gone to a cell, or has clicked on the one that was current already: its variable is wanted.
-  void FollowGrid() { cursor_ = 0; }
+  // The user has clicked on a column, perhaps on the one that was current already: its variable is wanted.
+  void FollowGrid();
 
  signals:
   // A command of the command table, by its id.

@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -183,7 +184,9 @@ void Delimit::BuildButtons() {
   }
   layout()->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { emit HelpAsked(ToQt(HelpSection())); });
+  const auto ask_help = [this] { emit HelpAsked(HelpSection()); };
+  connect(buttons, &QDialogButtonBox::helpRequested, this, ask_help);
+  connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this, ask_help);
   connect(back_, &QPushButton::clicked, this, &Delimit::GoBack);
   connect(next_, &QPushButton::clicked, this, &Delimit::Next);
   connect(import_, &QPushButton::clicked, this, &Delimit::Import);
@@ -285,7 +288,7 @@ bool Delimit::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-std::string_view Delimit::HelpSection() const {
+QString Delimit::HelpSection() const {
   return page() == Page::kExport ? "UserManual1.html#export" : "UserManual1.html#import";
 }
 

@@ -56,7 +56,7 @@ class Delimit : public QDialog {
   void StoreFormat();
   void ShowForm();
   void ShowPreview();
-  std::string_view HelpSection() const;
+  QString HelpSection() const;
 
   Session& session_;
   FormRunner run_;

@@ -1,5 +1,6 @@
 #include "window/grid/grid_model.h"
 
+#include <QFont>
 #include <algorithm>
 
 #include "data/value_labels.h"
@@ -34,9 +35,10 @@ QString ShownText(const TaggedView& cell) {
 
 }  // namespace
 
-GridModel::GridModel(const DataSet& data, QObject* parent)
+GridModel::GridModel(const DataSet& data, QObject* parent, const GridMarks* marks)
     : QAbstractTableModel(parent),
       data_(data),
+      marks_(marks),
       records_(static_cast<int>(data.GridRecords())),
       variables_(static_cast<int>(data.GridVariables())),
       changes_(data) {}
@@ -144,7 +146,11 @@ int GridModel::columnCount(const QModelIndex& parent) const { return parent.isVa
 
 TaggedView GridModel::CellAt(int row, int column) const {
   const auto matrix_row = changes_.Row(MatrixRow(row));
-  return matrix_row ? data_.matrix.Cell(*matrix_row, MatrixColumn(column)) : TaggedView();
+  if (!matrix_row) return {};
+  const TaggedView cell = data_.matrix.Cell(*matrix_row, MatrixColumn(column));
+  // A quotient with a zero in it is the number 0 and shows the decimals of the others.
+  const bool quotient = marks_ && cell.is_number() && cell.number() == 0 && marks_->ShowsDecimals(MatrixColumn(column));
+  return quotient ? TaggedView("0.00000") : cell;
 }
 
 std::size_t GridModel::CellLength(int row, int column) const {
@@ -163,9 +169,21 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     }
     case Qt::ToolTipRole:
       return ValueLabelTip(index);
+    case Qt::FontRole:
+      return FontOf(index);
     default:
       return {};
   }
+}
+
+// Matches of a search are bold.
+QVariant GridModel::FontOf(const QModelIndex& index) const {
+  const auto row = changes_.Row(MatrixRow(index.row()));
+  if (!marks_ || !row || !marks_->IsBold(*row, MatrixColumn(index.column()))) return {};
+  QFont bold;
+  bold.setResolveMask(0);
+  bold.setBold(true);
+  return bold;
 }
 
 QVariant GridModel::ValueLabelTip(const QModelIndex& index) const {

@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 
 #include "data/data_set.h"
+#include "data/recode/grid_marks.h"
 #include "window/widgets/pending_changes.h"
 
 // The Data Grid's face of the data matrix: records from row 16 on as rows, variables as columns, the names as column
@@ -14,7 +15,8 @@ class GridModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  explicit GridModel(const DataSet& data, QObject* parent = nullptr);
+  // Marks belong to the cells of a grid; a model without them shows the cells alone.
+  explicit GridModel(const DataSet& data, QObject* parent = nullptr, const GridMarks* marks = nullptr);
 
   enum class Outcome {
     kNothing,     // nothing has changed
@@ -51,7 +53,10 @@ class GridModel : public QAbstractTableModel {
   void InsertRows(int first, int count);
   void RemoveRows(int first, int count);
 
+  QVariant FontOf(const QModelIndex& index) const;
+
   const DataSet& data_;
+  const GridMarks* marks_;
   // The shape that the views have been told of: the data set may already have another one.
   int records_ = 0;
   int variables_ = 0;

@@ -82,7 +82,8 @@ void GridView::ConnectHeader(GridHeader* header) {
                          (names ? data_.CurrentRow : data_.CurrentColumn) == 0;
     emit Leaving();
     setFocus(Qt::MouseFocusReason);
-    Pick(extends ? CursorOf(data_) : place(section), place(section));
+    Select(extends ? CursorOf(data_) : place(section), place(section));
+    emit Pressed();
   });
   connect(header, &QHeaderView::sectionEntered, this, [this, place, names](int section) {
     if ((names ? data_.CurrentRow : data_.CurrentColumn) == 0) Select(CursorOf(data_), place(section));
@@ -199,13 +200,6 @@ void GridView::Select(const GridPlace& cursor, const GridPlace& end) {
   ShowBlock();
   ScrollTo(end);
   if (moves) emit CursorMoved();
-}
-
-// A click on the place where the cursor stands already means that place, too.
-void GridView::Pick(const GridPlace& cursor, const GridPlace& end) {
-  const bool stays = cursor == CursorOf(data_);
-  Select(cursor, end);
-  if (stays) emit CursorMoved();
 }
 
 void GridView::ShowSelection(const GridBlock& block) {
@@ -377,7 +371,12 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const bool extends = (event->modifiers() & Qt::ShiftModifier) != 0;
   const GridPlace cursor = CursorOf(data_);
-  Pick(extends && cursor.row > 0 && cursor.column > 0 ? cursor : place, place);
+  if (extends && cursor.row > 0 && cursor.column > 0) {
+    Select(cursor, place);
+  } else {
+    Select(place);
+  }
+  emit Pressed();
   dragging_ = true;
 }
 

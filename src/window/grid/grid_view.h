@@ -51,6 +51,8 @@ class GridView : public QTableView {
  signals:
   void CopyAsked();
   void CursorMoved();
+  // A press of the mouse on a cell or heading, also on the one that the cursor was on already.
+  void Pressed();
   // The user is about to take the cursor elsewhere.
   void Leaving();
   // A character that begins an entry; an empty text begins an empty one.
@@ -87,7 +89,6 @@ class GridView : public QTableView {
   void ConnectHeader(GridHeader* header);
   void AskForHeaderMenu(const GridHeader* header, const QPoint& place);
   GridPlace PlaceAt(const QPoint& position) const;
-  void Pick(const GridPlace& cursor, const GridPlace& end);
   void DragTo(const QPoint& position);
   bool IsSelected(const GridPlace& place) const;
   void PressKey(QKeyEvent* event);

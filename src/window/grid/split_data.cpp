@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "shell/exchange_questions.h"
@@ -118,7 +119,9 @@ void SplitData::BuildButtons() {
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   layout()->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { emit HelpAsked("UserManual1.html#split"); });
+  const auto ask_help = [this] { emit HelpAsked("UserManual1.html#split"); };
+  connect(buttons, &QDialogButtonBox::helpRequested, this, ask_help);
+  connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this, ask_help);
   connect(run, &QPushButton::clicked, this, &SplitData::Run);
 }
 

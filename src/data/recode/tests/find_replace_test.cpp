@@ -116,6 +116,14 @@ TEST_F(FindReplaceTest, ResetInFindRemovesTheMarksAndKeepsTheText) {
   EXPECT_EQ(panel.RecodeColumn, 1u);
 }
 
+TEST_F(FindReplaceTest, ALongTextIsFoundInALongCell) {
+  const std::string many(1 << 20, 'a');
+  Make({{"A", {many, many + std::string(1 << 14, 'A') + "b", "ab"}}});
+  FillFind(1, std::string(1 << 15, 'a') + "B");
+  EXPECT_EQ(Next(), 2u);
+  EXPECT_EQ(Next(), 0u);
+}
+
 // Replace.
 
 TEST_F(FindReplaceTest, EveryOccurrenceIsReplacedExactly) {
@@ -254,6 +262,17 @@ TEST_F(FindReplaceTest, LongTextsAreReplacedWhole) {
   EXPECT_EQ(data.matrix.Cell(kFirstRecordRow, 1).text().size(), 2 * text.size());
   UndoReplace(panel, data);
   EXPECT_EQ(data.matrix.Cell(kFirstRecordRow, 1).text(), text);
+}
+
+TEST_F(FindReplaceTest, ATextBeyondAllMemoryIsRefusedAndNothingIsLost) {
+  const std::string text(1 << 20, 'a');
+  Make({{"A", {"a", text}}});
+  FillReplace(1, "a", text + text);
+  EXPECT_THROW(Run(), std::bad_alloc);  // a cell of a thousand gigabytes and more
+  EXPECT_EQ(data.matrix.Cell(kFirstRecordRow, 1), TaggedView("a"));
+  EXPECT_EQ(data.matrix.Cell(kFirstRecordRow + 1, 1).text(), text);
+  EXPECT_FALSE(panel.UndoColumn);
+  EXPECT_EQ(platform.wait_cursors, 0);
 }
 
 }  // namespace
