@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 #include "window/grid/grid_view.h"
 #include "window_fixture.h"
@@ -92,6 +93,38 @@ class GridBlocksTest : public QObject {
     QCOMPARE(Cursor(), (GridPlace{2, 2}));
     Click(6, 1);
     QCOMPARE(grid()->Selection(), (GridBlock{6, 6, 1, 1}));
+  }
+
+  void PagesAreRowsInSight() {
+    PutCursor(1, 3);
+    Press(Qt::Key_PageDown);
+    const std::size_t page = Cursor().row - 1;
+    QVERIFY(page > 3 && page < 39);
+    QCOMPARE(Cursor().column, std::size_t{3});
+    Press(Qt::Key_PageUp);
+    QCOMPARE(Cursor(), (GridPlace{1, 3}));
+    for (int i = 0; i < 40; ++i) Press(Qt::Key_PageDown);
+    QCOMPARE(Cursor(), (GridPlace{40, 3}));
+  }
+
+  void AClickOnTheCurrentCellMeansItAgain() {
+    Click(3, 3);
+    QSignalSpy presses(grid(), &GridView::Pressed);
+    Click(3, 3);
+    QCOMPARE(presses.count(), 1);
+    Click(0, 4);
+    Click(0, 4);
+    QCOMPARE(presses.count(), 3);
+  }
+
+  void CtrlAndShiftWithTheBlankSelectWholeColumnsAndRows() {
+    PutCursor(4, 2);
+    Press(Qt::Key_Space, Qt::ControlModifier);
+    QCOMPARE(Cursor(), (GridPlace{0, 2}));
+    QCOMPARE(grid()->Selection(), (GridBlock{0, 40, 2, 2}));
+    PutCursor(4, 2);
+    Press(Qt::Key_Space, Qt::ShiftModifier);
+    QCOMPARE(grid()->Selection(), (GridBlock{4, 4, 0, 12}));
   }
 
   void HomeEndAndTheArrowsWithCtrl() {

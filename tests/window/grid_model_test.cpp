@@ -174,6 +174,10 @@ class GridModelTest : public QObject {
     const GridModel model(data);
     QVERIFY(model.index(0, 0).data().toString().size() < 10000);
     QCOMPARE(model.CellLength(0, 0), std::size_t{100000});
+    MatrixEditor(data).SetText(kVariableNameRow, 1, std::string(100000, 'n'));
+    MatrixEditor(data).SetText(kVariableLabelRow, 1, std::string(100000, 'l'));
+    QVERIFY(model.headerData(0, Qt::Horizontal).toString().size() < 10000);
+    QVERIFY(model.headerData(0, Qt::Horizontal, Qt::ToolTipRole).toString().size() < 10000);
   }
 
   // 250 records of 1000 variables are 250,000 cells: above the edit limit of 200,000.

@@ -62,7 +62,7 @@ std::optional<GridPlace> PlaceByKey(const QKeyEvent& event, const DataSet& data,
     case Qt::Key_End:
       return GridPlace{far ? last_row : from.row, last_column};
     case Qt::Key_PageUp:
-      return GridPlace{from.row > page ? from.row - page : first_row, from.column};
+      return GridPlace{from.row > page ? from.row - page : std::min(from.row, first_row), from.column};
     case Qt::Key_PageDown:
       return GridPlace{std::min(from.row + page, last_row), from.column};
     default:

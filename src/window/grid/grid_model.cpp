@@ -201,8 +201,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     return role == Qt::DisplayRole ? QVariant(QString::number(section + 1)) : QVariant();
   }
   if (section < 0 || section >= variables_) return {};
-  if (role == Qt::DisplayRole) return ToQt(data_.VariableName(MatrixColumn(section)));
-  if (role == Qt::ToolTipRole) return ToQt(data_.VariableLabel(MatrixColumn(section)));
+  if (role == Qt::DisplayRole) return ShownText(data_.matrix.Cell(kVariableNameRow, MatrixColumn(section)));
+  if (role == Qt::ToolTipRole) return ShownText(data_.matrix.Cell(kVariableLabelRow, MatrixColumn(section)));
   return {};
 }
 
