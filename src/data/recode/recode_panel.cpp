@@ -152,7 +152,7 @@ void ChangeNewName(RecodePanel& panel, std::string text) {
   std::string* box = NewNameBox(panel);
   if (!box || *box == text) return;
   *box = std::move(text);
-  if (box != &panel.DateVar) panel.NewVariableMade = false;
+  if (box == &panel.NewVar || box == &panel.Text1) panel.NewVariableMade = false;
 }
 
 void PickRecodeVariable(RecodePanel& panel, std::size_t column) {

@@ -87,7 +87,8 @@ void ResetSearch(RecodePanel& panel);
 // The new-name box of the mode: NewVar, Text1, DateVar or Text4; nullptr where no variable is made.
 std::string* NewNameBox(RecodePanel& panel);
 const std::string* NewNameBox(const RecodePanel& panel);
-// What is typed in it. Every change of NewVar, Text1 and Text4 makes the next Run add a column.
+// What is typed in it. Every change of NewVar and Text1 makes the next Run add a column; Trim goes on in its column
+// until it is opened again or reset.
 void ChangeNewName(RecodePanel& panel, std::string text);
 
 // A click in List1; 0 is the entry "None".

@@ -39,12 +39,16 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 102 &Open Data File\n"
        "|103 &Save Data\n"
        " 110 &Save Glossary As\n"
+       "|104 &Import Data\n"
+       " 105 &Export Data\n"
+       " 108 &Export to Excel\n"
        "|106 &Print\n"
        "|107 &Exit\n"},
       {"&Edit",
        " 214 &Undo\n"
        " 215 &Redo\n"
-       "|202 &Find Cell Data\n"
+       "|201 &Split Large Data Files\n"
+       " 202 &Find Cell Data\n"
        " 803 &Reset Search\n"
        " 203 Find and &Replace Cell Data\n"
        " 216 &Go to Cell\n"
@@ -95,6 +99,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 101 &New\n"
             " 102 &Open Data File\n"
             " 103 &Save\n"
+            "|108 Export\n"
             "|213 &Cut\n"
             " 205 &Copy\n"
             "|212 &Copy Output\n"
@@ -116,6 +121,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
   const char* tooltips[] = {"New",
                             "Open an existing file",
                             "Save the active file",
+                            "Export",
                             "Paste",  // of the button that cuts: the pairing is intended
                             "Copy Selection",
                             "Copy Output",
@@ -134,7 +140,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Compute New Variable",
                             "Print the active document",
                             "Show Help Window"};
-  const std::set<int> with_caption = {202, 301, 350, 308, 106, 602};
+  const std::set<int> with_caption = {108, 202, 301, 350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
     const BarEntry& entry = Toolbar()[i];
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
@@ -204,6 +210,7 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
       {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
       {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"}, {202, "+----o--"}, {803, "o----o--"},
       {203, "+-------"}, {302, "+-------"}, {303, "+-------"}, {304, "+-------"}, {305, "+-------"}, {306, "+-------"},
+      {104, "+----o--"}, {105, "+----o--"}, {108, "+-------"}, {201, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }

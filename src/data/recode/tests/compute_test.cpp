@@ -261,7 +261,7 @@ TEST_F(ComputeTest, ACutpointThatIsNoNumberKeepsEverything) {
   EXPECT_EQ(Cells(2), Cells(1));
 }
 
-TEST_F(ComputeTest, TrimGoesOnUntilItsNameOrItsPanelChanges) {
+TEST_F(ComputeTest, TrimGoesOnUntilItIsOpenedAnewOrReset) {
   Make({{"X", {"1", "5"}}});
   FillTrim(1, "T", "1", "1");
   Run();
@@ -271,8 +271,14 @@ TEST_F(ComputeTest, TrimGoesOnUntilItsNameOrItsPanelChanges) {
   EXPECT_EQ(Cells(2), Cells(1));
   ChangeNewName(panel, "U");
   Run();
-  EXPECT_EQ(data.VariableCount, 3u);
+  EXPECT_EQ(data.VariableCount, 2u);
+  EXPECT_EQ(data.VariableName(2), "T");
   Open(RecodeMode::kTrim);
+  Run();
+  EXPECT_EQ(data.VariableCount, 3u);
+  EXPECT_EQ(data.VariableName(3), "U");
+  ResetRecodePanel(panel);
+  FillTrim(1, "W", "1", "1");
   Run();
   EXPECT_EQ(data.VariableCount, 4u);
 }
