@@ -47,7 +47,8 @@ struct RecodePanel {
   std::size_t CombineColumn2 = 0;
   bool NewVariableMade = false;  // the next Run writes into the last column
   std::size_t made_column = 0;   // the column that this began with
-  std::string made_name;         // the new name of the latest Run, whatever its mode
+  RecodeMode made_mode = RecodeMode::kNone;
+  std::string made_name;  // the new name of the latest Run, whatever its mode
 
   std::string OldValue, NewValue, NewVar;  // Recode
   RecodeOption recode_option = RecodeOption::kNone;

@@ -49,12 +49,18 @@ bool AlwaysAddsColumn(const RecodePanel& panel) {
   }
 }
 
+// Trim alone goes on in its own column under whatever name.
+bool NameGoesOn(const RecodePanel& panel, const std::string& name) {
+  const bool trims_on = panel.mode == RecodeMode::kTrim && panel.made_mode == RecodeMode::kTrim;
+  return name == panel.made_name || trims_on;
+}
+
 // A run of another panel with another name ends the going on, also one that is refused.
 void NoteNewName(RecodePanel& panel) {
   const std::string* name = NewNameBox(panel);
-  if (!name || *name == panel.made_name) return;
+  if (!name) return;
+  if (!NameGoesOn(panel, *name)) panel.NewVariableMade = false;
   panel.made_name = *name;
-  panel.NewVariableMade = false;
 }
 
 // Writes what the rule makes of the records into a column. Yields the number of cells that show another text.
@@ -143,6 +149,7 @@ std::size_t AddVariable(RecodePanel& panel, DataSet& data, Platform& platform) {
   if (may_go_on) {
     panel.NewVariableMade = true;
     panel.made_column = data.VariableCount;
+    panel.made_mode = panel.mode;
   }
   if (panel.mode == RecodeMode::kCombine && panel.combine_option == CombineOption::kDivided) {
     MarkQuotients(panel, data.VariableCount);
@@ -235,7 +242,7 @@ RecodeOutcome RunRecodePanel(RecodePanel& panel, DataSet& data, Platform& platfo
 
 bool RunGoesOn(const RecodePanel& panel, const DataSet& data) {
   const std::string* name = NewNameBox(panel);
-  return panel.NewVariableMade && name && *name == panel.made_name && !AlwaysAddsColumn(panel) &&
+  return panel.NewVariableMade && name && NameGoesOn(panel, *name) && !AlwaysAddsColumn(panel) &&
          data.VariableCount > 0;
 }
 
