@@ -180,7 +180,8 @@ void Data1::ToggleVariables() {
 }
 
 void Data1::ShowSession() {
-  if (grid_->ShowChanges()) ShowInfo();
+  // A save under another name changes the title and not a cell.
+  if (grid_->ShowChanges() || title_->text() != ToQt(session().data.GridTitle)) ShowInfo();
   if (format_) format_->ShowSession();
   if (variables_) variables_->ShowSession();
   if (session().grid_selection != stored_selection_) {  // an operation has selected something
