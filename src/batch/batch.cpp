@@ -27,12 +27,14 @@ namespace {
 constexpr std::string_view kProgramName = "tessara-cli";
 constexpr std::string_view kStandardInput = "-";
 
-std::string ReadAll(std::FILE* file) {
+// Nothing when it cannot be read.
+std::optional<std::string> ReadAll(std::FILE* file) {
   std::string content;
   std::array<char, 65536> buffer;
   for (std::size_t count = 0; (count = std::fread(buffer.data(), 1, buffer.size(), file)) > 0;) {
     content.append(buffer.data(), count);
   }
+  if (std::ferror(file) != 0) return std::nullopt;
   return content;
 }
 
@@ -50,9 +52,9 @@ std::optional<std::string> ReadStream(const Path& path) {
 }
 
 std::optional<std::string> ReadScript(const std::string& name, std::FILE* standard_input) {
-  if (name == kStandardInput) return DecodeScript(ReadAll(standard_input));
-  if (!IsPossiblePath(name)) return std::nullopt;
-  auto content = ReadStream(PathFromUtf8(name));
+  const bool is_stream = name == kStandardInput;
+  if (!is_stream && !IsPossiblePath(name)) return std::nullopt;
+  auto content = is_stream ? ReadAll(standard_input) : ReadStream(PathFromUtf8(name));
   if (!content) return std::nullopt;
   return DecodeScript(std::move(*content));
 }
@@ -118,7 +120,9 @@ class BatchRun {
     Note(WithinMemory(batch_,
                       [&] {
                         text = ReadScript(name, streams_.in);
-                        return text ? Done() : NotUnderstood(Quoted(name) + " cannot be opened");
+                        if (text) return Done();
+                        return NotUnderstood(name == kStandardInput ? "standard input cannot be read"
+                                                                    : Quoted(name) + " cannot be opened");
                       }),
          kProgramName);
     if (!text) return;
@@ -155,9 +159,9 @@ class BatchRun {
 
   // Looked at once more before the log is written: a link may have got a file in the meantime.
   bool OutputIsFree() {
-    if (!batch_.files.GuardsInput(*batch_.files.output)) return true;
-    Fail(Quoted(*options_.output) + " is a file that this run works on; --overwrite writes over it");
-    return false;
+    const std::string refusal = WhyNotPrintedTo(batch_, *batch_.files.output, false);
+    if (!refusal.empty()) Fail(refusal);
+    return refusal.empty();
   }
 
   void WriteOutput() {
@@ -165,6 +169,7 @@ class BatchRun {
     const WriteResult result = WriteWholeFile(*batch_.files.output, batch_.session.output.OutputLogText);
     if (result == WriteResult::kWritten) return;
     Fail(Quoted(*options_.output) + " cannot be written");
+    PrintLog();
   }
 
   // The log that cannot go to its file, so that it is not lost.

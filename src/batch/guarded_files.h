@@ -25,8 +25,12 @@ struct GuardedFiles {
 // Whether both names lead to one file. Names of files that do not exist yet are compared as paths.
 bool IsSameFile(const Path& a, const Path& b);
 
-// Whether data may be saved under the name: no file has it yet, or one that is empty, or a data file, which begins with
-// two counts. What is no regular file, or cannot be read, is left to the writer.
+// Whether the file begins as data files do, with two counts, and goes on like one: it has fields, or the words of our
+// own first line, or as many lines as that announces. Data without a filled cell are no data file here.
+bool LooksLikeDataFile(const Path& path);
+
+// Whether data may be saved under the name: no file has it yet, or one that is empty, or a data file. What is no
+// regular file, or cannot be read, is left to the writer.
 bool MaySaveDataOver(const Path& path);
 
 }  // namespace tessara

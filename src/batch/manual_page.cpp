@@ -106,7 +106,7 @@ constexpr std::string_view kBehindOptions =
     ".PP\n"
     "Without \\fB\\-\\-overwrite\\fR neither the log nor \\fBprint\\fR replaces the script or a data\n"
     "file that the run has opened or saved, whatever links lead to it, and \\fBsave\\fR does not\n"
-    "replace a file that does not begin like a data file.\n";
+    "replace a file that does not look like a data file.\n";
 
 constexpr std::string_view kScripts =
     "A script line is a command and its words, split at blanks.\n"

@@ -43,6 +43,13 @@ struct ChangeExtent {
 // What a change does to DataDirty.
 enum class ChangedFlag : std::uint8_t { kSet, kKept, kCleared };
 
+// A file as it stood when the data were read from it or saved to it.
+struct SeenFile {
+  Path path;
+  std::uint64_t size = 0;
+  std::int64_t modified_exactly = 0;
+};
+
 // All that a new or a loaded data set replaces.
 struct DataContents {
   DataMatrix matrix;
@@ -55,6 +62,7 @@ struct DataContents {
   bool NamedAtTheStart = false;
   bool PathOfText = false;
   Path MisfitFile = {};
+  SeenFile seen_file = {};
   std::string DataFileTitle = {};
   std::string GridTitle = {};
   std::optional<std::uint64_t> DataFileSize = {};

@@ -218,6 +218,7 @@ class ChangeExchange {
     std::swap(data_.NamedAtTheStart, contents.NamedAtTheStart);
     std::swap(data_.PathOfText, contents.PathOfText);
     data_.MisfitFile.swap(contents.MisfitFile);
+    std::swap(data_.seen_file, contents.seen_file);
     data_.DataFileTitle.swap(contents.DataFileTitle);
     data_.GridTitle.swap(contents.GridTitle);
     std::swap(data_.DataFileSize, contents.DataFileSize);

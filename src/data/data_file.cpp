@@ -106,12 +106,44 @@ bool IsSameFile(const Path& one, const Path& other) {
   return !one.empty() && std::filesystem::equivalent(one, other, none);
 }
 
+SeenFile Seen(const Path& path, const FileFacts& facts) { return {path, facts.size, facts.modified_exactly}; }
+
+// Whether another program has written the file since the data were read from it or saved to it.
+bool ChangedSinceSeen(const SeenFile& seen, const Path& path) {
+  if (!IsSameFile(seen.path, path)) return false;
+  const auto facts = FactsOfFile(path);
+  return facts && (facts->size != seen.size || facts->modified_exactly != seen.modified_exactly);
+}
+
+void NoteChangedFile(Status& status, const Path& kept) {
+  status.ShowNote("the file had changed since it was read; what stood there is kept as " +
+                  FromUtf8(PathToUtf8(kept.filename())));
+}
+
+// One variable has one field in a line, and the notes are the second one of the first line.
+void NoteLostNotes(Status& status, std::size_t variables) {
+  status.ShowNote("the project notes are not in the file: it has " +
+                  std::string(variables == 0 ? "no variable" : "one variable"));
+}
+
+void SettleWritten(DataSet& data, Platform& platform, const SafeFileWriter& file, const Path& path,
+                   std::size_t variables) {
+  if (IsSameFile(data.MisfitFile, path)) data.MisfitFile.clear();
+  const auto facts = FactsOfFile(path);
+  data.seen_file = facts ? Seen(path, *facts) : SeenFile();
+  NoteWhatWasNotKept(file, platform);
+  if (variables < 2 && !data.ProjectNotes.empty()) NoteLostNotes(platform, variables);
+}
+
 WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   SafeFileWriter file(path);
   if (file.result() != WriteResult::kWritten) return file.result();
-  // What did not fit is not in the data: the file is kept before the save replaces it.
+  // What did not fit, and what another program has written, is not in the data: the file is kept before the save
+  // replaces it.
   const bool over_misfit = IsSameFile(data.MisfitFile, path);
-  if (over_misfit && !KeepAsFound(path)) return WriteResult::kRefused;
+  const bool over_changed = ChangedSinceSeen(data.seen_file, path);
+  const auto kept = over_misfit || over_changed ? KeepAsFound(path) : std::nullopt;
+  if ((over_misfit || over_changed) && !kept) return WriteResult::kRefused;
   const UsedRange used = TrimToUsedRange(data);
   const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
   StoreFirstRow(data, banner, NotesToField(data.ProjectNotes));
@@ -126,10 +158,9 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, s
     lines.Write(row);
   }
   const WriteResult result = file.Commit();
-  if (result == WriteResult::kWritten) {
-    if (over_misfit) data.MisfitFile.clear();
-    NoteWhatWasNotKept(file, platform);
-  }
+  if (result != WriteResult::kWritten) return result;
+  if (over_changed) NoteChangedFile(platform, *kept);
+  SettleWritten(data, platform, file, path, used.variables);
   return result;
 }
 
@@ -221,6 +252,7 @@ LoadOutcome LoadDataFile(DataSet& data, Platform& platform, const Path& path, Fi
   const LoadFit fit = ReadContents(data, platform, std::move(*bytes), selected_variables, contents);
   const std::string note = FitNote(fit);
   if (!fit.Fits()) contents.MisfitFile = path;
+  contents.seen_file = Seen(path, *facts);
   ApplyChange(data, ReplaceData(std::move(contents), "Open"));
   if (!note.empty()) platform.ShowNote(note);
   return LoadOutcome::kLoaded;

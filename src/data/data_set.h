@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/change.h"
 #include "data/change_history.h"
 #include "data/change_notes.h"
 #include "data/data_matrix.h"
@@ -83,6 +84,7 @@ struct DataSet {
   bool NamedAtTheStart = false;  // it was named on the command line and has not been saved since: no path of its own
   bool PathOfText = false;       // DataFilePath is that of a delimited text: no save goes there unasked
   Path MisfitFile;               // that file while it holds what the data do not, because it did not fit its first line
+  SeenFile seen_file;            // that file, or the one saved to last; another program may write it in the meantime
 
   std::size_t CurrentRow = 1;  // grid cursor; row 0 is the heading
   std::size_t CurrentColumn = 1;

@@ -67,22 +67,23 @@ std::string FitNote(const LoadFit& fit) {
   return note;
 }
 
-bool KeepAsFound(const Path& file) {
+std::optional<Path> KeepAsFound(const Path& file) {
   namespace fs = std::filesystem;
   std::error_code error;
   const Path found = fs::canonical(file, error);
-  if (error) return false;
+  if (error) return std::nullopt;
   for (int i = 1; i <= kMostKept; ++i) {
     Path name = found.stem();
     name += i == 1 ? " (as found)" : " (as found " + std::to_string(i) + ")";
     name += found.extension();
     const Path kept = found.parent_path() / name;
-    if (fs::equivalent(found, kept, error)) return true;
+    if (fs::equivalent(found, kept, error)) return kept;
     if (fs::exists(fs::symlink_status(kept, error))) continue;
     // A second name for the file costs nothing and keeps all that belongs to it; where there is no such thing, a copy.
-    return CallsOfFiles().link(found, kept) || CopyFileOver(found, kept);
+    if (CallsOfFiles().link(found, kept) || CopyFileOver(found, kept)) return kept;
+    return std::nullopt;
   }
-  return false;
+  return std::nullopt;
 }
 
 }  // namespace tessara

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "data/loaded_text.h"
@@ -36,7 +37,8 @@ LoadFit FitOf(const LoadedText& text, Banner banner, std::size_t records, std::s
 std::string FitNote(const LoadFit& fit);
 
 // Keeps a file under the name "NAME (as found)" with its ending, in its own folder; a number is added when a file of
-// that name is there. False when that cannot be done. A file that has been kept already is not kept again.
-bool KeepAsFound(const Path& file);
+// that name is there. Yields the path of what is kept; nothing when that cannot be done. A file that has been kept
+// already is not kept again.
+std::optional<Path> KeepAsFound(const Path& file);
 
 }  // namespace tessara

@@ -56,12 +56,22 @@ bool KeepAttribute(const Path&, const char*, int) { return true; }
 
 #else
 
+// A pipe without a reader is refused; a program that waited for one would hang.
+int OpenAsItStands(const Path& path) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return -1;
+  const int flags = ::fcntl(file, F_GETFL);  // what is open waits for its reader, as every writer does
+  if (flags >= 0 && ::fcntl(file, F_SETFL, flags & ~O_NONBLOCK) == 0) return file;
+  ::close(file);
+  return -1;
+}
+
 int Open(const Path& path, FileUse use) {
   switch (use) {
     case FileUse::kRead:
       return ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     case FileUse::kWrite:
-      return ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+      return OpenAsItStands(path);
     case FileUse::kCreate:
       return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     case FileUse::kCreatePrivate:

@@ -12,7 +12,7 @@ namespace tessara {
 
 enum class FileUse {
   kRead,
-  kWrite,          // a device or a pipe, as it stands
+  kWrite,          // a device, or a pipe that somebody reads, as it stands
   kCreate,         // must not be there yet
   kCreatePrivate,  // the same, for nobody but its owner
 };

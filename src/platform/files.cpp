@@ -96,14 +96,22 @@ std::optional<FileFacts> FactsOfFile(const Path& path) {
   struct stat facts {};
   if (::stat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) return std::nullopt;
 #endif
-  return FileFacts{static_cast<std::uint64_t>(facts.st_size), LocalDateTime(facts.st_mtime)};
+  std::error_code error;
+  const auto modified = std::filesystem::last_write_time(path, error);
+  return FileFacts{static_cast<std::uint64_t>(facts.st_size), error ? 0 : modified.time_since_epoch().count(),
+                   LocalDateTime(facts.st_mtime)};
+}
+
+bool IsRegularFile(const Path& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
 }
 
 std::optional<FileBytes> ReadWholeFile(const Path& path) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+  if (!IsRegularFile(path)) return std::nullopt;
   const OpenFile file(path);
   if (!file.is_open()) return std::nullopt;
+  std::error_code error;
   const auto size = std::filesystem::file_size(path, error);
   if (error) return std::nullopt;
   auto bytes = FileBytes::Allocate(static_cast<std::size_t>(size));
@@ -113,10 +121,10 @@ std::optional<FileBytes> ReadWholeFile(const Path& path) {
 }
 
 std::optional<std::string> ReadStartOfFile(const Path& path, std::size_t most) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+  if (!IsRegularFile(path)) return std::nullopt;
   const OpenFile file(path);
   if (!file.is_open()) return std::nullopt;
+  std::error_code error;
   const auto size = std::filesystem::file_size(path, error);
   if (error) return std::nullopt;
   std::string start(static_cast<std::size_t>(std::min<std::uint64_t>(size, most)), '\0');

@@ -44,11 +44,15 @@ class FileBytes {
 
 struct FileFacts {
   std::uint64_t size = 0;
-  DateTime modified;  // local time
+  std::int64_t modified_exactly = 0;  // in ticks of the file system's clock, to tell two times apart
+  DateTime modified;                  // local time
 };
 
 // Nothing when there is no such file, or when it is a folder.
 std::optional<FileFacts> FactsOfFile(const Path& path);
+
+// No folder, device or pipe: what can be read without waiting for anybody.
+bool IsRegularFile(const Path& path);
 
 // Nothing when the file cannot be opened or read, or is a folder. Throws std::bad_alloc when it does not fit the
 // memory, so that nobody takes it for a file without content.

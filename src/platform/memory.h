@@ -18,12 +18,13 @@ inline constexpr const char* kOutOfMemory = "There is not enough memory for this
 // Some memory that is let go when there is no other, so that the user can be told.
 class MemoryReserve {
  public:
-  MemoryReserve() : block_(std::make_unique<char[]>(kSize)) {}
+  MemoryReserve() : block_(new char[kSize]) {}
   void LetGo() { block_.reset(); }
   void TakeAgain() { block_.reset(new (std::nothrow) char[kSize]); }
 
  private:
-  static constexpr std::size_t kSize = std::size_t{1} << 20;
+  // A box on the screen with its window, icons, type and pictures takes some ten million bytes.
+  static constexpr std::size_t kSize = std::size_t{16} << 20;
   std::unique_ptr<char[]> block_;
 };
 

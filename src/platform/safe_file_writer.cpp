@@ -36,6 +36,8 @@ bool MayWrite(const Path& path) {
 Path BehindLinks(Path path) {
   std::error_code error;
   for (int i = 0; i < kMostLinks && fs::is_symlink(path, error); ++i) {
+    // An open pipe is reached by its link alone: what that says is no path.
+    if (fs::is_fifo(path, error)) return path;
     const Path target = fs::read_symlink(path, error);
     if (error) return path;
     path = target.is_absolute() ? target : path.parent_path() / target;
@@ -63,6 +65,8 @@ SafeFileWriter::SafeFileWriter(const Path& path) : target_(BehindLinks(path)), f
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
   replaces_ = fs::is_regular_file(status);
+  // Looked at here: whoever keeps the old file beside the new one gives it another name.
+  other_names_ = replaces_ && fs::hard_link_count(target_, error) > 1 && !error;
   // A link that leads round has no target; a new name would walk around the protection of the old file.
   if (fs::is_directory(status) || fs::is_symlink(target_, error) || (replaces_ && !MayWrite(target_))) {
     result_ = WriteResult::kRefused;
@@ -113,6 +117,7 @@ void SafeFileWriter::WriteOut(std::string_view text) {
 
 void SafeFileWriter::KeepAttributes() {
   const FileCalls& calls = CallsOfFiles();
+  if (other_names_) not_kept_.emplace_back("the other names");
   if (!calls.keep_owner(target_, file_)) not_kept_.emplace_back("the owner");
   if (!calls.keep_group(target_, file_)) not_kept_.emplace_back("the group");
   // Behind a change of the owner, which takes some rights away.

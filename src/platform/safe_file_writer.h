@@ -52,6 +52,7 @@ class SafeFileWriter {
   Path temporary_;  // empty when the target is written directly
   std::optional<TemporaryInWork> in_work_;
   bool replaces_ = false;
+  bool other_names_ = false;  // of the old file, which they still lead to
   int file_ = -1;
   std::string buffer_;
   std::vector<std::string> not_kept_;

@@ -94,6 +94,14 @@ std::array<InWorkSlot, kMostInWork> in_work;
 
 #if !defined(_WIN32)
 
+// Those by which a program ends unless it wants otherwise, but for its own faults.
+constexpr int kEndingSignals[] = {SIGHUP,  SIGINT,  SIGQUIT,   SIGTERM, SIGUSR1,
+                                  SIGUSR2, SIGALRM, SIGVTALRM, SIGPROF, SIGXCPU,
+#if defined(__linux__)
+                                  SIGPOLL, SIGPWR,  SIGSTKFLT
+#endif
+};
+
 extern "C" void EndBySignal(int signal) {
   for (const InWorkSlot& slot : in_work) {
     if (slot.state.load(std::memory_order_acquire) == SlotState::kInWork) ::unlink(slot.path.data());
@@ -126,7 +134,10 @@ void RemoveStrays(const Path& folder) {
 
 void RemoveTemporariesOnSignals() {
 #if !defined(_WIN32)
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+  if (struct sigaction now{}; ::sigaction(SIGXFSZ, nullptr, &now) == 0 && now.sa_handler == SIG_DFL) {
+    std::signal(SIGXFSZ, SIG_IGN);  // a file beyond its limit fails, as on a full disk, and the program goes on
+  }
+  for (const int signal : kEndingSignals) {
     struct sigaction before {};
     if (::sigaction(signal, nullptr, &before) != 0 || before.sa_handler != SIG_DFL) continue;
     struct sigaction ours {};

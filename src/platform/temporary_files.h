@@ -17,7 +17,7 @@ Path TemporaryBeside(const Path& target);
 void RemoveStrays(const Path& folder);
 
 // From now on a signal that ends the program takes the temporary files in work with it. Signals that the program
-// ignores stay ignored.
+// ignores stay ignored. A file that grows beyond its limit is a write that fails, no signal.
 void RemoveTemporariesOnSignals();
 
 // A temporary file in work, for as long as the object lives.

@@ -73,7 +73,7 @@ void StartBatchSession(Session& session) {
 void TestDocumentationFiles(Session& session) {
   const Path program = session.platform.ProgramFolder();
   for (std::size_t i = 0; i < kDocumentFiles.size(); ++i) {
-    session.documentation_found[i] = FactsOfFile(program / kDocumentFiles[i]).has_value();
+    session.documentation_found[i] = IsRegularFile(program / kDocumentFiles[i]);
   }
 }
 

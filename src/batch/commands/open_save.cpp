@@ -53,6 +53,14 @@ std::string WhyNotSavedTo(const Batch& batch, const Path& path, bool overwrite) 
   return {};
 }
 
+std::string WhyNotPrintedTo(const Batch& batch, const Path& path, bool overwrite) {
+  if (overwrite || batch.files.overwrite) return {};
+  const std::string name = Quoted(PathToUtf8(path));
+  if (batch.files.GuardsInput(path)) return name + " is a file that this run works on; --overwrite writes over it";
+  if (LooksLikeDataFile(path)) return name + " is a data file; --overwrite writes over it";
+  return {};
+}
+
 CommandResult OpenPath(Batch& batch, std::string_view utf8_path) {
   const std::string refusal = Quoted(utf8_path) + " cannot be opened";
   if (!IsPossiblePath(utf8_path)) return NotUnderstood(refusal);
@@ -94,7 +102,7 @@ constinit const CommandRow kSaveCommand{
     .summary = "save the data",
     .details =
         "Saves the data to PATH, or to the file that they were opened from or saved to last. New\n"
-        "data need a PATH. A file that is there already and does not begin like a data file is\n"
+        "data need a PATH. A file that is there already and does not look like a data file is\n"
         "refused without --overwrite, and so is the file of the program's option --output.\n",
     .example = "save cleaned.dcs",
     .options = kSaveOptions,

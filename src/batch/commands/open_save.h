@@ -14,4 +14,7 @@ CommandResult OpenPath(Batch& batch, std::string_view utf8_path);
 // may.
 std::string WhyNotSavedTo(const Batch& batch, const Path& path, bool overwrite);
 
+// Why a text must not be written there: over a file of the run, or over any data file; empty when it may.
+std::string WhyNotPrintedTo(const Batch& batch, const Path& path, bool overwrite);
+
 }  // namespace tessara

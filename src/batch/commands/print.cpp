@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "batch/commands/commands.h"
+#include "batch/commands/open_save.h"
 #include "batch/words/script_line.h"
 #include "platform/files.h"
 #include "presentation/print_pages.h"
@@ -11,7 +12,7 @@ namespace tessara {
 namespace {
 
 constexpr OptionRow kOptions[] = {
-    {"--overwrite", "", "also over a file that this run works on", OptionValue::kNone},
+    {"--overwrite", "", "also over a file that this run works on, or any data file", OptionValue::kNone},
 };
 
 bool IsPdfPath(const Path& path) {
@@ -41,8 +42,11 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
   const std::string& name = words.words[0];
   if (!IsPossiblePath(name)) return NotUnderstood(Quoted(name) + " is not a path");
   const Path path = PathFromUtf8(name);
-  if (batch.files.GuardsInput(path) && !words.Has("--overwrite")) {
-    return NotUnderstood(Quoted(name) + " is a file that this run works on; --overwrite writes over it");
+  const std::string refusal = WhyNotPrintedTo(batch, path, words.Has("--overwrite"));
+  if (!refusal.empty()) return NotUnderstood(refusal);
+  if (batch.session.output.BoxText().empty()) {
+    batch.platform.ShowMessage({"Print Aborted!", "There is no output to print."});
+    return Done();
   }
   const bool is_pdf = IsPdfPath(path);
   if (is_pdf && !CanWritePdf()) {
@@ -65,8 +69,8 @@ constinit const CommandRow kPrintCommand{
     .summary = "write the printed pages of the log",
     .details =
         "Writes the log as pages, as the printer gets them: a PDF file when PATH ends in .pdf,\n"
-        "else plain text with a form feed between pages. The script and the data files that the\n"
-        "run has opened or saved are refused without --overwrite.\n",
+        "else plain text with a form feed between pages. The script and data files are refused\n"
+        "without --overwrite. An empty log is not printed.\n",
     .example = "print report.txt",
     .options = kOptions,
     .most_words = 1,

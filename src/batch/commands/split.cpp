@@ -47,7 +47,7 @@ constinit const CommandRow kSplitCommand{
     .details =
         "Writes the variables, in the order given and with their labels and missing values, to the\n"
         "new data file PATH; at most 300 of them. The data at work stay as they are. A file that is\n"
-        "there already and does not begin like a data file is refused without --overwrite, and so\n"
+        "there already and does not look like a data file is refused without --overwrite, and so\n"
         "are the files that this run works on.\n",
     .example = "split short.dcs SEX AGE",
     .options = kOptions,

@@ -434,7 +434,8 @@ TEST_F(BatchRunTest, PrintDoesNotReplaceADataFileOfTheRun) {
 TEST_F(BatchRunTest, SaveDoesNotReplaceAFileThatIsNoDataFile) {
   const std::string data = WriteData();
   const std::string open = "open " + data + "\n";
-  for (const std::string content : {"Dear reader", "1\r\n", "12 x\r\n", "-1 2 Tessara data\r\n", "x"}) {
+  for (const std::string content :
+       {"Dear reader", "1\r\n", "12 x\r\n", "-1 2 Tessara data\r\n", "x", "1 1", "2 3\n", "1 2 x", "12 34 56\n"}) {
     const std::string letter = Write("letter.txt", content);
     const Outcome run = RunScript(open + "save " + letter + "\nstatistics\n");
     EXPECT_EQ(run.status, 2) << content;
@@ -446,10 +447,79 @@ TEST_F(BatchRunTest, SaveDoesNotReplaceAFileThatIsNoDataFile) {
   }
 }
 
+// So many line ends.
+std::string Lines(int count) {
+  std::string text;
+  while (count-- > 0) text += "\r\n";
+  return text;
+}
+
+// Two numbers at its start make no data file of a table, nor do empty lines ahead of a text.
+TEST_F(BatchRunTest, SaveLooksBehindTheFirstLineOfWhatItReplaces) {
+  const std::string open = "open " + WriteData() + "\n";
+  for (const std::string& content : {"1 1 other\r\n" + Lines(15) + "A\r\n5\r\n", Lines(300) + "Dear reader"}) {
+    const std::string other = Write("other.txt", content);
+    EXPECT_EQ(RunScript(open + "save " + other + "\n").status, 2) << content;
+    EXPECT_EQ(FileContent(other), content);
+  }
+}
+
+TEST_F(BatchRunTest, NeitherThePagesNorTheLogReplaceADataFile) {
+  const std::string data = WriteData();
+  const std::string before = FileContent(data);
+  const Outcome print = RunScript("statistics\nprint " + data + "\n");
+  EXPECT_EQ(print.status, 2);
+  EXPECT_NE(print.err.find("\"" + data + "\" is a data file; --overwrite writes over it\n"), std::string::npos)
+      << print.err;
+  const Outcome log = Run({"-o", data, "statistics"});
+  EXPECT_EQ(log.status, 2);
+  EXPECT_EQ(log.err, "tessara-cli: \"" + data + "\" is a data file; --overwrite writes over it\n");
+  EXPECT_EQ(FileContent(data), before);
+  EXPECT_EQ(Run({"--overwrite", "-o", data, "statistics"}).status, 0);
+  EXPECT_NE(FileContent(data), before);
+}
+
+TEST_F(BatchRunTest, AnEmptyLogIsNotPrinted) {
+  const Outcome run = RunScript("print " + In("pages.txt") + "\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "Print Aborted!: There is no output to print.\n");
+  EXPECT_FALSE(fs::exists(folder_ / "pages.txt"));
+}
+
+TEST_F(BatchRunTest, ALogThatItsFileCannotTakeIsPrinted) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is full";
+  const Outcome run = Run({"-o", "/dev/full", "statistics"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "tessara-cli: \"/dev/full\" cannot be written\n");
+  EXPECT_EQ(run.out, Run({"statistics"}).out);
+  EXPECT_TRUE(run.out.ends_with(kSeparator));
+}
+
+TEST_F(BatchRunTest, StandardInputThatCannotBeReadIsNotUnderstood) {
+  std::FILE* in = std::fopen(In("script.txt").c_str(), "w");  // for writing alone
+  ASSERT_NE(in, nullptr);
+  std::FILE* out = std::tmpfile();
+  std::FILE* err = std::tmpfile();
+  const Words arguments{"-s", "-"};
+  EXPECT_EQ(RunBatch(arguments, {in, out, err}), 2);
+  EXPECT_EQ(Content(err), "tessara-cli: standard input cannot be read\n");
+  std::fclose(in);
+  std::fclose(out);
+}
+
+TEST_F(BatchRunTest, ASaveTellsOfNotesThatOneVariableHasNoPlaceFor) {
+  std::string text = "1 1 Tessara data\r\n" + Lines(14) + "A\r\n5\r\n";
+  const Outcome run = RunScript("open " + Write("one.dcs", text) + "\nnotes all about it\nsave\n");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "tessara-cli: note: the project notes are not in the file: it has one variable\n");
+  EXPECT_EQ(FileContent(folder_ / "one.dcs"), text);
+}
+
 TEST_F(BatchRunTest, SaveReplacesADataFileAnEmptyFileAndNone) {
   const std::string open = "open " + WriteData() + "\n";
   for (const std::string content :
-       {"1 1 Tessara data\r\n", "1 1", "2 3\n", "1 2 x", "4 4 Tessara data\x01note\r\n", "\r\n\r\n", ""}) {
+       {std::string("1 1 Tessara data\r\n"), std::string("4 4 other data\x01note\r\n"), std::string("\r\n\r\n"),
+        "1 1 other\r\n" + Lines(14) + "A\r\n5\r\n", "1 1 other\r\n" + Lines(14) + "A\r\n5", Lines(16), std::string()}) {
     const std::string other = Write("other.dcs", content);
     EXPECT_EQ(RunScript(open + "save " + other + "\n").status, 0) << content;
     EXPECT_TRUE(FileContent(other).starts_with("3 2 Tessara data")) << content;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -75,6 +76,47 @@ TEST_F(SaveDataFileTest, OneVariableHasNoPlaceForNotes) {
   EXPECT_EQ(SavedText(), "1 1 Tessara data\r\n" + Repeated("\r\n", 14) + "V1\r\n5\r\n");
   EXPECT_TRUE(platform.messages.empty());
   EXPECT_EQ(data.ProjectNotes, "notes");
+  EXPECT_EQ(platform.notes, std::vector<std::string>{"the project notes are not in the file: it has one variable"});
+}
+
+TEST_F(SaveDataFileTest, AFileThatAnotherProgramHasWrittenIsKeptBesideTheNewOne) {
+  const std::string before = FileText("1 2 x", "A~B", {"1~2"});
+  const std::string theirs = FileText("1 2 x", "A~B", {"7~8"});  // of the same size
+  ASSERT_EQ(OpenText(before), LoadOutcome::kLoaded);
+  const auto read_at = fs::last_write_time(folder / "data.dcs");
+  folder.Make("data.dcs", theirs);
+  fs::last_write_time(folder / "data.dcs", read_at + std::chrono::microseconds(1));
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);
+  EXPECT_EQ(ContentOf(folder / "data (as found).dcs"), theirs);
+  EXPECT_TRUE(ContentOf(folder / "data.dcs")
+                  .ends_with("1\x01"
+                             "2\r\n"));
+  EXPECT_EQ(platform.notes,
+            std::vector<std::string>{
+                "the file had changed since it was read; what stood there is kept as data (as found).dcs"});
+  EXPECT_TRUE(platform.messages.empty());
+  // What this program has written itself is no surprise.
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);
+  EXPECT_FALSE(fs::exists(folder / "data (as found 2).dcs"));
+}
+
+TEST_F(SaveDataFileTest, AFileOfAnotherSizeIsKeptAlsoWithTheTimeOfTheOldOne) {
+  ASSERT_EQ(OpenText(FileText("1 2 x", "A~B", {"1~2"})), LoadOutcome::kLoaded);
+  const auto read_at = fs::last_write_time(folder / "data.dcs");
+  folder.Make("data.dcs", "short");
+  fs::last_write_time(folder / "data.dcs", read_at);
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);
+  EXPECT_EQ(ContentOf(folder / "data (as found).dcs"), "short");
+}
+
+TEST_F(SaveDataFileToTest, TheFileSavedToLastIsLookedAtToo) {
+  ASSERT_EQ(OpenText(FileText("1 2 x", "A~B", {"1~2"})), LoadOutcome::kLoaded);
+  EXPECT_EQ(SaveAs(folder / "saved.dcs"), SaveOutcome::kSaved);
+  folder.Make("data.dcs", "no longer ours");
+  folder.Make("saved.dcs", "theirs");
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kSaved);
+  EXPECT_EQ(ContentOf(folder / "saved (as found).dcs"), "theirs");
+  EXPECT_FALSE(fs::exists(folder / "data (as found).dcs"));
 }
 
 TEST_F(SaveDataFileTest, ANumberIsWrittenInItsShortestForm) {

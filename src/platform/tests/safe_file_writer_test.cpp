@@ -12,6 +12,8 @@
 #include "platform/tests/temporary_folder.h"
 
 #if !defined(_WIN32)
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -195,7 +197,7 @@ int StatusOfProcess(Work work) {
 }
 
 TEST(TemporaryFiles, SignalThatEndsTheProgramTakesThemAlong) {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM, SIGPROF, SIGXCPU}) {
     const TemporaryFolder folder;
     const Path path = folder.Make("a.txt", "old");
     const int status = StatusOfProcess([&] {
@@ -210,6 +212,83 @@ TEST(TemporaryFiles, SignalThatEndsTheProgramTakesThemAlong) {
     EXPECT_EQ(folder.Names(), Names{"a.txt"});
     EXPECT_EQ(ContentOf(path), "old");
   }
+}
+
+TEST(TemporaryFiles, FileBeyondItsLimitIsRefusedAndTheProgramGoesOn) {
+  const TemporaryFolder folder;
+  const Path path = folder.Make("a.txt", "old");
+  const int status = StatusOfProcess([&] {
+    std::signal(SIGXFSZ, SIG_DFL);
+    RemoveTemporariesOnSignals();
+    const struct rlimit limit { 1000, 1000 };
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    if (WriteWholeFile(path, std::string(5000, 'x')) != WriteResult::kRefused) ::_exit(1);
+  });
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+  EXPECT_EQ(ContentOf(path), "old");
+}
+
+// Nobody reads the pipe: the writer that waited for one would hang here.
+TEST(SafeFileWriterPipes, PipeWithoutAReaderIsRefused) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(WriteWholeFile(folder / "pipe", "text"), WriteResult::kRefused);
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+  EXPECT_EQ(folder.Names(), Names{"pipe"});
+}
+
+// More than a pipe holds at once, so that the writer has to wait for the reader.
+TEST(SafeFileWriterPipes, PipeWithAReaderGetsTheWholeText) {
+  const TemporaryFolder folder;
+  const Path pipe = folder / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const std::string text(300000, 'x');
+  const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  ASSERT_EQ(::fcntl(reader, F_SETFL, 0), 0);
+  const pid_t writer = ::fork();
+  if (writer == 0) {
+    ::close(reader);
+    ::_exit(WriteWholeFile(pipe, text) == WriteResult::kWritten ? 0 : 1);
+  }
+  std::string read;
+  for (char part[4096];;) {
+    const ssize_t size = ::read(reader, part, sizeof part);
+    if (size > 0) read.append(part, static_cast<std::size_t>(size));
+    int status = 0;
+    if (size > 0) continue;
+    if (::waitpid(writer, &status, WNOHANG) == 0) continue;
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    break;
+  }
+  ::close(reader);
+  EXPECT_EQ(read, text);
+}
+
+TEST(SafeFileWriterPipes, LinkToAnOpenPipeIsWrittenTo) {
+  int ends[2] = {-1, -1};
+  ASSERT_EQ(::pipe(ends), 0);
+  const Path link = "/dev/fd/" + std::to_string(ends[1]);
+  if (!fs::exists(link)) GTEST_SKIP() << "the system has no names for what is open";
+  EXPECT_EQ(WriteWholeFile(link, "text"), WriteResult::kWritten);
+  char read[8] = {};
+  EXPECT_EQ(::read(ends[0], read, sizeof read), 4);
+  EXPECT_EQ(std::string(read), "text");
+  ::close(ends[0]);
+  ::close(ends[1]);
+}
+
+TEST(SafeFileWriterKeeps, OtherNamesOfTheFileAreTold) {
+  const TemporaryFolder folder;
+  const Path path = folder.Make("a.txt", "old");
+  fs::create_hard_link(path, folder / "b.txt");
+  SafeFileWriter writer(path);
+  writer.Write("new");
+  EXPECT_EQ(writer.Commit(), WriteResult::kWritten);
+  EXPECT_EQ(writer.not_kept(), Names{"the other names"});
+  EXPECT_EQ(ContentOf(folder / "b.txt"), "old");
 }
 
 TEST(TemporaryFiles, IgnoredSignalStaysIgnored) {

@@ -22,31 +22,41 @@ bool OnSomeScreen(const QRect& window) {
   return false;
 }
 
+// What fits the screen that the frame is on, or that of the place where it is to stand.
+QSize Bounded(QSize size, const QScreen& screen) { return size.boundedTo(screen.availableSize()); }
+
+const QScreen& ScreenAt(const QRect& window, const QWidget& frame) {
+  const QScreen* screen = QGuiApplication::screenAt(window.topLeft());
+  return screen ? *screen : *frame.screen();
+}
+
 }  // namespace
 
 FramePlace::FramePlace(QMainWindow& frame, SettingsStore& store, Platform& platform, Settings& settings)
     : frame_(frame), store_(store), platform_(platform), settings_(settings) {}
 
-void FramePlace::BoundLeastSize() { frame_.setMinimumSize(LeastSize().boundedTo(frame_.screen()->availableSize())); }
+void FramePlace::BoundLeastSize() { frame_.setMinimumSize(Bounded(LeastSize(), *frame_.screen())); }
 
 void FramePlace::UseDefaultSize() {
   frame_.showNormal();
-  frame_.resize(LeastSize());
+  frame_.resize(Bounded(LeastSize(), *frame_.screen()));
 }
 
 void FramePlace::ApplySize() {
   ReadFrameSize(settings_, store_);
   const FrameSize size = FrameSizeToApply(settings_);
-  if (!frame_.isMaximized() && !frame_.isFullScreen()) frame_.resize(Pixels(size.width), Pixels(size.height));
+  if (frame_.isMaximized() || frame_.isFullScreen()) return;
+  frame_.resize(Bounded({Pixels(size.width), Pixels(size.height)}, *frame_.screen()));
 }
 
 void FramePlace::Restore() {
   const auto place = WindowPlaceOf(store_.Read(std::string(kWindowPlaceSetting)).value_or(""));
   if (!place) return;
   const QRect usual(place->x, place->y, place->width, place->height);
+  const QScreen& screen = ScreenAt(usual, frame_);
   if (OnSomeScreen(usual)) frame_.move(usual.topLeft());
-  if (!place->maximised) return;
-  frame_.resize(usual.size().expandedTo(frame_.minimumSize()));
+  if (!place->maximised) return frame_.resize(Bounded(frame_.size(), screen));
+  frame_.resize(Bounded(usual.size().expandedTo(frame_.minimumSize()), screen));
   frame_.setWindowState(frame_.windowState() | Qt::WindowMaximized);
 }
 

@@ -187,7 +187,8 @@ void Data1::ToggleVariables() {
 }
 
 void Data1::ShowSession() {
-  if (grid_->ShowChanges()) ShowInfo();
+  // A save under another name changes the title and not a cell.
+  if (grid_->ShowChanges() || title_->text() != ToQt(session().data.GridTitle)) ShowInfo();
   if (format_) format_->ShowSession();
   if (variables_) variables_->ShowSession();
   ShowMarks();

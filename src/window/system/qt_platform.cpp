@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -106,6 +107,13 @@ Answer AnswerOf(int button, Buttons buttons) {
   return buttons == Buttons::kYesNo ? Answer::kNo : Answer::kCancel;
 }
 
+// What a preview asks for: to be shown, or to be printed by its button.
+bool PaintSeen(QPrinter& printer, const PrintJob& job) {
+  const bool is_shown = printer.paintEngine()->type() == QPaintEngine::Picture;
+  if (is_shown) return PaintJob(printer, job);
+  return PaintOnPrinter(printer, [&job](QPagedPaintDevice& device) { return PaintJob(device, job); });
+}
+
 }  // namespace
 
 PlatformFolders SystemFolders() {
@@ -173,34 +181,34 @@ QPrinter& QtPlatform::NewPrinter() {
 
 bool QtPlatform::PrintDocument(const QTextDocument& document) {
   if (!printer_) NewPrinter();
-  if (!printer_->isValid()) return false;
-  document.print(printer_.get());
-  return true;
+  return PaintOnPrinter(*printer_, [&](QPagedPaintDevice& device) {
+    document.print(&device);
+    return true;
+  });
 }
 
 bool QtPlatform::PrintPicture(const std::function<void(QPainter&, const QRectF&)>& paint) {
   QPrinter printer(QPrinter::HighResolution);
-  if (!printer.isValid()) return false;
   printer.setPageOrientation(QPageLayout::Landscape);
-  QPainter painter;
-  bool printed = painter.begin(&printer);
-  if (printed) {
-    paint(painter, QRectF(0, 0, printer.width(), printer.height()));
-    printed = painter.end() && printer.printerState() != QPrinter::Error;
-  }
-  return printed;
+  return PaintOnPrinter(printer, [&](QPagedPaintDevice& device) {
+    QPainter painter;
+    if (!painter.begin(&device)) return false;
+    paint(painter, QRectF(0, 0, device.width(), device.height()));
+    return painter.end();
+  });
 }
 
 bool QtPlatform::PrintPictures(int sheets, const std::function<void(QPainter&, const QRectF&, int)>& paint) {
   if (!printer_) NewPrinter();
-  if (!printer_->isValid()) return false;
-  QPainter painter;
-  if (!painter.begin(printer_.get())) return false;
-  for (int sheet = 0; sheet < sheets; ++sheet) {
-    if (sheet > 0 && !printer_->newPage()) return false;
-    paint(painter, QRectF(0, 0, printer_->width(), printer_->height()), sheet);
-  }
-  return painter.end() && printer_->printerState() != QPrinter::Error;
+  return PaintOnPrinter(*printer_, [&](QPagedPaintDevice& device) {
+    QPainter painter;
+    if (!painter.begin(&device)) return false;
+    for (int sheet = 0; sheet < sheets; ++sheet) {
+      if (sheet > 0 && !device.newPage()) return false;
+      paint(painter, QRectF(0, 0, device.width(), device.height()), sheet);
+    }
+    return painter.end();
+  });
 }
 
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
@@ -229,7 +237,7 @@ Answer QtPlatform::ShowMessage(const MessageBox& box) {
 bool QtPlatform::Print(const PrintJob& job) {
   if (!printer_) NewPrinter();
   if (!job.title.empty()) printer_->setDocName(ToQt(job.title));
-  return PaintJob(*printer_, job) && printer_->printerState() != QPrinter::Error;
+  return PaintOnPrinter(*printer_, [&job](QPagedPaintDevice& device) { return PaintJob(device, job); });
 }
 
 bool QtPlatform::Preview(const PrintJob& job) {
@@ -239,7 +247,7 @@ bool QtPlatform::Preview(const PrintJob& job) {
   form.setWindowTitle("Print Preview");
   bool painted = true;
   QObject::connect(&form, &QPrintPreviewDialog::paintRequested, &form,
-                   [&](QPrinter* printer) { painted = PaintJob(*printer, job); });
+                   [&](QPrinter* printer) { painted = PaintSeen(*printer, job); });
   form.exec();
   return painted;
 }
@@ -311,7 +319,7 @@ bool QtPlatform::PlaySoundFile(const Path& path) {
 
 bool QtPlatform::OpenDocument(const std::string& address) {
   const QString file = PathToQt(PathFromUtf8(address));
-  if (viewer_ && file.endsWith(".pdf", Qt::CaseInsensitive) && QFileInfo::exists(file)) return viewer_(file);
+  if (viewer_ && file.endsWith(".pdf", Qt::CaseInsensitive) && QFileInfo(file).isFile()) return viewer_(file);
   return OpenOnDesktop(QString::fromStdString(address));
 }
 
