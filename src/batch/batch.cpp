@@ -154,6 +154,7 @@ class BatchRun {
       return false;
     }
     batch_.files.output = PathFromUtf8(name);
+    if (!batch_.files.GuardsInput(*batch_.files.output)) return true;  // any data file is looked for at the end
     return OutputIsFree();
   }
 

@@ -68,7 +68,8 @@ SafeFileWriter::SafeFileWriter(const Path& path) : target_(BehindLinks(path)), f
   // Looked at here: whoever keeps the old file beside the new one gives it another name.
   other_names_ = replaces_ && fs::hard_link_count(target_, error) > 1 && !error;
   // A link that leads round has no target; a new name would walk around the protection of the old file.
-  if (fs::is_directory(status) || fs::is_symlink(target_, error) || (replaces_ && !MayWrite(target_))) {
+  if (fs::is_directory(status) || (!fs::exists(status) && fs::is_symlink(target_, error)) ||
+      (replaces_ && !MayWrite(target_))) {
     result_ = WriteResult::kRefused;
     return;
   }

@@ -8,12 +8,9 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrinter>
 #include <QStringList>
 #include <algorithm>
-#include <string_view>
 
-#include "platform/safe_file_writer.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -167,27 +164,6 @@ bool PaintJob(QPagedPaintDevice& device, const PrintJob& job) {
     if (!page_painter.Paint(sheet)) return false;
   }
   return painter.end();
-}
-
-bool PrintsToFile(const QPrinter& printer) {
-  return printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty();
-}
-
-bool PaintOnPrinter(QPrinter& printer, const std::function<bool(QPagedPaintDevice&)>& paint) {
-  if (!PrintsToFile(printer)) return printer.isValid() && paint(printer) && printer.printerState() != QPrinter::Error;
-  QByteArray pdf;
-  {
-    QBuffer buffer(&pdf);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setPageLayout(printer.pageLayout());
-    writer.setResolution(printer.resolution());
-    writer.setTitle(printer.docName());
-    writer.setCreator("Tessara " TESSARA_VERSION);
-    if (!paint(writer)) return false;
-  }
-  const std::string_view bytes(pdf.constData(), static_cast<std::size_t>(pdf.size()));
-  return WriteWholeFile(PathFromQt(printer.outputFileName()), bytes) == WriteResult::kWritten;
 }
 
 std::optional<QByteArray> MakePdf(const PrintJob& job) {

@@ -25,6 +25,7 @@
 #include "platform/files.h"
 #include "window/system/page_painter.h"
 #include "window/system/plain_text_rule.h"
+#include "window/system/printer_job.h"
 #include "window/system/progress_form.h"
 #include "window/widgets/text.h"
 
