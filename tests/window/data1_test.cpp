@@ -66,6 +66,14 @@ class Data1Test : public QObject {
     QVERIFY(!Shown("GridPart"));
   }
 
+  // A save under another name changes no cell.
+  void TheStripFollowsASaveAs() {
+    Load(1000, 3);
+    session_->data.GridTitle = "other.dcs";
+    view_->ShowSession();
+    QCOMPARE(Text("GridTitle"), QString("other.dcs"));
+  }
+
   void APartOfTheDataIsSaidToBeOne() {
     Load(1000, 301);
     QCOMPARE(Text("GridPart"), QString("Shows the first 100 of 1,000 records, first 300 of 301 variables"));

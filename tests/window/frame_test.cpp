@@ -452,10 +452,19 @@ class FrameTest : public QObject {
 
   void AStoredSizeBelowTheLeastIsRaised() {
     window().store().Write("Op7", "300");
-    window().store().Write("Op8", "20000");
+    window().store().Write("Op8", "11700");
     window().Start();
     QTRY_COMPARE(window().frame().height(), 7400 / 15);
-    QCOMPARE(window().frame().width(), 20000 / 15);
+    QCOMPARE(window().frame().width(), 11700 / 15);
+  }
+
+  void ASizeBeyondTheScreenIsBoundedByIt() {
+    window().store().Write("Op7", "60000");
+    window().store().Write("Op8", "90000");
+    window().Start();
+    const QSize screen = window().frame().screen()->availableSize();
+    QVERIFY(screen.width() < 90000 / 15 && screen.height() < 60000 / 15);
+    QTRY_COMPARE(window().frame().size(), screen);
   }
 
   void TheSizeIsStoredAtTheClose() {

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,10 +17,12 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 
+#include "platform/file_calls.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -39,6 +43,11 @@ class QtPlatformTest : public QObject {
   Path Write(const char* name, const std::string& content = "x") const {
     std::ofstream(folder() / name, std::ios::binary) << content;
     return folder() / name;
+  }
+
+  static QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
   // Waits for a dialog of that type and hands it to `answer`; one that stays open is closed, so that a test fails
@@ -417,6 +426,34 @@ class QtPlatformTest : public QObject {
     QVERIFY(choice);
     QCOMPARE(choice->copies, 3);
     QCOMPARE(dialogs_announced_, 1);
+  }
+
+  // The device is full at the first byte that is written to it.
+  void AFileThatCannotBePrintedToStaysAsItWas() {
+    const QString target = temporary_->filePath("out.pdf");
+    const auto print = [&] {
+      WhenOpen<QPrintDialog>([&](QPrintDialog& form) {
+        form.printer()->setOutputFormat(QPrinter::PdfFormat);
+        form.printer()->setOutputFileName(target);
+        form.done(QDialog::Accepted);
+      });
+      return platform().AskPrint({"Print", false}) && platform().Print(JobOfPages({"A page\r\n"}));
+    };
+    QVERIFY(print());
+    QVERIFY(Bytes(target).startsWith("%PDF"));
+    QFile old(target);
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("the old file");
+    old.close();
+    CallsOfFiles().write = [](int, const char*, std::size_t) -> std::int64_t {
+      errno = ENOSPC;
+      return -1;
+    };
+    const bool printed = print();
+    CallsOfFiles() = SystemFileCalls();
+    QVERIFY(!printed);
+    QCOMPARE(Bytes(target), QByteArray("the old file"));
+    QCOMPARE(QDir(temporary_->path()).entryList({"out*"}, QDir::Files | QDir::Hidden), QStringList("out.pdf"));
   }
 
   void APrintThatIsCancelledYieldsNothing() {
