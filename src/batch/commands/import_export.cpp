@@ -18,7 +18,7 @@ constexpr OptionRow kImportOptions[] = {
 
 constexpr OptionRow kExportOptions[] = {
     {"--delimiter", "comma|tab", "what stands between the fields", OptionValue::kNeeded},
-    {"--overwrite", "", "also over a file that this run works on", OptionValue::kNone},
+    {"--overwrite", "", "also over a file that this run works on, or any data file", OptionValue::kNone},
 };
 
 bool IsCommaFile(const Path& path) {
@@ -71,19 +71,22 @@ CommandResult RunImport(Batch& batch, const CommandWords& words) {
   return Done();
 }
 
+// A text may replace another one, but neither data nor the log.
+std::string WhyNotExportedTo(const Batch& batch, const Path& path, bool overwrite) {
+  if (batch.files.GuardsOutput(path) && !overwrite) {
+    return Quoted(PathToUtf8(path)) + " is the file of --output; --overwrite writes over it";
+  }
+  return WhyNotPrintedTo(batch, path, overwrite);
+}
+
 CommandResult RunExport(Batch& batch, const CommandWords& words) {
   const std::string& name = words.words[0];
   if (!IsPossiblePath(name)) return NotUnderstood(Quoted(name) + " is not a path");
   const std::string delimiter = words.Value("--delimiter").value_or("comma");
   if (delimiter != "comma" && delimiter != "tab") return NotUnderstood(Quoted(delimiter) + " is neither comma nor tab");
   const Path path = PathFromUtf8(name);
-  const bool overwrite = words.Has("--overwrite");
-  if (batch.files.GuardsInput(path) && !overwrite) {
-    return NotUnderstood(Quoted(name) + " is a file that this run works on; --overwrite writes over it");
-  }
-  if (batch.files.GuardsOutput(path) && !overwrite) {
-    return NotUnderstood(Quoted(name) + " is the file of --output; --overwrite writes over it");
-  }
+  const std::string refusal = WhyNotExportedTo(batch, path, words.Has("--overwrite"));
+  if (!refusal.empty()) return NotUnderstood(refusal);
   ShowExportReminder(batch.platform);
   ExportData(batch.session, path, delimiter == "tab" ? '\t' : ',');
   return Done();
@@ -118,8 +121,8 @@ constinit const CommandRow kExportCommand{
     .details =
         "Writes the names of the variables and all records to PATH, a line each, with commas or tabs\n"
         "between the cells and without quotes. Labels, missing values and notes are not exported.\n"
-        "The script, the data files that the run has opened or saved and the file of the program's\n"
-        "option --output are refused without --overwrite.\n",
+        "The script, the files that the run works on, the file of the program's option --output and\n"
+        "all data files are refused without --overwrite.\n",
     .example = "export cleaned.csv",
     .options = kExportOptions,
     .most_words = 1,

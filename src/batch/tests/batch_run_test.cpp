@@ -464,12 +464,16 @@ TEST_F(BatchRunTest, SaveLooksBehindTheFirstLineOfWhatItReplaces) {
   }
 }
 
-TEST_F(BatchRunTest, NeitherThePagesNorTheLogReplaceADataFile) {
+TEST_F(BatchRunTest, NeitherPagesNorTextNorTheLogReplaceADataFile) {
   const std::string data = WriteData();
   const std::string before = FileContent(data);
   const Outcome print = RunScript("statistics\nprint " + data + "\n");
   EXPECT_EQ(print.status, 2);
   EXPECT_TRUE(print.err.ends_with(" is a data file; --overwrite writes over it\n")) << print.err;
+  const Outcome text = RunScript("export " + data + "\n");
+  EXPECT_EQ(text.status, 2);
+  EXPECT_NE(text.err.find("\"" + data + "\" is a data file; --overwrite writes over it\n"), std::string::npos)
+      << text.err;
   const Outcome log = Run({"-o", data, "statistics"});
   EXPECT_EQ(log.status, 2);
   EXPECT_TRUE(log.err.ends_with(" is a data file; --overwrite writes over it\n")) << log.err;
