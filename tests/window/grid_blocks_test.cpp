@@ -280,6 +280,20 @@ class GridBlocksTest : public QObject {
     QCOMPARE(Cell(3, 2), std::string("3.2"));
   }
 
+  // Ahead of the first variable the cursor stands in the corner, which selects nothing.
+  void AfterTheFirstVariableOneMoreIsDeletedAtATime() {
+    PutCursor(0, 1);
+    window().Trigger(210);
+    QCOMPARE(data().VariableCount, std::size_t{11});
+    QCOMPARE(Cursor(), (GridPlace{0, 0}));
+    QVERIFY(!grid()->selectionModel()->hasSelection());
+    Press(Qt::Key_Delete);
+    QCOMPARE(data().VariableName(1), std::string("B"));
+    window().Trigger(210);
+    QCOMPARE(data().VariableCount, std::size_t{10});
+    QCOMPARE(data().VariableName(1), std::string("C"));
+  }
+
   void WithTheCursorInACellNothingIsDeleted() {
     PutCursor(3, 3);
     window().Trigger(209);

@@ -114,6 +114,19 @@ class GridEntryTest : public QObject {
     QCOMPARE(SavedRecords(file_), std::string("Ann|11|Bern\nBob|22|Oslo\nCid|33|Rome\n"));
   }
 
+  void WhatIsTypedBehindACommandGoesOnInTheGrid() {
+    PutCursor(1, 2);
+    Type("77");
+    QCOMPARE(window().frame().focusWidget(), static_cast<QWidget*>(box()));
+    window().Trigger(103);
+    QCOMPARE(window().frame().focusWidget(), static_cast<QWidget*>(grid()));
+    Press(Qt::Key_Right);
+    Type("88");
+    Press(Qt::Key_Return);
+    QCOMPARE(Cell(1, 2), std::string("77"));
+    QCOMPARE(Cell(1, 3), std::string("88"));
+  }
+
   void UpInTheFirstRecordAndLeftInTheFirstVariableLeaveTheFlag() {
     PutCursor(1, 2);
     Type("9");

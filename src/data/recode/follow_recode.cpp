@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "data/change_door.h"
+
 namespace tessara {
 namespace {
 
@@ -16,7 +18,6 @@ void FollowColumns(RecodePanel& panel, const ChangeNote& note) {
     if (*column == 0) box->clear();
   }
   panel.made_column = ColumnBehind(panel.made_column, note);
-  if (panel.made_column == 0) panel.NewVariableMade = false;
 }
 
 void FollowFindRow(RecodePanel& panel, const ChangeNote& note) {
@@ -28,6 +29,8 @@ void FollowFindRow(RecodePanel& panel, const ChangeNote& note) {
 // What was replaced belonged to the data that have gone.
 void ForgetData(RecodePanel& panel) {
   panel.UndoColumn.reset();
+  panel.NewVariableMade = false;
+  panel.made_mode = RecodeMode::kNone;
   panel.made_name.clear();
   panel.FindRow = 0;
   panel.Label21 = false;
@@ -50,6 +53,10 @@ void FollowRecodeData(RecodePanel& panel, const DataSet& data) {
   panel.followed_revision = data.Revision();
   if (!notes) return FollowNote(panel, {ChangeKind::kWholeData, {}});  // too much has happened
   for (const ChangeNote& note : *notes) FollowNote(panel, note);
+  // Behind a deleted column the next run goes on in the one that is the last now; a run that was taken back is made
+  // anew.
+  const bool taken_back = panel.made_column == 0 && CanRedo(data);
+  if (taken_back) panel.NewVariableMade = false;
 }
 
 }  // namespace tessara

@@ -183,7 +183,7 @@ void ReplaceText::ReserveFor(std::string_view text, std::size_t at) {
 
 NewCell ReplaceText::operator()(std::size_t record) {
   const TaggedView cell = source_->Cell(record);
-  if (find_.empty() && cell.is_blank()) return TaggedView(replacement_);
+  if (cell.is_blank()) return TaggedView(find_.empty() ? std::string_view(replacement_) : std::string_view());
   const std::string_view text = TextOf(cell, buffer_);
   std::size_t at = find_.empty() ? text.npos : text.find(find_);
   if (at == text.npos) return TaggedView(text);

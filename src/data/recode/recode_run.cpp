@@ -49,18 +49,30 @@ bool AlwaysAddsColumn(const RecodePanel& panel) {
   }
 }
 
-// Trim alone goes on in its own column under whatever name.
+// Recode goes on under one name. Compute and Trim do until they are opened anew.
 bool NameGoesOn(const RecodePanel& panel, const std::string& name) {
-  const bool trims_on = panel.mode == RecodeMode::kTrim && panel.made_mode == RecodeMode::kTrim;
-  return name == panel.made_name || trims_on;
+  return panel.mode != RecodeMode::kRecode || (panel.made_mode == RecodeMode::kRecode && name == panel.made_name);
 }
 
-// A run of another panel with another name ends the going on, also one that is refused.
+// A run of another panel with another name ends the going on of Recode, also one that is refused; none under the old
+// name takes it up again.
 void NoteNewName(RecodePanel& panel) {
   const std::string* name = NewNameBox(panel);
   if (!name) return;
+  if (panel.mode != RecodeMode::kRecode) {
+    if (*name != panel.made_name) panel.made_mode = RecodeMode::kNone;
+    return;
+  }
   if (!NameGoesOn(panel, *name)) panel.NewVariableMade = false;
+  panel.made_mode = RecodeMode::kRecode;
   panel.made_name = *name;
+}
+
+// The last column need not be the one that the going on began with.
+void TellOtherColumn(const RecodePanel& panel, const DataSet& data, Status& status) {
+  if (panel.made_column == data.VariableCount) return;
+  const std::string name = data.VariableName(data.VariableCount).substr(0, kMostOfAName);
+  status.ShowNote("the run went on in the last variable, " + name);
 }
 
 // Writes what the rule makes of the records into a column. Yields the number of cells that show another text.
@@ -149,7 +161,6 @@ std::size_t AddVariable(RecodePanel& panel, DataSet& data, Platform& platform) {
   if (may_go_on) {
     panel.NewVariableMade = true;
     panel.made_column = data.VariableCount;
-    panel.made_mode = panel.mode;
   }
   if (panel.mode == RecodeMode::kCombine && panel.combine_option == CombineOption::kDivided) {
     MarkQuotients(panel, data.VariableCount);
@@ -169,8 +180,10 @@ std::size_t ChangeVariable(const RecodePanel& panel, DataSet& data, Platform& pl
 }
 
 std::size_t MakeVariable(RecodePanel& panel, DataSet& data, Platform& platform) {
-  const std::size_t changed = RunGoesOn(panel, data) ? ChangeVariable(panel, data, platform, data.VariableCount)
-                                                     : AddVariable(panel, data, platform);
+  const bool goes_on = RunGoesOn(panel, data);
+  const std::size_t changed =
+      goes_on ? ChangeVariable(panel, data, platform, data.VariableCount) : AddVariable(panel, data, platform);
+  if (goes_on) TellOtherColumn(panel, data, platform);
   EndOfRun(panel, data);
   return changed;
 }

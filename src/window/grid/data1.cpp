@@ -324,6 +324,8 @@ void Data1::LeaveEntry(EntryLeft left) {
 }
 
 void Data1::CloseEntry() {
+  // A box that is hidden hands the focus on to its neighbour; what is typed next belongs to the grid.
+  if (window()->focusWidget() == text_) grid_->setFocus();
   text_->hide();
   text_->clear();
   ShowSession();

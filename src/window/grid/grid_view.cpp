@@ -177,8 +177,11 @@ void GridView::ShowBlock() {
   const GridPlace cursor = CursorOf(data_);
   shown_cursor_ = cursor;
   block_ = BlockBetween(cursor, end_);
-  if (cursor.row == 0) block_.last_row = data_.GridRecords();
-  if (cursor.column == 0) block_.last_column = data_.GridVariables();
+  // A heading stands for its variable, a record number for its record; the corner that is left when the first of them
+  // is deleted stands for nothing.
+  const bool corner = cursor == GridPlace{0, 0};
+  if (cursor.row == 0 && !corner) block_.last_row = data_.GridRecords();
+  if (cursor.column == 0 && !corner) block_.last_column = data_.GridVariables();
   const QModelIndex first = model()->index(std::max(At(block_.first_row), 0), std::max(At(block_.first_column), 0));
   const QModelIndex last = model()->index(At(block_.last_row), At(block_.last_column));
   const QModelIndex current = model()->index(std::max(At(cursor.row), 0), std::max(At(cursor.column), 0));

@@ -150,11 +150,12 @@ TEST_F(FindReplaceTest, AnEmptyFindBoxFillsTheBlankCells) {
   EXPECT_EQ(Cells(1), (Texts{"'1'", "'9'", "'9'", "'9'", "'5'", "' '"}));
 }
 
+// The number 0 is blank, and so becomes empty text.
 TEST_F(FindReplaceTest, EveryVisitedCellBecomesText) {
   Make({{"A", {5.0, 15.0, TaggedValue(), "x", 0.0}}});
   FillReplace(1, "1", "");
-  EXPECT_EQ(Run().changed_cells, 1u);
-  EXPECT_EQ(Cells(1), (Texts{"'5'", "'5'", "''", "'x'", "'0'"}));
+  EXPECT_EQ(Run().changed_cells, 2u);
+  EXPECT_EQ(Cells(1), (Texts{"'5'", "'5'", "''", "'x'", "''"}));
 }
 
 TEST_F(FindReplaceTest, ReplaceNeedsAVariableAlone) {

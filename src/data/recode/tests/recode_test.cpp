@@ -183,6 +183,21 @@ TEST_F(RecodeTest, ARunOfAnotherPanelWithAnotherNameEndsTheGoingOn) {
   EXPECT_EQ(Cells(5), Texts{"'b'"});
 }
 
+TEST_F(RecodeTest, ALineOfTheOldNameDoesNotTakeUpWhatAnotherNameHasEnded) {
+  Make({{"A", {"1", "2"}}, {"B", {"5", "6"}}});
+  FillRecode(1, "G", RecodeOption::kEqualTo, "1", "low");
+  Run();
+  FillTrim(2, "X", "5", "6");
+  Run();
+  FillTrim(2, "G", "5", "6");
+  Run();
+  FillRecode(1, "G", RecodeOption::kEqualTo, "2", "high");
+  Run();
+  EXPECT_EQ(data.VariableCount, 6u);
+  EXPECT_EQ(Cells(5), (Texts{"'5'", "'6'"}));
+  EXPECT_EQ(Cells(6), (Texts{"-", "'high'"}));
+}
+
 TEST_F(RecodeTest, ItGoesOnInTheLastColumnWhateverARunOfTheSameNameHasAdded) {
   Make({{"A", {"1"}}, {"B", {"2"}}});
   FillRecode(1, "G", RecodeOption::kEqualTo, "1", "a");
@@ -297,7 +312,7 @@ TEST_F(RecodeTest, DataWithoutRecordsGetAnEmptyVariable) {
   EXPECT_EQ(data.VariableCount, 2u);
 }
 
-TEST_F(RecodeTest, DeletedColumnsMoveThePickedVariableAndEndTheGoingOn) {
+TEST_F(RecodeTest, DeletedColumnsMoveThePickedVariableAndTheGoingOn) {
   Make({{"A", {"1"}}, {"B", {"1"}}, {"C", {"1"}}});
   FillRecode(3, "G", RecodeOption::kEqualTo, "1", "x");
   Run();
@@ -307,10 +322,11 @@ TEST_F(RecodeTest, DeletedColumnsMoveThePickedVariableAndEndTheGoingOn) {
   EXPECT_TRUE(panel.NewVariableMade);
   ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 3, 1, "Delete")));
   Follow();
-  EXPECT_FALSE(panel.NewVariableMade);
+  EXPECT_TRUE(panel.NewVariableMade);
   Run();
-  EXPECT_EQ(data.VariableCount, 3u);
-  EXPECT_EQ(Cells(2), Texts{"'1'"});
+  EXPECT_EQ(data.VariableCount, 2u);
+  EXPECT_EQ(Cells(2), Texts{"'x'"});
+  EXPECT_EQ(platform.notes, std::vector<std::string>{"the run went on in the last variable, C"});
   ASSERT_TRUE(ApplyChange(data, RemoveColumns(data, 2, 1, "Delete")));
   Follow();
   EXPECT_EQ(panel.RecodeColumn, 0u);
