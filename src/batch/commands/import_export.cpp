@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "batch/commands/commands.h"
+#include "batch/commands/open_save.h"
 #include "batch/words/script_line.h"
 #include "data/exchange/export.h"
 #include "platform/files.h"
