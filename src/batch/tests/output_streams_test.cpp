@@ -91,7 +91,7 @@ TEST(OutputStreams, AReaderThatHasGoneIsNoError) {
   const auto notes = std::filesystem::temp_directory_path() / "tessara-closed-pipe.dcs";
   std::filesystem::remove(notes);
   const Outcome run =
-      RunInto(::fdopen(ends[1], "w"), "statistics\nstatistics\nnotes seen\nsave " + notes.string() + "\n");
+      RunInto(::fdopen(ends[1], "w"), "statistics\nstatistics\ncell 1 V2 5\nnotes seen\nsave " + notes.string() + "\n");
   std::signal(SIGPIPE, before);
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");

@@ -68,11 +68,11 @@ void NoteNewName(RecodePanel& panel) {
   panel.made_name = *name;
 }
 
-// The last column need not be the one that the going on began with.
+// The last column need not be the one that the going on began with, nor carry its name.
 void TellOtherColumn(const RecodePanel& panel, const DataSet& data, Status& status) {
-  if (panel.made_column == data.VariableCount) return;
-  const std::string name = data.VariableName(data.VariableCount).substr(0, kMostOfAName);
-  status.ShowNote("the run went on in the last variable, " + name);
+  const std::string name = data.VariableName(data.VariableCount);
+  if (panel.made_column == data.VariableCount || name == Trimmed(*NewNameBox(panel))) return;
+  status.ShowNote("the run went on in the last variable, " + name.substr(0, kMostOfAName));
 }
 
 // Writes what the rule makes of the records into a column. Yields the number of cells that show another text.
