@@ -5,6 +5,7 @@
 #include "bench_data.h"
 #include "data/change_door.h"
 #include "data/recode/find_cells.h"
+#include "data/recode/follow_recode.h"
 #include "data/recode/recode_run.h"
 
 namespace tessara {
@@ -15,6 +16,7 @@ constexpr std::size_t kDateColumn = 20;
 struct RecodeBench : BenchData {
   RecodeBench() {
     data.history.SetLimit(0);
+    FollowRecodeData(recode, data);
     for (const std::size_t column : {kCodedColumn, kAgeColumn, kNumberColumn, kNumberColumn + 1}) {
       data.matrix.Numbers(column, data.RecordCount);
     }
@@ -35,8 +37,9 @@ struct RecodeBench : BenchData {
   void Measure(benchmark::State& state) {
     const std::size_t variables = data.VariableCount;
     for (auto _ : state) {
-      RunRecodePanel(recode, data, platform);
+      const RecodeOutcome outcome = RunRecodePanel(recode, data, platform);
       state.PauseTiming();
+      if (outcome.refused) state.SkipWithError("the run was refused");
       while (data.VariableCount > variables) ApplyChange(data, RemoveColumns(data, data.VariableCount, 1, {}));
       recode.NewVariableMade = false;
       state.ResumeTiming();

@@ -342,6 +342,17 @@ class DataRecodeTest : public QObject {
     Press("Run");
     QCOMPARE(SavedRecords("<b>N</b>|<u>G"), QStringList{"<img src=x>|<i>"});
   }
+
+  void NoBoxIsSqueezedInAnyMode() {
+    for (const int mode : {kRecode, kCompute, kCombine, kDates, kTrim}) {
+      window().Trigger(mode);
+      QTest::qWait(20);
+      for (const auto* box : window().Find<QDialog>("DataRecode")->findChildren<QLineEdit*>()) {
+        if (!box->isVisible()) continue;
+        QVERIFY2(box->height() >= box->sizeHint().height(), qPrintable(box->objectName()));
+      }
+    }
+  }
 };
 
 }  // namespace tessara

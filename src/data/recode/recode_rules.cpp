@@ -177,7 +177,8 @@ void ReplaceText::ReserveFor(std::string_view text, std::size_t at) {
   for (; at != text.npos; at = text.find(find_, at + find_.size())) {
     size += static_cast<double>(replacement_.size()) - static_cast<double>(find_.size());
   }
-  if (size > static_cast<double>(MachineMemory()) / 4) throw std::bad_alloc();
+  constexpr double kAlwaysThere = 1 << 20;  // bytes; asking the machine for each cell takes longer than replacing in it
+  if (size > kAlwaysThere && size > static_cast<double>(MachineMemory()) / 4) throw std::bad_alloc();
   text_.reserve(static_cast<std::size_t>(size));
 }
 

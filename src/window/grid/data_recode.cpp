@@ -4,8 +4,10 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "data/recode/recode_run.h"
@@ -116,9 +118,10 @@ void DataRecode::Connect() {
 
 void DataRecode::Open() {
   stale_ = true;
-  show();
   ShowMode();
+  show();
   ShowSession();
+  GrowToContent();
   raise();
   activateWindow();
   if (session_.recode.RecodeColumn == 0) {
@@ -126,6 +129,14 @@ void DataRecode::Open() {
   } else {
     pages_->FocusFirst();
   }
+}
+
+// The text on top takes more lines in a narrow panel, which the size hint alone does not know.
+void DataRecode::GrowToContent() {
+  layout()->activate();
+  const QSize wanted = size().expandedTo(sizeHint());
+  const int height = std::max(wanted.height(), layout()->totalHeightForWidth(wanted.width()));
+  resize(QSize(wanted.width(), height).boundedTo(screen()->availableSize()));
 }
 
 void DataRecode::ShowMode() {

@@ -40,6 +40,7 @@ class DataRecode : public QDialog {
   QPushButton* MakeButton(const char* name, const QString& caption, const QString& tip);
   void Connect();
 
+  void GrowToContent();
   void ShowMode();
   void ShowVariables();
   void ShowPreview();
