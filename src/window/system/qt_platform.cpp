@@ -21,6 +21,8 @@
 #include <QTextDocument>
 #include <QTimer>
 #include <QUrl>
+#include <cstdlib>
+#include <new>
 
 #include "platform/files.h"
 #include "window/system/page_painter.h"
@@ -108,6 +110,15 @@ Answer AnswerOf(int button, Buttons buttons) {
   return buttons == Buttons::kYesNo ? Answer::kNo : Answer::kCancel;
 }
 
+// A dialog of the window system's ends the program when the memory fails it midway, some of it in threads of their own.
+// Asked for ahead of it, the memory can be refused in good order: std::bad_alloc comes out.
+void RequireRoomForDialog() {
+  constexpr std::size_t kRoom = std::size_t{32} << 20;
+  void* const volatile room = std::malloc(kRoom);  // NOLINT: only tried
+  if (!room) throw std::bad_alloc();
+  std::free(room);  // NOLINT
+}
+
 // What a preview asks for: to be shown, or to be printed by its button.
 bool PaintSeen(QPrinter& printer, const PrintJob& job) {
   const bool is_shown = printer.paintEngine()->type() == QPaintEngine::Picture;
@@ -151,6 +162,7 @@ QWidget* QtPlatform::DialogParent() const {
 }
 
 std::optional<ChosenFile> QtPlatform::AskFile(const FileDialog& dialog, bool to_save) {
+  RequireRoomForDialog();
   BeforeDialog();
   const PlainCursor cursor;
   QFileDialog form(DialogParent(), ToQt(dialog.title), StartFolder(dialog.initial_folder));
@@ -213,6 +225,7 @@ bool QtPlatform::PrintPictures(int sheets, const std::function<void(QPainter&, c
 }
 
 std::optional<PrintChoice> QtPlatform::AskPrint(const PrintDialog& dialog) {
+  RequireRoomForDialog();
   BeforeDialog();
   const PlainCursor cursor;
   QPrintDialog form(&NewPrinter(), DialogParent());
@@ -242,6 +255,7 @@ bool QtPlatform::Print(const PrintJob& job) {
 }
 
 bool QtPlatform::Preview(const PrintJob& job) {
+  RequireRoomForDialog();
   BeforeDialog();
   const PlainCursor cursor;
   QPrintPreviewDialog form(&NewPrinter(), DialogParent());
