@@ -1,96 +1,10 @@
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
-
-#include "batch/batch.h"
 #include "batch/run_command.h"
+#include "batch/tests/batch_run_fixture.h"
 
-// Commands run in this process. Reports are looked at in tests/reports; here it is what a line does and what it
-// refuses.
+// What a line of a script does and what it refuses. Reports are looked at in tests/reports.
 
 namespace tessara {
 namespace {
-
-namespace fs = std::filesystem;
-using Words = std::vector<std::string>;
-
-constexpr const char* kSeparator = "\n<Page Break>\n\n\n";
-
-std::string Content(std::FILE* file) {
-  std::string text;
-  std::rewind(file);
-  for (int c = 0; (c = std::fgetc(file)) != EOF;) text.push_back(static_cast<char>(c));
-  std::fclose(file);
-  return text;
-}
-
-std::string FileContent(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-struct Outcome {
-  int status = 0;
-  std::string out;
-  std::string err;
-};
-
-class BatchRunTest : public testing::Test {
- protected:
-  void SetUp() override {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::temp_directory_path() / ("tessara-batch-" + std::to_string(getpid()) + "-" + test->name());
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string In(const std::string& name) const { return (folder_ / name).string(); }
-
-  std::string Write(const std::string& name, const std::string& content) const {
-    std::ofstream(folder_ / name, std::ios::binary) << content;
-    return In(name);
-  }
-
-  // Three records of the variables A and B; the notes "note".
-  std::string WriteData(const std::string& name = "data.dcs") const {
-    std::string text = "3 2 Tessara data\x01note\r\n";
-    for (int i = 1; i < 15; ++i) text += "\x01\r\n";
-    text +=
-        "A\x01"
-        "B\r\n1\x01"
-        "5\r\n2\x01"
-        "6\r\n2\x01"
-        "7\r\n";
-    return Write(name, text);
-  }
-
-  Outcome Run(const Words& arguments, const std::string& input = "") const {
-    std::FILE* in = std::tmpfile();
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    std::fwrite(input.data(), 1, input.size(), in);
-    std::rewind(in);
-    Outcome outcome;
-    outcome.status = RunBatch(arguments, {in, out, err});
-    outcome.out = Content(out);
-    outcome.err = Content(err);
-    std::fclose(in);
-    return outcome;
-  }
-
-  Outcome RunScript(const std::string& script) const { return Run({"-s", "-"}, script); }
-
-  fs::path folder_;
-};
 
 TEST_F(BatchRunTest, StatisticsWritesSevenLinesAndTheSeparator) {
   const Outcome run = Run({"statistics"});
@@ -359,183 +273,6 @@ TEST_F(BatchRunTest, PrintThatFailsShowsItsBox) {
   EXPECT_EQ(Run({"print"}).err, "tessara-cli: print: PATH is missing\n");
 }
 
-TEST_F(BatchRunTest, TheLogDoesNotReplaceTheDataFileOfTheRun) {
-  const std::string data = WriteData();
-  const std::string before = FileContent(data);
-  const Outcome run = Run({"-o", data, data, "statistics"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.out, "");
-  EXPECT_TRUE(run.err.ends_with("is a file that this run works on; --overwrite writes over it\n")) << run.err;
-  EXPECT_EQ(FileContent(data), before);
-  EXPECT_EQ(Run({"--overwrite", "-o", data, data, "statistics"}).status, 0);
-  EXPECT_TRUE(FileContent(data).starts_with("Number of Observations: 3\r\n"));
-}
-
-TEST_F(BatchRunTest, TheLogDoesNotReplaceTheScript) {
-  const std::string script = Write("s.txt", "statistics\n");
-  EXPECT_EQ(Run({"-s", script, "-o", script}).status, 2);
-  EXPECT_EQ(FileContent(script), "statistics\n");
-}
-
-TEST_F(BatchRunTest, LinksLeadToTheSameFile) {
-  const std::string data = WriteData();
-  const std::string before = FileContent(data);
-  fs::create_hard_link(data, In("hard.dcs"));
-  fs::create_symlink(data, In("soft.dcs"));
-  for (const std::string name : {"hard.dcs", "soft.dcs"}) {
-    EXPECT_EQ(Run({"-o", In(name), data, "statistics"}).status, 2) << name;
-    const Outcome print = RunScript("open " + data + "\nstatistics\nprint " + In(name) + "\n");
-    EXPECT_EQ(print.status, 2) << name;
-    EXPECT_TRUE(print.err.starts_with("-:3: print: ")) << print.err;
-    EXPECT_EQ(FileContent(In(name)), before) << name;
-  }
-}
-
-// The line that opens it is refused, nothing of the script behind it runs, and the log so far is printed instead.
-TEST_F(BatchRunTest, TheFileOfTheLogIsNotOpened) {
-  const std::string data = WriteData();
-  const std::string before = FileContent(data);
-  const Outcome run = Run({"-o", data, "-s", "-"}, "statistics\nopen " + data + "\nstatistics\n");
-  EXPECT_EQ(run.status, 2);
-  EXPECT_TRUE(run.err.starts_with("-:2: open: ")) << run.err;
-  EXPECT_EQ(run.out, Run({"statistics"}).out);
-  EXPECT_EQ(FileContent(data), before);
-}
-
-TEST_F(BatchRunTest, TheFileOfTheLogIsNotSavedTo) {
-  const Outcome run = Run({"-o", In("log.dcs"), "-s", "-"}, "statistics\nsave " + In("log.dcs") + "\n");
-  EXPECT_EQ(run.status, 2);
-  EXPECT_TRUE(run.err.starts_with("-:2: save: ")) << run.err;
-  EXPECT_EQ(FileContent(In("log.dcs")), Run({"--bytes", "statistics"}).out);
-}
-
-// A link that led nowhere when the run began leads to the data at its end.
-TEST_F(BatchRunTest, AFileThatTheRunHasSavedIsGuardedAtTheEnd) {
-  fs::create_symlink(In("later.dcs"), In("log.txt"));
-  const std::string data = WriteData();
-  const Outcome run =
-      Run({"-o", In("log.txt"), "-s", "-"}, "open " + data + "\nsave " + In("later.dcs") + "\nstatistics\n");
-  EXPECT_EQ(run.status, 2);
-  EXPECT_TRUE(FileContent(In("later.dcs")).starts_with("3 2 Tessara data"));
-  EXPECT_TRUE(run.out.starts_with("Number of Observations: 3\n"));
-}
-
-TEST_F(BatchRunTest, PrintDoesNotReplaceADataFileOfTheRun) {
-  const std::string data = WriteData();
-  const std::string before = FileContent(data);
-  const std::string open = "open " + data + "\nstatistics\n";
-  EXPECT_EQ(RunScript(open + "new\nprint " + data + "\n").status, 2);
-  EXPECT_EQ(RunScript(open + "save " + In("b.dcs") + "\nprint " + In("b.dcs") + "\n").status, 2);
-  EXPECT_EQ(FileContent(data), before);
-  EXPECT_EQ(RunScript(open + "print --overwrite " + data + "\n").status, 0);
-  EXPECT_NE(FileContent(data).find("Page 1 "), std::string::npos);
-}
-
-TEST_F(BatchRunTest, SaveDoesNotReplaceAFileThatIsNoDataFile) {
-  const std::string data = WriteData();
-  const std::string open = "open " + data + "\n";
-  for (const std::string content :
-       {"Dear reader", "1\r\n", "12 x\r\n", "-1 2 Tessara data\r\n", "x", "1 1", "2 3\n", "1 2 x", "12 34 56\n"}) {
-    const std::string letter = Write("letter.txt", content);
-    const Outcome run = RunScript(open + "save " + letter + "\nstatistics\n");
-    EXPECT_EQ(run.status, 2) << content;
-    EXPECT_EQ(run.out, "") << content;
-    EXPECT_TRUE(run.err.ends_with(" is no data file; --overwrite writes over it\n")) << run.err;
-    EXPECT_EQ(FileContent(letter), content);
-    EXPECT_EQ(RunScript(open + "save " + letter + " --overwrite\n").status, 0);
-    EXPECT_TRUE(FileContent(letter).starts_with("3 2 Tessara data"));
-  }
-}
-
-// So many line ends.
-std::string Lines(int count) {
-  std::string text;
-  while (count-- > 0) text += "\r\n";
-  return text;
-}
-
-// Two numbers at its start make no data file of a table, nor do empty lines ahead of a text.
-TEST_F(BatchRunTest, SaveLooksBehindTheFirstLineOfWhatItReplaces) {
-  const std::string open = "open " + WriteData() + "\n";
-  for (const std::string& content : {"1 1 other\r\n" + Lines(15) + "A\r\n5\r\n", Lines(300) + "Dear reader"}) {
-    const std::string other = Write("other.txt", content);
-    EXPECT_EQ(RunScript(open + "save " + other + "\n").status, 2) << content;
-    EXPECT_EQ(FileContent(other), content);
-  }
-}
-
-TEST_F(BatchRunTest, NeitherPagesNorTextNorTheLogReplaceADataFile) {
-  const std::string data = WriteData();
-  const std::string before = FileContent(data);
-  const Outcome print = RunScript("statistics\nprint " + data + "\n");
-  EXPECT_EQ(print.status, 2);
-  EXPECT_TRUE(print.err.ends_with(" is a data file; --overwrite writes over it\n")) << print.err;
-  const Outcome text = RunScript("export " + data + "\n");
-  EXPECT_EQ(text.status, 2);
-  EXPECT_NE(text.err.find("\"" + data + "\" is a data file; --overwrite writes over it\n"), std::string::npos)
-      << text.err;
-  const Outcome log = Run({"-o", data, "statistics"});
-  EXPECT_EQ(log.status, 2);
-  EXPECT_TRUE(log.err.ends_with(" is a data file; --overwrite writes over it\n")) << log.err;
-  EXPECT_EQ(log.out, Run({"statistics"}).out);
-  EXPECT_EQ(FileContent(data), before);
-  EXPECT_EQ(Run({"--overwrite", "-o", data, "statistics"}).status, 0);
-  EXPECT_NE(FileContent(data), before);
-}
-
-TEST_F(BatchRunTest, AnEmptyLogIsNotPrinted) {
-  const Outcome run = RunScript("print " + In("pages.txt") + "\n");
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "Print Aborted!: There is no output to print.\n");
-  EXPECT_FALSE(fs::exists(folder_ / "pages.txt"));
-}
-
-TEST_F(BatchRunTest, ALogThatItsFileCannotTakeIsPrinted) {
-  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is full";
-  const Outcome run = Run({"-o", "/dev/full", "statistics"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "tessara-cli: \"/dev/full\" cannot be written\n");
-  EXPECT_EQ(run.out, Run({"statistics"}).out);
-  EXPECT_TRUE(run.out.ends_with(kSeparator));
-}
-
-TEST_F(BatchRunTest, StandardInputThatCannotBeReadIsNotUnderstood) {
-  std::FILE* in = std::fopen(In("script.txt").c_str(), "w");  // for writing alone
-  ASSERT_NE(in, nullptr);
-  std::FILE* out = std::tmpfile();
-  std::FILE* err = std::tmpfile();
-  const Words arguments{"-s", "-"};
-  EXPECT_EQ(RunBatch(arguments, {in, out, err}), 2);
-  EXPECT_EQ(Content(err), "tessara-cli: standard input cannot be read\n");
-  std::fclose(in);
-  std::fclose(out);
-}
-
-TEST_F(BatchRunTest, ASaveTellsOfNotesThatOneVariableHasNoPlaceFor) {
-  std::string text = "1 1 Tessara data\r\n" + Lines(14) + "A\r\n5\r\n";
-  const Outcome run = RunScript("open " + Write("one.dcs", text) + "\nnotes \"all about it\"\nsave\n");
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.err, "tessara-cli: note: the project notes are not in the file: it has one variable\n");
-  EXPECT_EQ(FileContent(folder_ / "one.dcs"), text);
-}
-
-TEST_F(BatchRunTest, SaveReplacesADataFileAnEmptyFileAndNone) {
-  const std::string open = "open " + WriteData() + "\n";
-  for (const std::string& content :
-       {std::string("1 1 Tessara data\r\n"), std::string("4 4 other data\x01note\r\n"), std::string("\r\n\r\n"),
-        "1 1 other\r\n" + Lines(14) + "A\r\n5\r\n", "1 1 other\r\n" + Lines(14) + "A\r\n5", Lines(16), std::string()}) {
-    const std::string other = Write("other.dcs", content);
-    EXPECT_EQ(RunScript(open + "save " + other + "\n").status, 0) << content;
-    EXPECT_TRUE(FileContent(other).starts_with("3 2 Tessara data")) << content;
-  }
-}
-
-TEST_F(BatchRunTest, OverwriteOnTheCommandLineServesTheWholeScript) {
-  const std::string letter = Write("letter.txt", "Dear reader");
-  EXPECT_EQ(Run({"--overwrite", "-s", "-"}, "open " + WriteData() + "\nsave " + letter + "\n").status, 0);
-  EXPECT_TRUE(FileContent(letter).starts_with("3 2 Tessara data"));
-}
-
 // Two reports in one run of a command, and no more pages than those.
 TEST_F(BatchRunTest, PrintOfTwoReportsIsTwoPagesOfTheLog) {
   const Outcome run = RunScript("open " + WriteData() + "\nfrequencies A B\nprint " + In("pages.txt") + "\n");
@@ -609,6 +346,42 @@ TEST_F(BatchRunTest, LongScriptsAndStrangeBytes) {
   EXPECT_EQ(RunScript(std::string("\0\0\n", 3)).status, 2);
   EXPECT_EQ(RunScript("").status, 0);
   EXPECT_EQ(RunScript("new").status, 0);
+}
+
+TEST_F(BatchRunTest, AnEmptyLogIsNotPrinted) {
+  const Outcome run = RunScript("print " + In("pages.txt") + "\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "Print Aborted!: There is no output to print.\n");
+  EXPECT_FALSE(fs::exists(folder_ / "pages.txt"));
+}
+
+TEST_F(BatchRunTest, ALogThatItsFileCannotTakeIsPrinted) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is full";
+  const Outcome run = Run({"-o", "/dev/full", "statistics"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "tessara-cli: \"/dev/full\" cannot be written\n");
+  EXPECT_EQ(run.out, Run({"statistics"}).out);
+  EXPECT_TRUE(run.out.ends_with(kSeparator));
+}
+
+TEST_F(BatchRunTest, StandardInputThatCannotBeReadIsNotUnderstood) {
+  std::FILE* in = std::fopen(In("script.txt").c_str(), "w");  // for writing alone
+  ASSERT_NE(in, nullptr);
+  std::FILE* out = std::tmpfile();
+  std::FILE* err = std::tmpfile();
+  const Words arguments{"-s", "-"};
+  EXPECT_EQ(RunBatch(arguments, {in, out, err}), 2);
+  EXPECT_EQ(Content(err), "tessara-cli: standard input cannot be read\n");
+  std::fclose(in);
+  std::fclose(out);
+}
+
+TEST_F(BatchRunTest, ASaveTellsOfNotesThatOneVariableHasNoPlaceFor) {
+  std::string text = "1 1 Tessara data\r\n" + Lines(14) + "A\r\n5\r\n";
+  const Outcome run = RunScript("open " + Write("one.dcs", text) + "\nnotes \"all about it\"\nsave\n");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "tessara-cli: note: the project notes are not in the file: it has one variable\n");
+  EXPECT_EQ(FileContent(folder_ / "one.dcs"), text);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "data/change_door.h"
 #include "data/column_place.h"
 #include "data/dictionary/change_decimals.h"
+#include "data/edit/cell_entry.h"
 #include "data/missing_values.h"
 #include "data/value_labels.h"
 #include "numerics/number_text.h"
@@ -201,7 +202,7 @@ void SetChangeDecimals(VariableFormat& format, bool on) {
 }
 
 CommaTurn PressComma(Messages& messages, FormatBox box) {
-  messages.ShowMessage({"Error", "Commas are prohibited"});
+  RefuseComma(messages);
   return box == FormatBox::Text1 ? CommaTurn::kBlank : CommaTurn::kBackspace;
 }
 

@@ -5,7 +5,7 @@
 namespace tessara {
 
 // A label whose words stand back behind the others: in the palette's own text colour, but weaker, so that they can be
-// read on a light and on a dark ground alike, whatever a style has put in the palette for placeholders.
+// read on a light and on a dark ground alike, whatever a style makes of the colour of hints.
 class HintLabel : public QLabel {
   Q_OBJECT
 
