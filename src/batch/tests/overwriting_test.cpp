@@ -104,7 +104,7 @@ TEST_F(BatchRunTest, SaveLooksBehindTheFirstLineOfWhatItReplaces) {
   }
 }
 
-TEST_F(BatchRunTest, NothingElseReplacesADataFile) {
+TEST_F(BatchRunTest, DataFilesStay) {
   const std::string data = WriteData();
   const std::string before = FileContent(data);
   const Outcome print = RunScript("statistics\nprint " + data + "\n");
