@@ -6,9 +6,9 @@
 
 packages_of() {
   case "$1" in
-    build) echo "g++ cmake ninja-build ccache" ;;
+    build) echo "g++ cmake ninja-build ccache libzip-dev libxlsxwriter-dev" ;;
     window) echo "qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-multimedia-dev qt6-pdf-dev libgl1-mesa-dev breeze-icon-theme fonts-liberation" ;;
-    test) echo "libgtest-dev clang clang-format libclang-rt-14-dev" ;;
+    test) echo "libgtest-dev clang clang-format libclang-rt-14-dev python3-docx python3-openpyxl" ;;
   esac
 }
 

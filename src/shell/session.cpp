@@ -187,6 +187,11 @@ void RefreshStatus(Session& session) {
   }
 }
 
+RandomNumbers& RandomNumbersOf(Session& session) {
+  if (!session.random) session.random.emplace(session.platform.Entropy());
+  return *session.random;
+}
+
 void PlaySoundEffect(Session& session, std::string_view name) {
   if (!session.settings.sounds()) return;
   session.platform.PlaySoundFile(session.platform.ProgramFolder() / "Media" / name);  // a failure is silent

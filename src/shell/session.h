@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,12 +14,16 @@
 #include "data/exchange/import.h"
 #include "data/exchange/split.h"
 #include "data/recode/recode_panel.h"
+#include "numerics/random_numbers.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
 #include "presentation/chart_data.h"
 #include "presentation/output_log.h"
+#include "presentation/report_page.h"
 #include "procedures/panel.h"
 #include "procedures/run.h"
+#include "procedures/samples/sample_panel.h"
+#include "procedures/tables/summary_table.h"
 #include "shell/settings.h"
 
 // One session of the system: all its state, owned by the front end, and the operations that a command or a view calls.
@@ -60,11 +65,15 @@ struct Session {
   BrevarumPanel brevarum;
   DelimitForm delimit;
   SplitPanel split;
+  SamplePanel samples;
   OutputLog output;
+  SummaryTable table;  // the other face of the Output view
+  ReportPage report_page;
   ChartStore charts;
 
   View ActiveView = View::ViewDataGrid;
   bool help_pane_visible = false;
+  std::optional<RandomNumbers> random;  // seeded when somebody first asks
   std::array<bool, kDocumentFiles.size()> documentation_found{};
   // Set by an operation that wants a view in front; the front end brings it there and clears it.
   View wanted_view = View::kNone;
@@ -111,6 +120,9 @@ std::string_view HelpPage(View view);
 // Rewrites the status panes 2 and 3, and stores the output box back in the views that ask for it. The front end calls
 // it once behind each operation, when it refreshes the command state.
 void RefreshStatus(Session& session);
+
+// The one generator of the process, seeded once.
+RandomNumbers& RandomNumbersOf(Session& session);
 
 void PlaySoundEffect(Session& session, std::string_view name);
 
