@@ -13,6 +13,7 @@
 #include "procedures/relate/correlation.h"
 #include "procedures/relate/correlation_matrix.h"
 #include "procedures/relate/regression.h"
+#include "procedures/samples/create_subset.h"
 
 namespace tessara {
 namespace {
@@ -153,8 +154,8 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     return outcome;
   }
   if (IsSubsetRequest(data, panel)) {
-    ComesNext(platform);
-    outcome.refused = true;
+    outcome.subset = CreateSubset(data, panel.control_variable.column, panel.control, platform) == SubsetOutcome::kMade;
+    outcome.refused = !outcome.subset;
     return outcome;
   }
   if (panel.SelectedVariables.empty()) {
