@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "numerics/number_text.h"
 #include "platform/tests/failing_memory.h"
 #include "procedures/tests/test_data.h"
 
@@ -30,7 +31,7 @@ std::vector<std::string> Cells(const DataSet& data, std::size_t column) {
 
 bool Sample(DataSet& data, const std::string& size, ScriptedPlatform& platform, std::uint64_t seed = 42) {
   RandomNumbers random(seed);
-  return CreateSample(data, {.Text8 = size}, random, platform);
+  return CreateSample(data, {.Text8 = size, .Text15 = {}, .Text16 = {}}, random, platform);
 }
 
 // The order worked out from the recurrence of the generator by another program.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "numerics/number_text.h"
 #include "platform/tests/failing_memory.h"
 #include "procedures/tests/test_data.h"
 

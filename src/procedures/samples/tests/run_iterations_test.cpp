@@ -19,7 +19,8 @@ struct Iterations {
 
   IterationsOutcome Run(const std::string& size, const std::string& count, std::size_t picked = 1) {
     RandomNumbers random(7);
-    return RunIterations(data, {.Text15 = size, .Text16 = count}, picked, output, charts, random, platform);
+    return RunIterations(data, {.Text8 = {}, .Text15 = size, .Text16 = count}, picked, output, charts, random,
+                         platform);
   }
   std::string RefusalOf(const std::string& size, const std::string& count, std::size_t picked = 1) {
     EXPECT_EQ(Run(size, count, picked), IterationsOutcome::kRefused);
