@@ -70,6 +70,8 @@ enum class WidgetAction {
   kShowImport,
   kShowExport,
   kShowSplit,
+  kFormatPage,
+  kSetColumnWidth,
   kShowRecodePanel,
 };
 
