@@ -128,9 +128,9 @@ Step PanelRun::RunForVariable(std::size_t main) const {
       return Step::kLeaveLoop;
     case Procedure::kExplore:
     case Procedure::kSummaryTables:
-    case Procedure::kRandomSample:
-    case Procedure::kRepeatedSampling:
       return ComesNext(run_.platform);
+    case Procedure::kRandomSample:  // samples have buttons of their own
+    case Procedure::kRepeatedSampling:
     case Procedure::kNone:
       break;
   }

@@ -89,7 +89,11 @@ TEST_F(RunTest, NoProcedure) {
 
 TEST_F(RunTest, AControlVariableAloneIsASubsetRequestAndNoError) {
   panel.control_variable.column = 1;
-  ExpectComesNext(RunNow());
+  const RunOutcome outcome = RunNow();
+  EXPECT_TRUE(outcome.refused);  // the question was not answered with Yes
+  EXPECT_FALSE(outcome.subset);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Replace current data?");
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
 }
 
@@ -198,12 +202,20 @@ TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
 }
 
 TEST_F(RunTest, ProceduresToComeSaySoOnce) {
-  for (const Procedure procedure :
-       {Procedure::kExplore, Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+  for (const Procedure procedure : {Procedure::kExplore, Procedure::kSummaryTables}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
     Select(procedure, {1, 2}, {2, 1});
     ExpectComesNext(RunNow());
+  }
+  EXPECT_EQ(output.OutputLogText, "");
+}
+
+TEST_F(RunTest, SamplesHaveButtonsOfTheirOwnAndNoRun) {
+  for (const Procedure procedure : {Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+    platform.messages.clear();
+    Select(procedure, {1});
+    ExpectRefusal(RunNow(), kTryAgain, "Please select a statistical procedure.");
   }
   EXPECT_EQ(output.OutputLogText, "");
 }
