@@ -36,6 +36,7 @@ constexpr const CommandRow* kCommands[] = {
     &kControlCommand,
     &kFrequenciesCommand,
     &kDescriptivesCommand,
+    &kExploreCommand,
     &kCrosstabCommand,
     &kTTestCommand,
     &kAnovaCommand,
@@ -45,6 +46,7 @@ constexpr const CommandRow* kCommands[] = {
     &kLogisticCommand,
     &kDiagnosticCommand,
     &kListCommand,
+    &kTableCommand,
     &kBrevarumCommand,
     &kChartsCommand,
     &kRecentCommand,
@@ -54,8 +56,7 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "print-notes", "dictionary", "sample",   "iterations", "subset", "table",
-    "explore",     "calculator", "glossary", "word",       "excel",
+    "print-notes", "dictionary", "sample", "iterations", "subset", "calculator", "glossary", "word", "excel",
 };
 
 }  // namespace
