@@ -66,6 +66,8 @@ enum class WidgetAction {
   kShowImport,
   kShowExport,
   kShowSplit,
+  kFormatPage,
+  kSetColumnWidth,
   kShowRecodePanel,
 };
 

@@ -8,6 +8,7 @@
 #include "shell/format_operations.h"
 #include "shell/grid_operations.h"
 #include "shell/recode_operations.h"
+#include "shell/report_operations.h"
 
 // All commands, by the menus that they stand in.
 
@@ -22,7 +23,6 @@ constexpr ViewSet kEveryView = {ViewDataGrid, ViewStatProcs, ViewBrevarum, ViewO
 constexpr std::string_view kNoGlossary = "The glossary is not part of this version";
 constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
 constexpr std::string_view kNoDictionary = "The data dictionary is not part of this version";
-constexpr std::string_view kNoReportPages = "Report pages of the table are not part of this version";
 constexpr std::string_view kNothingToUndo = "There is nothing to undo";
 constexpr std::string_view kNothingToRedo = "There is nothing to redo";
 constexpr std::string_view kNoOutput = "There is no output yet";
@@ -88,7 +88,7 @@ constexpr CommandRow kFileCommands[] = {
      .uses = {{.views = ViewStatProcs, .reason = kNoDictionary},
               {.views = ViewBrevarum, .enabled = HasCalculation, .run = PrintCalculation, .reason = kNoResult},
               {.views = ViewOutput, .shown = InTextMode, .run = PrintText},
-              {.views = ViewOutput, .reason = kNoReportPages},
+              {.views = ViewOutput, .run = PrintTable},
               {.views = ViewCharts, .run = TellWhereChartsPrint},
               {.views = ViewGlossary, .reason = kNoGlossary},
               {.views = ViewHandbook, .reason = kNoHandbook},
@@ -217,7 +217,14 @@ constexpr CommandRow kVariableCommands[] = {
      .icon = "document-properties",
      .shortcut = "Ctrl+D",
      .tooltip = "Formatting",
-     .uses = {{.views = ViewDataGrid, .caption = "Format Variables", .run = OpenVariableFormat}}},
+     .uses =
+         {{.views = ViewDataGrid, .caption = "Format Variables", .run = OpenVariableFormat},
+          {.views = ViewOutput, .caption = "Format Page", .shown = TableIsEdited, .run = WidgetAction::kFormatPage}}},
+    {.id = 454,
+     .caption = "Set Column &Width",
+     .icon = "distribute-horizontal-x",
+     .tooltip = "Adjust Column Width",
+     .uses = {{.views = ViewOutput, .shown = TableIsEdited, .run = WidgetAction::kSetColumnWidth}}},
     {.id = kVariablesCommand,
      .caption = "All &Variables",
      .icon = "view-list-details",

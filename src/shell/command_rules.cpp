@@ -6,6 +6,10 @@ namespace tessara {
 
 bool InTextMode(const Session& session, const WidgetState&) { return !session.output.OutputGridMode; }
 
+bool TableIsEdited(const Session& session, const WidgetState&) {
+  return session.output.OutputGridMode && session.panel.selected != Procedure::kExplore;
+}
+
 bool ShowsLog(const Session& session, const WidgetState&) {
   return !session.output.OutputGridMode && session.output.ShowLogMode;
 }

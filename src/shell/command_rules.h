@@ -7,6 +7,8 @@
 namespace tessara {
 
 bool InTextMode(const Session& session, const WidgetState& widgets);
+// The summary table is the face of the Output view, and Explore, which has none, is not the procedure at hand.
+bool TableIsEdited(const Session& session, const WidgetState& widgets);
 bool ShowsLog(const Session& session, const WidgetState& widgets);
 bool ShowsMostRecent(const Session& session, const WidgetState& widgets);
 bool HasOutputText(const Session& session, const WidgetState& widgets);

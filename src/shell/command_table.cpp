@@ -58,6 +58,7 @@ const std::vector<CommandMenu>& MenuBar() {
         {210},
         {212},
         {211, kGroup},
+        {454},
         {350}}},
       {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {308, kGroup}}},
       {"&Options", {{401}, {402}}},
@@ -91,6 +92,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 302, .word = "Recode"},
       {.id = 304, .caption = "&Combine Variables"},
       {.id = 305, .caption = "&Compute New Variable", .word = "Compute"},
+      {.id = 454, .caption = "&Adjust Column Width"},
       {.id = 106, .style = kText, .word = "Print"},
       {.id = 602, .begin_group = kGroup, .caption = "Help &Window", .style = kText},
   };

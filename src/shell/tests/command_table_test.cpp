@@ -258,10 +258,18 @@ TEST_F(CommandTest, TheCommandsOfTheGridWorkOnItsSelection) {
 
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
-  const std::pair<int, const char*> expected[] = {{101, "++++----"}, {102, "+----o--"}, {103, "+----o--"},
-                                                  {106, "-ooo+oo+"}, {205, "+--+-o--"}, {213, "+--+-o--"},
-                                                  {211, "---+----"}, {350, "--------"}};
+  const std::pair<int, const char*> expected[] = {
+      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-oo++oo+"}, {205, "+--+-o--"},
+      {213, "+--+-o--"}, {211, "---+----"}, {301, "+--+----"}, {350, "--------"}, {454, "---+----"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
+  EXPECT_EQ(State(301, View::ViewOutput).caption, "Format Page");
+}
+
+TEST_F(CommandTest, WhileExploreIsAtHandTheTableIsNotFormatted) {
+  session.output.OutputGridMode = true;
+  session.panel.selected = Procedure::kExplore;
+  EXPECT_EQ(StatesByView(301), "+-------");
+  EXPECT_EQ(StatesByView(454), "--------");
 }
 
 TEST_F(CommandTest, CaptionsFollowTheView) {
