@@ -1,6 +1,6 @@
 #include "procedures/run.h"
 
-#include <optional>
+#include <string>
 #include <utility>
 
 #include "procedures/cases/procedure_run.h"
@@ -191,17 +191,22 @@ bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
   return ControlIsSet(panel, data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
 }
 
-// The face of the Output view follows what the run has made, and the user hears of what does not stand there.
-void ShowFaceOfRun(const ProcedureRun& run, const ProcedurePanel& panel, OutputLog& output, const RunOutcome& outcome) {
-  if (panel.selected != Procedure::kSummaryTables) {
-    if (!run.reports.empty()) output.OutputGridMode = false;
-    if (panel.selected == Procedure::kDescriptives && !panel.IndependentVariables.empty()) {
-      run.platform.ShowNote("Explore and Summary Tables show the statistics of each group");
-    }
-    return;
+// What the user hears of a run whose results do not show everything; empty when there is nothing to tell.
+std::string NoteOfRun(const ProcedureRun& run, const ProcedurePanel& panel) {
+  if (panel.selected == Procedure::kSummaryTables && run.aborted) return "an error message stands in the output log";
+  if (panel.selected == Procedure::kDescriptives && !panel.IndependentVariables.empty()) {
+    return "Explore and Summary Tables show the statistics of each group";
   }
-  if (!outcome.refused) output.OutputGridMode = true;
-  if (run.aborted) run.platform.ShowNote("an error message stands in the output log");
+  return {};
+}
+
+// The face of the Output view follows what the run has made.
+void ShowFaceOfRun(OutputLog& output, const ProcedureRun& run, Procedure procedure) {
+  if (procedure == Procedure::kSummaryTables) {
+    output.OutputGridMode = true;
+  } else if (!run.reports.empty()) {
+    output.OutputGridMode = false;
+  }
 }
 
 }  // namespace
@@ -241,14 +246,16 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   SummaryTable grown = adds_to_table ? table : SummaryTable();
   outcome.refused = PanelRun(run, panel, grown).RunForAllVariables() == Step::kEndRun;
   if (adds_to_table) grown.grid.FitColumns();
+  const std::string note = NoteOfRun(run, panel);
   FinishRun(run, data, output, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
   charts = std::move(made);
   if (adds_to_table && !outcome.refused) table = std::move(grown);
+  if (!outcome.refused || !adds_to_table) ShowFaceOfRun(output, run, panel.selected);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
   outcome.aborted = run.aborted;
-  ShowFaceOfRun(run, panel, output, outcome);
+  if (!note.empty()) platform.ShowNote(note);
   return outcome;
 }
 
