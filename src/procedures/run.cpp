@@ -14,6 +14,7 @@
 #include "procedures/relate/correlation.h"
 #include "procedures/relate/correlation_matrix.h"
 #include "procedures/relate/regression.h"
+#include "procedures/samples/create_subset.h"
 #include "procedures/tables/explore.h"
 #include "procedures/tables/table_variables.h"
 
@@ -222,8 +223,8 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     return outcome;
   }
   if (IsSubsetRequest(data, panel)) {
-    ComesNext(platform);
-    outcome.refused = true;
+    outcome.subset = CreateSubset(data, panel.control_variable.column, panel.control, platform) == SubsetOutcome::kMade;
+    outcome.refused = !outcome.subset;
     return outcome;
   }
   if (panel.SelectedVariables.empty()) {

@@ -13,6 +13,7 @@ namespace tessara {
 
 struct RunOutcome {
   bool refused = false;  // a message box ended the run
+  bool subset = false;   // it was a request for a subset, and the data are that by now: the panel is to be reset
   bool aborted = false;  // some procedure printed the error frame
 };
 

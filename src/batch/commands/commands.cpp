@@ -17,7 +17,9 @@ constexpr const CommandRow* kCommands[] = {
     &kExportCommand,
     &kSplitCommand,
     &kNotesCommand,
+    &kPrintNotesCommand,
     &kStatisticsCommand,
+    &kDictionaryCommand,
     &kCellCommand,
     &kAddRowsCommand,
     &kAddColumnCommand,
@@ -33,7 +35,10 @@ constexpr const CommandRow* kCommands[] = {
     &kFindCommand,
     &kReplaceCommand,
     &kUndoCommand,
+    &kSampleCommand,
+    &kIterationsCommand,
     &kControlCommand,
+    &kSubsetCommand,
     &kFrequenciesCommand,
     &kDescriptivesCommand,
     &kExploreCommand,
@@ -56,7 +61,10 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "print-notes", "dictionary", "sample", "iterations", "subset", "calculator", "glossary", "word", "excel",
+    "calculator",
+    "glossary",
+    "word",
+    "excel",
 };
 
 }  // namespace
