@@ -50,12 +50,13 @@ constexpr const CommandRow* kCommands[] = {
     &kRecentCommand,
     &kTabDelimitedCommand,
     &kPrintCommand,
+    &kWordCommand,
+    &kExcelCommand,
 };
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "print-notes", "dictionary", "sample",   "iterations", "subset", "table",
-    "explore",     "calculator", "glossary", "word",       "excel",
+    "print-notes", "dictionary", "sample", "iterations", "subset", "table", "explore", "calculator", "glossary",
 };
 
 }  // namespace

@@ -4,13 +4,14 @@
 
 namespace tessara {
 
-std::optional<std::vector<ChartPicture>> DrawCharts(const ChartStore& store, ChartRoutine* draw) {
+std::optional<std::vector<ChartPicture>> DrawCharts(const ChartStore& store, ChartRoutine& draw) {
+  std::vector<Chart> charts;
+  for (const Chart& chart : store.charts) charts.push_back(WithRows(chart));
+  std::vector<std::string> pngs;
+  if (!draw(charts, pngs) || pngs.size() != charts.size()) return std::nullopt;
   std::vector<ChartPicture> pictures;
-  for (const Chart& chart : store.charts) {
-    ChartPicture picture;
-    if (!draw(WithRows(chart), picture.png) || picture.png.empty()) return std::nullopt;
-    picture.title = chart.title.empty() ? "Chart" : chart.title;
-    pictures.push_back(std::move(picture));
+  for (std::size_t i = 0; i < charts.size(); ++i) {
+    pictures.push_back({std::move(pngs[i]), charts[i].title.empty() ? "Chart" : charts[i].title});
   }
   return pictures;
 }

@@ -14,13 +14,13 @@ namespace tessara {
 inline constexpr int kChartPictureWidth = 640;
 inline constexpr int kChartPictureHeight = 400;
 
-// Puts the bytes of a PNG file with the chart into `png`. False when it cannot be drawn. The rows of an interval chart
-// are filled in.
-using ChartRoutine = bool(const Chart& chart, std::string& png);
+// Draws charts, whose interval kinds have their rows filled in, and yields the bytes of a PNG file for each. False when
+// one of them cannot be drawn.
+using ChartRoutine = bool(const std::vector<Chart>& charts, std::vector<std::string>& pngs);
 
 // The module that draws charts for a program without a window, loaded only when one is asked for, and its routine.
 inline constexpr const char* kChartModule = "tessara-charts";
-inline constexpr const char* kChartRoutine = "TessaraDrawChart";
+inline constexpr const char* kChartRoutine = "TessaraDrawCharts";
 
 struct ChartPicture {
   std::string png;
@@ -28,6 +28,6 @@ struct ChartPicture {
 };
 
 // The charts of the last run, drawn; nothing when one of them cannot be.
-std::optional<std::vector<ChartPicture>> DrawCharts(const ChartStore& store, ChartRoutine* draw);
+std::optional<std::vector<ChartPicture>> DrawCharts(const ChartStore& store, ChartRoutine& draw);
 
 }  // namespace tessara
