@@ -46,7 +46,8 @@ void SheetWriter::MakePlace(std::size_t characters) {
 void SheetWriter::Field(std::string_view field, const CellLook& look) {
   std::string_view part = field.substr(0, limits_.characters);
   MakePlace(part.size());
-  workbook_.WriteField(row_, column_++, part, look);
+  if (part.size() == field.size()) return workbook_.WriteField(row_, column_++, part, look);
+  workbook_.WriteText(row_, column_++, part, look);
   for (std::size_t at = part.size(); at < field.size(); at += part.size()) {
     went_to_next_cell_ = true;
     part = field.substr(at, limits_.characters);
