@@ -22,8 +22,8 @@ std::string Paragraphs(std::string_view report) {
   return WholeText(paragraphs);
 }
 
-std::string Run(const std::string& text) { return "<w:r><w:t xml:space=\"preserve\">" + text + "</w:t></w:r>"; }
-std::string Paragraph(const std::string& text) { return "<w:p>" + Run(text) + "</w:p>"; }
+std::string TextRun(const std::string& text) { return "<w:r><w:t xml:space=\"preserve\">" + text + "</w:t></w:r>"; }
+std::string Paragraph(const std::string& text) { return "<w:p>" + TextRun(text) + "</w:p>"; }
 const std::string kBreak = "<w:r><w:br w:type=\"page\"/></w:r>";
 
 TEST(XmlText, EscapesAndConverts) {
@@ -47,13 +47,13 @@ TEST(WordText, LineEndsOfOtherSystemsAreLineEndsToo) {
 
 TEST(WordText, MarksArePageBreaksAndTheirLineStays) {
   EXPECT_EQ(Paragraphs("a\r\n<Page Break>\r\nb"), Paragraph("a") + "<w:p>" + kBreak + "</w:p>" + Paragraph("b"));
-  EXPECT_EQ(Paragraphs("a<Page Break>b"), "<w:p>" + Run("a") + kBreak + Run("b") + "</w:p>");
+  EXPECT_EQ(Paragraphs("a<Page Break>b"), "<w:p>" + TextRun("a") + kBreak + TextRun("b") + "</w:p>");
   EXPECT_EQ(Paragraphs("<Page Break><Page Break>"), "<w:p>" + kBreak + kBreak + "</w:p>");
-  EXPECT_EQ(Paragraphs("<Page Brea<Page Break>"), "<w:p>" + Run("&lt;Page Brea") + kBreak + "</w:p>");
+  EXPECT_EQ(Paragraphs("<Page Brea<Page Break>"), "<w:p>" + TextRun("&lt;Page Brea") + kBreak + "</w:p>");
 }
 
 TEST(WordText, TabsAreTabs) {
-  EXPECT_EQ(Paragraphs("a\tb"), "<w:p>" + Run("a") + "<w:r><w:tab/></w:r>" + Run("b") + "</w:p>");
+  EXPECT_EQ(Paragraphs("a\tb"), "<w:p>" + TextRun("a") + "<w:r><w:tab/></w:r>" + TextRun("b") + "</w:p>");
 }
 
 // A line of megabytes comes in stretches, also where one ends within a mark.
@@ -95,7 +95,7 @@ TEST(WordText, OnlyThePageWithTheLongLineHasSmallType) {
   EXPECT_NE(xml.find(Paragraph("a")), xml.npos);
   EXPECT_NE(xml.find(small + "<w:t xml:space=\"preserve\">" + wide), xml.npos);
   EXPECT_NE(xml.find(small + "<w:t xml:space=\"preserve\">b"), xml.npos);
-  EXPECT_NE(xml.find(Run("c")), xml.npos);
+  EXPECT_NE(xml.find(TextRun("c")), xml.npos);
 }
 
 TableGrid SmallTable() {
@@ -117,8 +117,8 @@ TEST(WordText, RowsOfATableAreParagraphsWithTabsAtTheirColumns) {
       "<w:p><w:pPr><w:tabs><w:tab w:val=\"left\" w:pos=\"1020\"/><w:tab w:val=\"right\" "
       "w:pos=\"3060\"/></w:tabs></w:pPr>";
   const std::string tab = "<w:r><w:tab/></w:r>";
-  EXPECT_EQ(WholeText(paragraphs), stops + Run("Group") + tab + tab + Run("Mean") + "</w:p>" + stops + Run("A") + tab +
-                                       Run("Count") + tab + Run("2.50") + "</w:p>");
+  EXPECT_EQ(WholeText(paragraphs), stops + TextRun("Group") + tab + tab + TextRun("Mean") + "</w:p>" + stops +
+                                       TextRun("A") + tab + TextRun("Count") + tab + TextRun("2.50") + "</w:p>");
   EXPECT_FALSE(paragraphs.page().is_landscape);
 }
 
