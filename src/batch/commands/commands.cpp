@@ -57,14 +57,14 @@ constexpr const CommandRow* kCommands[] = {
     &kRecentCommand,
     &kTabDelimitedCommand,
     &kPrintCommand,
+    &kWordCommand,
+    &kExcelCommand,
 };
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
     "calculator",
     "glossary",
-    "word",
-    "excel",
 };
 
 }  // namespace

@@ -70,5 +70,7 @@ extern const CommandRow kChartsCommand;
 extern const CommandRow kRecentCommand;
 extern const CommandRow kTabDelimitedCommand;
 extern const CommandRow kPrintCommand;
+extern const CommandRow kWordCommand;
+extern const CommandRow kExcelCommand;
 
 }  // namespace tessara
