@@ -7,6 +7,7 @@
 #include "shell/file_questions.h"
 #include "shell/format_operations.h"
 #include "shell/grid_operations.h"
+#include "shell/office_operations.h"
 #include "shell/recode_operations.h"
 #include "shell/report_operations.h"
 #include "shell/sample_operations.h"
@@ -79,7 +80,12 @@ constexpr CommandRow kFileCommands[] = {
      .caption = "&Export to Excel",
      .icon = "x-office-spreadsheet",
      .tooltip = "Export",
-     .uses = {{.views = ViewDataGrid, .run = PrepareExport}}},
+     .uses = {{.views = ViewDataGrid, .run = PrepareExport}, {.views = ViewOutput, .run = SendToExcel}}},
+    {.id = 109,
+     .caption = "&Export to Word",
+     .icon = "x-office-document",
+     .tooltip = "Export to Word",
+     .uses = {{.views = ViewOutput, .run = SendToWord}}},
     {.id = kPrintCommand,
      .caption = "&Print",
      .icon = "document-print",

@@ -39,7 +39,7 @@ struct Runner {
 const std::vector<CommandMenu>& MenuBar() {
   constexpr bool kGroup = true;
   static const std::vector<CommandMenu> menus = {
-      {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {106, kGroup}, {107, kGroup}}},
+      {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {109}, {106, kGroup}, {107, kGroup}}},
       {"&Edit",
        {{214},
         {215},
@@ -76,6 +76,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 102, .word = "Open"},
       {.id = 103, .caption = "&Save", .word = "Save"},
       {.id = 108, .begin_group = kGroup, .caption = "Export", .style = kText},
+      {.id = 109, .begin_group = kGroup, .caption = "Export", .style = kText},
       {.id = 213, .begin_group = kGroup},
       {.id = 205},
       {.id = 212, .begin_group = kGroup, .caption = "&Copy Output"},

@@ -133,7 +133,8 @@ void FollowPanel(Session& session) {
 }
 
 RunOutcome RunPanel(Session& session) {
-  const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
+  const RunOutcome outcome =
+      Run(session.data, session.panel, session.output, session.charts, session.table, session.platform);
   if (outcome.subset) ResetPanel(session.panel);
   FollowPanel(session);  // a variable that the run has added may be chosen next
   // An error frame is a report too, and says why nothing else came. A subset has no report.

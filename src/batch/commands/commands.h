@@ -54,6 +54,7 @@ extern const CommandRow kCopyFormatCommand;
 extern const CommandRow kControlCommand;
 extern const CommandRow kFrequenciesCommand;
 extern const CommandRow kDescriptivesCommand;
+extern const CommandRow kExploreCommand;
 extern const CommandRow kCrosstabCommand;
 extern const CommandRow kTTestCommand;
 extern const CommandRow kAnovaCommand;
@@ -63,10 +64,13 @@ extern const CommandRow kRegressionCommand;
 extern const CommandRow kLogisticCommand;
 extern const CommandRow kDiagnosticCommand;
 extern const CommandRow kListCommand;
+extern const CommandRow kTableCommand;
 extern const CommandRow kBrevarumCommand;
 extern const CommandRow kChartsCommand;
 extern const CommandRow kRecentCommand;
 extern const CommandRow kTabDelimitedCommand;
 extern const CommandRow kPrintCommand;
+extern const CommandRow kWordCommand;
+extern const CommandRow kExcelCommand;
 
 }  // namespace tessara

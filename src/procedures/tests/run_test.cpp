@@ -32,7 +32,7 @@ class RunTest : public testing::Test {
   }
 
   RunOutcome RunNow() {
-    const RunOutcome outcome = tessara::Run(data, panel, output, charts, platform);
+    const RunOutcome outcome = tessara::Run(data, panel, output, charts, table, platform);
     EXPECT_EQ(platform.wait_cursors, 0);  // off on every path
     EXPECT_EQ(platform.most_wait_cursors, 1);
     return outcome;
@@ -46,13 +46,6 @@ class RunTest : public testing::Test {
     EXPECT_EQ(platform.messages[0].tone, Tone::kRefusal);
   }
 
-  void ExpectComesNext(const RunOutcome& outcome) const {
-    EXPECT_TRUE(outcome.refused);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].title, kTryAgain);
-    EXPECT_NE(platform.messages[0].text.find("comes next"), std::string::npos);
-  }
-
   static std::size_t Occurrences(const std::string& text, const std::string& part) {
     std::size_t count = 0;
     for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
@@ -63,6 +56,7 @@ class RunTest : public testing::Test {
   ProcedurePanel panel;
   OutputLog output;
   ChartStore charts;
+  SummaryTable table;
   ScriptedPlatform platform;
 };
 
@@ -201,16 +195,6 @@ TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
   EXPECT_EQ(Occurrences(output.MostRecentText, "\r\n00003  "), 1u);
 }
 
-TEST_F(RunTest, ProceduresToComeSaySoOnce) {
-  for (const Procedure procedure : {Procedure::kExplore, Procedure::kSummaryTables}) {
-    SCOPED_TRACE(FindProcedureRow(procedure)->caption);
-    platform.messages.clear();
-    Select(procedure, {1, 2}, {2, 1});
-    ExpectComesNext(RunNow());
-  }
-  EXPECT_EQ(output.OutputLogText, "");
-}
-
 TEST_F(RunTest, SamplesHaveButtonsOfTheirOwnAndNoRun) {
   for (const Procedure procedure : {Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
     platform.messages.clear();
@@ -252,14 +236,15 @@ TEST_F(RunTest, ARunWithoutVariablesLeavesTheMostRecentOutput) {
   EXPECT_EQ(output.MostRecentText, before);
 }
 
-TEST_F(RunTest, IndependentVariablesOfDescriptivesAreAnsweredOnceBehindTheReports) {
+TEST_F(RunTest, IndependentVariablesOfDescriptivesAreAnsweredOnceByANote) {
   Select(Procedure::kDescriptives, {1, 2}, {2, 1});
   const RunOutcome outcome = RunNow();
   EXPECT_FALSE(outcome.refused);
   EXPECT_EQ(Occurrences(output.MostRecentText, std::string(kReportSeparator)), 2u);
-  ASSERT_EQ(platform.messages.size(), 1u);
-  EXPECT_EQ(platform.messages[0].title, kTryAgain);
-  EXPECT_NE(platform.messages[0].text.find("comes next"), std::string::npos);
+  EXPECT_TRUE(platform.messages.empty());
+  ASSERT_EQ(platform.notes.size(), 1u);
+  EXPECT_NE(platform.notes[0].find("Explore"), std::string::npos);
+  EXPECT_TRUE(table.grid.empty());
 }
 
 TEST_F(RunTest, FrequenciesAreFollowedByTheTableWithEachIndependentVariable) {

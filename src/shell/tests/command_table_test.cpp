@@ -40,6 +40,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        "|104 &Import Data\n"
        " 105 &Export Data\n"
        " 108 &Export to Excel\n"
+       " 109 &Export to Word\n"
        "|106 &Print\n"
        "|107 &Exit\n"},
       {"&Edit",
@@ -99,6 +100,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 102 &Open Data File\n"
             " 103 &Save\n"
             "|108 Export\n"
+            "|109 Export\n"
             "|213 &Cut\n"
             " 205 &Copy\n"
             "|212 &Copy Output\n"
@@ -121,6 +123,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Open an existing file",
                             "Save the active file",
                             "Export",
+                            "Export to Word",
                             "Paste",  // of the button that cuts: the pairing is intended
                             "Copy Selection",
                             "Copy Output",
@@ -139,7 +142,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Compute New Variable",
                             "Print the active document",
                             "Show Help Window"};
-  const std::set<int> with_caption = {108, 202, 301, 350, 308, 106, 602};
+  const std::set<int> with_caption = {108, 109, 202, 301, 350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
     const BarEntry& entry = Toolbar()[i];
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
@@ -178,7 +181,7 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
       {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
       {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"}, {202, "+----o--"}, {803, "o----o--"},
       {203, "+-------"}, {302, "+-------"}, {303, "+-------"}, {304, "+-------"}, {305, "+-------"}, {306, "+-------"},
-      {307, "+-------"}, {104, "+----o--"}, {105, "+----o--"}, {108, "+-------"}, {201, "+-------"},
+      {307, "+-------"}, {104, "+----o--"}, {105, "+----o--"}, {108, "+--+----"}, {109, "---+----"}, {201, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
