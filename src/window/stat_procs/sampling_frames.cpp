@@ -81,12 +81,14 @@ SamplingFrames::Frame SamplingFrames::BuildFrame(const Words& words) {
   frame.group = new QGroupBox(words.title, this);
   frame.command = words.command;
   auto* layout = new QFormLayout(frame.group);
+  layout->setRowWrapPolicy(QFormLayout::WrapAllRows);
   QLabel* heading = AddText(layout, words.heading);
   QFont bold = heading->font();
   bold.setBold(true);
   heading->setFont(bold);
-  for (const QString& sentence : words.sentences) AddText(layout, sentence);
+  // What is typed and pressed stands ahead of the sentences, where it is seen without scrolling in a small window.
   AddEnd(frame, words);
+  for (const QString& sentence : words.sentences) AddText(layout, sentence);
   return frame;
 }
 
@@ -112,14 +114,16 @@ void SamplingFrames::AddEnd(Frame& frame, const Words& words) {
 }
 
 void SamplingFrames::AddField(Frame& frame, const char* caption, const char* name, std::string SamplePanel::*text) {
-  constexpr int kRowsOfTheEnd = 3;
   auto* box = new QLineEdit(frame.group);
   box->setObjectName(name);
   box->setAccessibleName(caption);
   box->setMaxLength(kMostTyped);
   connect(box, &QLineEdit::textChanged, this, [this, text](const QString& typed) { samples_.*text = FromQt(typed); });
   connect(box, &QLineEdit::textEdited, frame.caption, &QLabel::clear);
-  LayoutOf(frame.group)->insertRow(LayoutOf(frame.group)->rowCount() - kRowsOfTheEnd, caption, box);
+  int row = 0;
+  QFormLayout::ItemRole role = QFormLayout::FieldRole;
+  LayoutOf(frame.group)->getWidgetPosition(frame.button, &row, &role);
+  LayoutOf(frame.group)->insertRow(row, caption, box);
   setTabOrder(frame.fields.empty() ? frame.group : static_cast<QWidget*>(frame.fields.back().box), box);
   setTabOrder(box, frame.button);
   frame.fields.push_back({box, text});
