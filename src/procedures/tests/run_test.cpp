@@ -83,8 +83,9 @@ TEST_F(RunTest, NoProcedure) {
 
 TEST_F(RunTest, AControlVariableAloneIsASubsetRequestAndNoError) {
   panel.control_variable.column = 1;
-  platform.message_answers.push_back(Answer::kNo);
-  EXPECT_TRUE(RunNow().refused);
+  const RunOutcome outcome = RunNow();
+  EXPECT_TRUE(outcome.refused);  // the question was not answered with Yes
+  EXPECT_FALSE(outcome.subset);
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].title, "Replace current data?");
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
@@ -194,11 +195,10 @@ TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
   EXPECT_EQ(Occurrences(output.MostRecentText, "\r\n00003  "), 1u);
 }
 
-TEST_F(RunTest, SamplesAreNotForTheRunButton) {
+TEST_F(RunTest, SamplesHaveButtonsOfTheirOwnAndNoRun) {
   for (const Procedure procedure : {Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
-    SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
-    Select(procedure, {1, 2}, {2, 1});
+    Select(procedure, {1});
     ExpectRefusal(RunNow(), kTryAgain, "Please select a statistical procedure.");
   }
   EXPECT_EQ(output.OutputLogText, "");
