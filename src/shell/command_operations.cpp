@@ -28,6 +28,7 @@ void ClearOutputAfterWarning(Session& session) {
   if (answer != Answer::kYes) return;
   PlaySoundEffect(session, "clean.wav");
   ClearOutput(session.output);
+  if (session.output.OutputGridMode) session.table.grid.Clear();
 }
 
 void OpenText(Session& session) {
@@ -44,7 +45,9 @@ void PrintText(Session& session, const WidgetState& widgets) {
 }
 
 void ConvertText(Session& session) {
-  if (!session.output.OutputGridMode) ConvertOutputToTabDelimited(session.output);
+  if (!session.output.OutputGridMode) return ConvertOutputToTabDelimited(session.output);
+  ConvertTableToTabDelimited(session.table.grid, session.output);
+  if (session.settings.show_output()) session.wanted_view = View::ViewOutput;
 }
 
 void ToggleText(Session& session) { ToggleOutputMode(session.output); }

@@ -21,6 +21,7 @@ inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
 inline constexpr int kGoToCommand = 216;
 inline constexpr int kFormatCommand = 301;
+inline constexpr int kDictionaryCommand = 307;
 inline constexpr int kRunCommand = 308;
 inline constexpr int kVariablesCommand = 310;
 // The buttons of the form that describes variables.
@@ -32,6 +33,9 @@ inline constexpr int kRevertFormatCommand = 314;
 inline constexpr int kRunRecodeCommand = 316;
 inline constexpr int kUndoRecodeCommand = 317;
 inline constexpr int kResetRecodeCommand = 318;
+// Of the buttons of the sampling panels.
+inline constexpr int kCreateSampleCommand = 320;
+inline constexpr int kRunIterationsCommand = 321;
 inline constexpr int kToggleOutputCommand = 350;
 inline constexpr int kToggleHelpCommand = 602;
 inline constexpr int kAboutCommand = 608;

@@ -10,6 +10,7 @@
 #include "shell/office_operations.h"
 #include "shell/recode_operations.h"
 #include "shell/report_operations.h"
+#include "shell/sample_operations.h"
 
 // All commands, by the menus that they stand in.
 
@@ -23,7 +24,6 @@ constexpr ViewSet kEveryView = {ViewDataGrid, ViewStatProcs, ViewBrevarum, ViewO
 
 constexpr std::string_view kNoGlossary = "The glossary is not part of this version";
 constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
-constexpr std::string_view kNoDictionary = "The data dictionary is not part of this version";
 constexpr std::string_view kNothingToUndo = "There is nothing to undo";
 constexpr std::string_view kNothingToRedo = "There is nothing to redo";
 constexpr std::string_view kNoOutput = "There is no output yet";
@@ -91,7 +91,7 @@ constexpr CommandRow kFileCommands[] = {
      .icon = "document-print",
      .shortcut = "Ctrl+P",
      .tooltip = "Print the active document",
-     .uses = {{.views = ViewStatProcs, .reason = kNoDictionary},
+     .uses = {{.views = ViewStatProcs, .run = PrintNotes},
               {.views = ViewBrevarum, .enabled = HasCalculation, .run = PrintCalculation, .reason = kNoResult},
               {.views = ViewOutput, .shown = InTextMode, .run = PrintText},
               {.views = ViewOutput, .run = PrintTable},
@@ -237,6 +237,12 @@ constexpr CommandRow kVariableCommands[] = {
      .shortcut = "Ctrl+Shift+D",
      .tooltip = "Table of all variables",
      .uses = {{.views = ViewDataGrid, .run = WidgetAction::kShowVariables}}},
+    {.id = kDictionaryCommand,
+     .caption = "Create Data &Dictionary",
+     .icon = "view-list-text",
+     .uses = {{.views = ViewDataGrid, .run = ShowDataDictionary}}},
+    {.id = kCreateSampleCommand, .uses = {{.views = ViewStatProcs, .run = DrawSample, .in_bars = false}}},
+    {.id = kRunIterationsCommand, .uses = {{.views = ViewStatProcs, .run = SaveOrDrawIterations, .in_bars = false}}},
     {.id = kRunCommand,
      .caption = "Run Procedure",
      .icon = "media-playback-start",

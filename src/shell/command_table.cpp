@@ -60,7 +60,7 @@ const std::vector<CommandMenu>& MenuBar() {
         {211, kGroup},
         {454},
         {350}}},
-      {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {308, kGroup}}},
+      {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {307, kGroup}, {308, kGroup}}},
       {"&Options", {{401}, {402}}},
       {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
       {"&Help", {{601}, {602}, {608, kGroup}}},
