@@ -47,8 +47,11 @@ bool IsNumberedCharacter(std::string_view text) {
 
 std::string SheetUtf8(std::string_view bytes) {
   std::string text = PlainUtf8(bytes);
+  constexpr std::string_view kUnderline = "_x005F_";
   for (std::size_t at = text.find("_x"); at != text.npos; at = text.find("_x", at + 1)) {
-    if (IsNumberedCharacter(std::string_view(text).substr(at))) text.replace(at, 1, "_x005F_");
+    if (!IsNumberedCharacter(std::string_view(text).substr(at))) continue;
+    text.replace(at, 1, kUnderline);
+    at += kUnderline.size() - 1;
   }
   return text;
 }
