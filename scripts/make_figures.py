@@ -398,7 +398,7 @@ def draw_margin():
     for cases in (100, 400, 1000, 2000):
         picture.dot(*axes.at(cases, points(cases)))
         picture.text(axes.x(cases) + 6, axes.y(points(cases)) - 5, f"{points(cases):.1f}", anchor="start", size=11)
-    picture.write("margin")
+    picture.write("share-margin")
 
 
 def main():
