@@ -320,16 +320,20 @@ TEST_F(TableEdit, TheOldestStepsAreForgotten) {
 }
 
 TEST_F(TableEdit, StepsAreBoundedByTheirBytesAndTheLastOneStays) {
-  Select(1, 1);
-  const std::string text(kMostStepBytes / 2, 'x');
-  for (const char c : {'a', 'b', 'c', 'd'}) TypeIntoTable(grid, face, text + c);
-  EXPECT_EQ(grid.Text(1, 1).back(), 'd');
-  TypeIntoTable(grid, face, std::string(kMostStepBytes, 'y') + "e");
-  EXPECT_LE(face.done.size(), 2u);
+  const auto replace_by = [this](std::size_t bytes, char last) {
+    TableGrid next;
+    next.SetText(1, 1, std::string(bytes, 'x') + last);
+    ReplaceTable(grid, face, std::move(next), "Summary Table");
+  };
+  for (const char last : {'a', 'b', 'c', 'd'}) replace_by(kMostStepBytes / 2, last);
+  EXPECT_EQ(face.done.size(), 1u);  // two of these are too many
+  replace_by(kMostStepBytes, 'e');
+  replace_by(10, 'f');
+  EXPECT_EQ(face.done.size(), 1u);
   EXPECT_TRUE(Undo());
-  EXPECT_EQ(grid.Text(1, 1).back(), 'd');
-  EXPECT_TRUE(Redo());
   EXPECT_EQ(grid.Text(1, 1).back(), 'e');
+  EXPECT_TRUE(Redo());
+  EXPECT_EQ(grid.Text(1, 1).back(), 'f');
 }
 
 }  // namespace

@@ -465,7 +465,7 @@ WidgetState FrmMain::State() const {
 
 void FrmMain::RefreshCommands() {
   bars_->Refresh(session_, State());
-  const bool in_output = session_.ActiveView == View::ViewOutput;
+  const bool in_output = session_.ActiveView == View::ViewOutput && !session_.output.OutputGridMode;
   for (QAction* action : output_->PrintActions()) {
     action->setVisible(in_output);
     action->setEnabled(in_output && !session_.output.BoxText().empty());
