@@ -62,6 +62,7 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   AddFocusKey();
   connect(page_, &TextPage::ZoomChanged, this, &Output1::ShowZoom);
   ShowZoom(page_->zoom());
+  ShowFace();
 }
 
 QAction* Output1::MakeAction(const char* name, const char* icon, const QString& caption) {
@@ -210,11 +211,13 @@ QWidget* Output1::MakeFindBar() {
     auto* made = new QShortcut(keys, this);
     made->setContext(Qt::WidgetWithChildrenShortcut);
     connect(made, &QShortcut::activated, this, act);
+    return made;
   };
   shortcut(QKeySequence::Find, [this] { ShowFindBar(); });
   shortcut(Qt::Key_F3, [this] { Find(false); });
   shortcut(Qt::SHIFT | Qt::Key_F3, [this] { Find(true); });
-  shortcut(Qt::Key_Escape, [this] { HideFindBar(); });
+  escape_ = shortcut(Qt::Key_Escape, [this] { HideFindBar(); });
+  escape_->setEnabled(false);  // without the bar the key belongs to the faces
   return find_bar_;
 }
 
@@ -248,7 +251,7 @@ void Output1::ShowFace() {
   if (faces_->currentWidget() == face) return;
   const QWidget* focus = window()->focusWidget();
   const bool had_focus = focus && faces_->isAncestorOf(focus);
-  if (table) find_bar_->hide();
+  if (table) HideFindBar();
   faces_->setCurrentWidget(face);
   if (had_focus) FocusFirst();
 }
@@ -346,6 +349,7 @@ void Output1::Perform(WidgetAction action) {
 void Output1::ShowFindBar() {
   if (session().output.OutputGridMode) return;  // the words to find are those of the text
   find_bar_->show();
+  escape_->setEnabled(true);
   const QString selected = page_->textCursor().selectedText();
   if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) find_text_->setText(selected);
   find_text_->selectAll();
@@ -355,7 +359,8 @@ void Output1::ShowFindBar() {
 void Output1::HideFindBar() {
   if (find_bar_->isHidden()) return;
   find_bar_->hide();
-  page_->setFocus();
+  escape_->setEnabled(false);
+  FocusFirst();
 }
 
 // Goes on from the other end when there is nothing further on.

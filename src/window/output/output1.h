@@ -8,6 +8,7 @@
 class QAction;
 class QButtonGroup;
 class QLabel;
+class QShortcut;
 class QStackedWidget;
 class QLineEdit;
 class QToolButton;
@@ -71,6 +72,7 @@ class Output1 : public ViewForm {
   QWidget* find_bar_ = nullptr;
   QLineEdit* find_text_ = nullptr;
   QLabel* find_result_ = nullptr;
+  QShortcut* escape_ = nullptr;
   QAction* preview_ = nullptr;
   QAction* pdf_ = nullptr;
 

@@ -33,6 +33,8 @@ void TableLook::paint(QPainter* painter, const QStyleOptionViewItem& option, con
   QStyleOptionViewItem cell = option;
   initStyleOption(&cell, index);
   painter->save();
+  // Over what the style paints for a selected cell, which would take the words their colour.
+  painter->fillRect(cell.rect, cell.palette.color(QPalette::Base));
   const TablePlace place = {static_cast<std::size_t>(index.row()) + 1, static_cast<std::size_t>(index.column()) + 1};
   if (Contains(SelectedBlock(face_), place.row, place.column) && face_.selection.cursor != face_.selection.end) {
     painter->fillRect(cell.rect, SelectionTint(cell.palette));
