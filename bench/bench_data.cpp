@@ -25,7 +25,7 @@ void BenchData::Run(Procedure procedure, std::vector<std::size_t> columns, std::
   panel.selected = procedure;
   panel.SelectedVariables = std::move(columns);
   panel.IndependentVariables = std::move(independents);
-  tessara::Run(data, panel, output, charts, platform);
+  tessara::Run(data, panel, output, charts, table, platform);
   output = {};
 }
 

@@ -32,6 +32,7 @@ struct BenchData {
   ProcedurePanel panel;
   OutputLog output;
   ChartStore charts;
+  SummaryTable table;
 };
 
 // Columns of the benchmark data.

@@ -90,5 +90,27 @@ void ListOf7Variables(benchmark::State& state) {
 }
 BENCHMARK(ListOf7Variables)->Unit(benchmark::kMillisecond);
 
+void ExploreOver5Groups(benchmark::State& state) {
+  BenchData bench;
+  Time(state, bench, Procedure::kExplore, {kX1}, {kCodedColumn});
+}
+BENCHMARK(ExploreOver5Groups)->Unit(benchmark::kMillisecond);
+
+// The table is full behind the first run: what is timed writes the same figures anew.
+void CategoricalTable5By6(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.options.summary_tables = {.counts = true, .percent = true};
+  Time(state, bench, Procedure::kSummaryTables, {kCodedColumn}, {kRegionColumn});
+}
+BENCHMARK(CategoricalTable5By6)->Unit(benchmark::kMillisecond);
+
+void ContinuousTableOver5Groups(benchmark::State& state) {
+  BenchData bench;
+  bench.panel.table_data = TableData::kContinuous;
+  bench.panel.options.summary_tables = {.count = true, .mean = true, .standard_deviation = true, .interval = true};
+  Time(state, bench, Procedure::kSummaryTables, {kX1}, {kCodedColumn});
+}
+BENCHMARK(ContinuousTableOver5Groups)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace tessara

@@ -5,7 +5,7 @@ set(TESSARA_PROGRAM_FOLDER "." CACHE STRING "Program folder below the install pr
 
 install(TARGETS tessara-cli RUNTIME DESTINATION "${TESSARA_PROGRAM_FOLDER}")
 if(TARGET tessara)
-  install(TARGETS tessara tessara-print
+  install(TARGETS tessara tessara-print tessara-charts
           RUNTIME DESTINATION "${TESSARA_PROGRAM_FOLDER}"
           LIBRARY DESTINATION "${TESSARA_PROGRAM_FOLDER}")
 endif()

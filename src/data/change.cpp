@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "data/data_set.h"
+#include "data/record_choice.h"
 
 namespace tessara {
 namespace {
@@ -72,6 +73,45 @@ DataChange ReplaceData(DataContents contents, std::string name) {
                          .first_column = 1,
                          .column_count = contents.matrix.ColumnCount()};
   return {ChangeKind::kWholeData, all, std::move(name), ChangedFlag::kCleared, std::move(contents)};
+}
+
+DataContents ContentsMadeOf(const DataSet& data, DataMatrix matrix, std::size_t record_count, std::string notes) {
+  const std::size_t variables = matrix.ColumnCount();
+  return {.matrix = std::move(matrix),
+          .RecordCount = record_count,
+          .VariableCount = variables,
+          .DataBanner = data.DataBanner,
+          .ProjectNotes = std::move(notes),
+          .DataFilePath = data.DataFilePath,
+          .LoadedFile = data.LoadedFile,
+          .NamedAtTheStart = data.NamedAtTheStart,
+          .PathOfText = data.PathOfText,
+          .MisfitFile = data.MisfitFile,
+          .SourceFile = data.seen_file.path,
+          .seen_file = data.seen_file,
+          .DataFileTitle = data.DataFileTitle,
+          .GridTitle = data.GridTitle,
+          .DataFileSize = data.DataFileSize,
+          .DataFileModified = data.DataFileModified};
+}
+
+DataChange ReplaceByMade(DataContents contents, std::string name) {
+  DataChange change = ReplaceData(std::move(contents), std::move(name));
+  change.flag = ChangedFlag::kKept;
+  return change;
+}
+
+DataChange ChooseRecords(const DataSet& data, RecordOrder records, std::string name) {
+  RecordChoice choice(std::move(records));
+  const std::size_t variables = data.matrix.ColumnCount();
+  DataMatrix matrix(kFirstRecordRow + choice.record_count(), variables);
+  std::vector<Column> columns;
+  columns.reserve(variables);
+  for (std::size_t column = 1; column <= variables; ++column)
+    columns.push_back(choice.Of(data.matrix.ColumnAt(column)));
+  matrix.ExchangeColumns(1, variables, columns);
+  return ReplaceByMade(ContentsMadeOf(data, std::move(matrix), choice.record_count(), data.ProjectNotes),
+                       std::move(name));
 }
 
 }  // namespace tessara

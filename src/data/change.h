@@ -62,6 +62,7 @@ struct DataContents {
   bool NamedAtTheStart = false;
   bool PathOfText = false;
   Path MisfitFile = {};
+  Path SourceFile = {};
   SeenFile seen_file = {};
   std::string DataFileTitle = {};
   std::string GridTitle = {};
@@ -119,5 +120,14 @@ DataChange RemoveRows(const DataSet& data, std::size_t first, std::size_t count,
 
 // Another data set in the place of this one, as a load or New brings it: it counts as unchanged.
 DataChange ReplaceData(DataContents contents, std::string name);
+
+// What was made of the data in their own place: another matrix with as many records as `record_count`, and notes. They
+// keep the path, the title and the changed flag, and the file that they came from is kept at the first save over it.
+DataContents ContentsMadeOf(const DataSet& data, DataMatrix matrix, std::size_t record_count, std::string notes);
+DataChange ReplaceByMade(DataContents contents, std::string name);
+
+// The chosen records alone, in their order; indexes are counted from 0. Costs no pass over what stands as it was
+// loaded.
+DataChange ChooseRecords(const DataSet& data, RecordOrder records, std::string name);
 
 }  // namespace tessara

@@ -104,27 +104,36 @@ class HeldBytes {
     return bytes;
   }
 
-  // The files that no column of the data looks into any more; each counts once.
+  // The files that no column of the data looks into any more, and the orders of records; each counts once.
   template <typename ColumnOf>
   std::size_t OfTexts(std::size_t count, ColumnOf column_of) const {
+    const auto text_of = [](const Column& column) { return column.loaded_text().get(); };
+    const auto order_of = [](const Column& column) { return column.LoadedOrder().get(); };
+    return OfShared(count, column_of, text_of, [](const LoadedText& text) { return text.Bytes(); }) +
+           OfShared(count, column_of, order_of,
+                    [](const RecordOrder& order) { return order.capacity() * sizeof order[0]; });
+  }
+
+  // What columns share, as part_of(column) points to it.
+  template <typename ColumnOf, typename PartOf, typename BytesOf>
+  std::size_t OfShared(std::size_t count, ColumnOf column_of, PartOf part_of, BytesOf bytes_of) const {
     std::size_t bytes = 0;
-    const LoadedText* last = nullptr;
+    decltype(part_of(column_of(0))) last = nullptr;
     for (std::size_t i = 0; i < count; ++i) {
-      const LoadedText* text = column_of(i).loaded_text().get();
-      if (!text || text == last) continue;
-      last = text;
+      const auto part = part_of(column_of(i));
+      if (!part || part == last) continue;
+      last = part;
       bool counted = false;
-      for (std::size_t earlier = 0; earlier < i && !counted; ++earlier) {
-        counted = column_of(earlier).loaded_text().get() == text;
-      }
-      if (!counted && !DataHold(text)) bytes += text->Bytes();
+      for (std::size_t earlier = 0; earlier < i && !counted; ++earlier) counted = part_of(column_of(earlier)) == part;
+      if (!counted && !DataHold(part, part_of)) bytes += bytes_of(*part);
     }
     return bytes;
   }
 
-  bool DataHold(const LoadedText* text) const {
+  template <typename Part, typename PartOf>
+  bool DataHold(const Part* part, PartOf part_of) const {
     for (std::size_t column = 1; column <= matrix_.ColumnCount(); ++column) {
-      if (matrix_.ColumnAt(column).loaded_text().get() == text) return true;
+      if (part_of(matrix_.ColumnAt(column)) == part) return true;
     }
     return false;
   }
@@ -218,6 +227,7 @@ class ChangeExchange {
     std::swap(data_.NamedAtTheStart, contents.NamedAtTheStart);
     std::swap(data_.PathOfText, contents.PathOfText);
     data_.MisfitFile.swap(contents.MisfitFile);
+    data_.SourceFile.swap(contents.SourceFile);
     std::swap(data_.seen_file, contents.seen_file);
     data_.DataFileTitle.swap(contents.DataFileTitle);
     data_.GridTitle.swap(contents.GridTitle);

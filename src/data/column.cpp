@@ -37,6 +37,15 @@ Column::Column(std::shared_ptr<const LoadedText> text, std::size_t field, std::s
 
 CellBlock Column::LoadedCells(std::size_t first_row, std::size_t end_row) const {
   CellBlock cells;
+  if (order_ && first_row >= kFirstRecordRow) {
+    const std::size_t end = std::min(end_row, kFirstRecordRow + order_->size());
+    if (first_row < end) cells.Reserve(end - first_row);
+    for (std::size_t row = first_row; row < end; ++row) {
+      const TaggedView cell = LoadedCell(row);
+      if (cell.is_text()) cells.SetLoaded(row - first_row, cell.text());
+    }
+    return cells;
+  }
   const std::size_t end = std::min(end_row, loaded_rows_);
   if (loaded_as_ == 0 || first_row >= end) return cells;
   cells.Reserve(end - first_row);
@@ -120,6 +129,7 @@ Column Column::WithoutRecords(std::size_t first, std::size_t count, std::size_t 
   Column result;
   result.header_ = std::make_shared<CellBlock>(header_ ? *header_ : LoadedCells(0, kFirstRecordRow));
   result.loaded_ = loaded_;
+  result.shows_five_decimals_ = shows_five_decimals_;
   result.records_ = std::make_shared<Records>();
   auto& stretches = result.records_->stretches;
   const bool never_written = !records_ && loaded_as_ == 0;

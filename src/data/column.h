@@ -30,6 +30,9 @@ struct NumericColumn {
   std::vector<CellClass> classes;
 };
 
+// Indexes of records, from 0: those that a choice has taken, in their new order.
+using RecordOrder = std::vector<std::uint32_t>;
+
 class Column {
  public:
   // All cells empty.
@@ -62,8 +65,17 @@ class Column {
 
   // The file that the column is, or was, a view into; nothing for one that was never loaded.
   const std::shared_ptr<const LoadedText>& loaded_text() const { return loaded_; }
-  // Whether all records stand as they were loaded from this field of their file.
+  // Whether all records are those of this field of their file, in the order of LoadedOrder.
   bool StandsAsField(std::size_t field) const { return loaded_as_ == field && !records_; }
+  // The records of the file that a choice has taken, in their order; nothing while they stand as in the file. Columns
+  // that were chosen together share it.
+  const std::shared_ptr<const RecordOrder>& LoadedOrder() const { return order_; }
+  // The row of the file that a loaded row shows; kNoRow for none.
+  static constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
+  std::size_t LoadedRow(std::size_t row) const;
+
+  // Numbers of this column are shown with five decimals, whatever they are.
+  bool ShowsFiveDecimals() const { return shows_five_decimals_; }
 
   // Bytes of the cells that this column owns and the other one does not share; the bytes of the file are not among
   // them.
@@ -71,6 +83,7 @@ class Column {
 
  private:
   friend class ColumnBuilder;
+  friend class RecordChoice;
 
   static constexpr std::size_t kStretchBits = 10;  // a stretch has 2 to this power records
   static constexpr std::size_t kStretch = std::size_t{1} << kStretchBits;
@@ -85,7 +98,10 @@ class Column {
   };
 
   const CellBlock* OwnedStretch(std::size_t place) const { return records_ ? records_->Stretch(place) : nullptr; }
-  std::size_t LoadedRecords() const { return loaded_rows_ > kFirstRecordRow ? loaded_rows_ - kFirstRecordRow : 0; }
+  std::size_t LoadedRecords() const {
+    if (order_) return order_->size();
+    return loaded_rows_ > kFirstRecordRow ? loaded_rows_ - kFirstRecordRow : 0;
+  }
   TaggedView LoadedCell(std::size_t row) const;
   template <typename Visit>
   void ForEachInStretches(std::size_t record_count, Visit visit) const;
@@ -101,11 +117,20 @@ class Column {
   std::shared_ptr<Records> records_;   // absent while the loaded records stand
   mutable std::shared_ptr<const NumericColumn> numbers_;
   std::shared_ptr<const LoadedText> loaded_;  // holds the texts that owned cells refer to, too
+  std::shared_ptr<const RecordOrder> order_;  // absent while the loaded records stand as in their file
   std::size_t loaded_as_ = 0;                 // field number in the loaded text; 0 for none
   std::size_t loaded_rows_ = 0;
+  bool shows_five_decimals_ = false;
 };
 
+inline std::size_t Column::LoadedRow(std::size_t row) const {
+  if (!order_ || row < kFirstRecordRow) return row;
+  const std::size_t record = row - kFirstRecordRow;
+  return record < order_->size() ? kFirstRecordRow + (*order_)[record] : kNoRow;
+}
+
 inline TaggedView Column::LoadedCell(std::size_t row) const {
+  row = LoadedRow(row);
   if (loaded_as_ == 0 || row >= loaded_rows_) return {};
   const auto field = loaded_->Field(row, loaded_as_);
   return field ? TaggedView(*field) : TaggedView();
@@ -123,6 +148,10 @@ inline TaggedView Column::Cell(std::size_t row) const {
 
 template <typename Visit>
 void Column::ForEachLoadedRecord(std::size_t first, std::size_t end, Visit& visit) const {
+  if (order_) {
+    for (; first < end; ++first) visit(first, LoadedCell(kFirstRecordRow + first));
+    return;
+  }
   if (const std::size_t there = std::min(end, LoadedRecords()); loaded_as_ != 0 && first < there) {
     loaded_->ForEachField(loaded_as_, kFirstRecordRow + first, there - first,
                           [&, first](std::size_t index, const TaggedView& cell) { visit(first + index, cell); });
@@ -138,11 +167,11 @@ void Column::ForEachRecord(std::size_t record_count, Visit visit) const {
     return;
   }
   std::size_t done = 0;
-  if (loaded_as_ != 0) {
+  if (loaded_as_ != 0 && !order_) {
     done = std::min(record_count, LoadedRecords());
     loaded_->ForEachField(loaded_as_, kFirstRecordRow, done, visit);
   }
-  for (; done < record_count; ++done) visit(done, TaggedView());
+  ForEachLoadedRecord(done, record_count, visit);
 }
 
 template <typename Visit>

@@ -18,6 +18,8 @@ class ColumnBuilder {
   // Row 0 to 15.
   void PutHeader(std::size_t row, const TaggedView& value) { column_.Set(row, value); }
 
+  void ShowFiveDecimals() { column_.shows_five_decimals_ = true; }
+
   // A record, from index 0. In the order of the records, each at most once. The value must not stand in a cell of this
   // builder.
   void Put(std::size_t record, const TaggedView& value) {

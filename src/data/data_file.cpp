@@ -120,6 +120,10 @@ void NoteChangedFile(Status& status, const Path& kept) {
                   FromUtf8(PathToUtf8(kept.filename())));
 }
 
+void NoteKeptSource(Status& status, const Path& kept) {
+  status.ShowNote("the data that the file held before are kept as " + FromUtf8(PathToUtf8(kept.filename())));
+}
+
 // One variable has one field in a line, and the notes are the second one of the first line.
 void NoteLostNotes(Status& status, std::size_t variables) {
   status.ShowNote("the project notes are not in the file: it has " +
@@ -129,6 +133,7 @@ void NoteLostNotes(Status& status, std::size_t variables) {
 void SettleWritten(DataSet& data, Platform& platform, const SafeFileWriter& file, const Path& path,
                    std::size_t variables) {
   if (IsSameFile(data.MisfitFile, path)) data.MisfitFile.clear();
+  if (IsSameFile(data.SourceFile, path)) data.SourceFile.clear();
   const auto facts = FactsOfFile(path);
   data.seen_file = facts ? Seen(path, *facts) : SeenFile();
   NoteWhatWasNotKept(file, platform);
@@ -138,12 +143,14 @@ void SettleWritten(DataSet& data, Platform& platform, const SafeFileWriter& file
 WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, std::size_t selected_variables) {
   SafeFileWriter file(path);
   if (file.result() != WriteResult::kWritten) return file.result();
-  // What did not fit, and what another program has written, is not in the data: the file is kept before the save
-  // replaces it.
+  // What did not fit, what a sample has left out and what another program has written is not in the data: the file is
+  // kept before the save replaces it.
+  const bool over_source = IsSameFile(data.SourceFile, path);
   const bool over_misfit = IsSameFile(data.MisfitFile, path);
   const bool over_changed = ChangedSinceSeen(data.seen_file, path);
-  const auto kept = over_misfit || over_changed ? KeepAsFound(path) : std::nullopt;
-  if ((over_misfit || over_changed) && !kept) return WriteResult::kRefused;
+  const bool keep = over_source || over_misfit || over_changed;
+  const auto kept = keep ? KeepAsFound(path) : std::nullopt;
+  if (keep && !kept) return WriteResult::kRefused;
   const UsedRange used = TrimToUsedRange(data);
   const std::string banner = std::to_string(used.records) + " " + std::to_string(used.variables) + " Tessara data";
   StoreFirstRow(data, banner, NotesToField(data.ProjectNotes));
@@ -159,7 +166,11 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, s
   }
   const WriteResult result = file.Commit();
   if (result != WriteResult::kWritten) return result;
-  if (over_changed) NoteChangedFile(platform, *kept);
+  if (over_changed) {
+    NoteChangedFile(platform, *kept);
+  } else if (over_source) {
+    NoteKeptSource(platform, *kept);
+  }
   SettleWritten(data, platform, file, path, used.variables);
   return result;
 }

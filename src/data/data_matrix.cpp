@@ -45,13 +45,14 @@ std::optional<std::string_view> DataMatrix::LoadedLine(std::size_t row, std::siz
     return std::nullopt;
   }
   const auto& text = columns_[0].loaded_text();
-  return text ? text->LeadingFields(row, column_count) : std::nullopt;
+  return text ? text->LeadingFields(columns_[0].LoadedRow(row), column_count) : std::nullopt;
 }
 
 std::size_t DataMatrix::LoadedColumns() const {
   std::size_t count = 0;
   while (count < columns_.size() && columns_[count].StandsAsField(count + 1) &&
-         columns_[count].loaded_text() == columns_[0].loaded_text()) {
+         columns_[count].loaded_text() == columns_[0].loaded_text() &&
+         columns_[count].LoadedOrder() == columns_[0].LoadedOrder()) {
     ++count;
   }
   return count;

@@ -71,7 +71,8 @@ class DataMatrix {
     return ColumnAt(column).UsedRecords(record_count);
   }
 
-  // The number of leading columns whose records all stand as they were loaded, in the order of the file.
+  // The number of leading columns whose records all stand as they were loaded, in one order of records and in the
+  // file's order of fields.
   std::size_t LoadedColumns() const;
 
   // Fields 1 to column_count of a record's row as the file holds them, separators between them; nothing when the file's

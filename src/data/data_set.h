@@ -84,6 +84,7 @@ struct DataSet {
   bool NamedAtTheStart = false;  // it was named on the command line and has not been saved since: no path of its own
   bool PathOfText = false;       // DataFilePath is that of a delimited text: no save goes there unasked
   Path MisfitFile;               // that file while it holds what the data do not, because it did not fit its first line
+  Path SourceFile;               // a file that the data are a part of, or were computed from: a save keeps it
   SeenFile seen_file;            // that file, or the one saved to last; another program may write it in the meantime
 
   std::size_t CurrentRow = 1;  // grid cursor; row 0 is the heading

@@ -104,7 +104,8 @@ constexpr int kEndingSignals[] = {SIGHUP,  SIGINT,  SIGQUIT,   SIGTERM, SIGUSR1,
 
 extern "C" void EndBySignal(int signal) {
   for (const InWorkSlot& slot : in_work) {
-    if (slot.state.load(std::memory_order_acquire) == SlotState::kInWork) ::unlink(slot.path.data());
+    if (slot.state.load(std::memory_order_acquire) != SlotState::kInWork) continue;
+    if (::unlink(slot.path.data()) != 0) ::rmdir(slot.path.data());
   }
   std::signal(signal, SIG_DFL);
   std::raise(signal);  // the program ends as the signal means it to

@@ -20,7 +20,7 @@ void RemoveStrays(const Path& folder);
 // ignores stay ignored. A file that grows beyond its limit is a write that fails, no signal.
 void RemoveTemporariesOnSignals();
 
-// A temporary file in work, for as long as the object lives.
+// A temporary file in work, or a folder that holds none any more, for as long as the object lives.
 class TemporaryInWork {
  public:
   explicit TemporaryInWork(const Path& path);

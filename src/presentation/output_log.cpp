@@ -115,6 +115,19 @@ void BeginRun(OutputLog& output) {
   output.recent_lineage = NewLineage(output);
 }
 
+void AppendToBoth(OutputLog& output, std::string_view to_log, std::string_view to_most_recent) {
+  const bool box_follows = !output.edited_box;
+  Reserve(output.OutputLogText, to_log.size());  // for both texts before one of them changes
+  Reserve(output.MostRecentText, to_most_recent.size());
+  output.OutputLogText.append(to_log);
+  output.MostRecentText.append(to_most_recent);
+  if (box_follows) {
+    output.OutputChanged = true;
+  } else {
+    RefreshOutputView(output);
+  }
+}
+
 void AppendReport(OutputLog& output, std::string_view report) {
   const bool box_follows = !output.edited_box;
   const std::size_t more = report.size() + kReportSeparator.size();

@@ -71,6 +71,8 @@ void RefreshOutputView(OutputLog& output);
 void BeginRun(OutputLog& output);
 // A report, as it stands, at the end of both texts. Takes time for the report, not for the log.
 void AppendReport(OutputLog& output, std::string_view report);
+// The same with texts that are not alike, the separators among them.
+void AppendToBoth(OutputLog& output, std::string_view to_log, std::string_view to_most_recent);
 // What the box shows while a run has no report.
 enum class BoxOfRun { kKept, kEmptied };
 

@@ -217,18 +217,8 @@ void FitTableColumn(TableGrid& grid, TableFace& face, std::size_t column) {
   SetTableColumnWidth(grid, face, column, static_cast<double>(longest + kGapOfColumns) * kCharacterWidth);
 }
 
-void EqualizeColumns(TableGrid& grid, TableFace& face, double width) {
-  if (width <= 0 || grid.ColumnCount() <= kLabelColumns) return;
-  TableStep step = StepOfWidths(grid, face, grid.ColumnCount());
-  std::vector<double>& widths = std::get<TableWidths>(step.other).widths;
-  const auto data = widths.begin() + static_cast<std::ptrdiff_t>(kLabelColumns);
-  if (std::all_of(data, widths.end(), [width](double now) { return now == width; })) return;
-  std::fill(data, widths.end(), width);
-  TakeStep(grid, face, std::move(step));
-}
-
 void ReplaceTable(TableGrid& grid, TableFace& face, TableGrid next, std::string_view name) {
-  TakeWholeStep(grid, face, std::move(next), name, face.selection);
+  TakeReadyStep(grid, face, ReadyToReplace(face, std::move(next), name));
 }
 
 void EmptyTable(TableGrid& grid, TableFace& face) {

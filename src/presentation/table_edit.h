@@ -40,8 +40,6 @@ void AlignTableCells(TableGrid& grid, TableFace& face, TableAlignment alignment)
 void SetTableColumnWidth(TableGrid& grid, TableFace& face, std::size_t column, double width);
 // As wide as the longest text of the column, with a gap of two characters.
 void FitTableColumn(TableGrid& grid, TableFace& face, std::size_t column);
-// Every data column, from the third one to the last, as wide as the other ones.
-void EqualizeColumns(TableGrid& grid, TableFace& face, double width);
 
 // Another table in the place of this one, and none at all. `name` is what the step is called.
 void ReplaceTable(TableGrid& grid, TableFace& face, TableGrid next, std::string_view name);

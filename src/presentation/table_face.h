@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <list>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -52,8 +52,8 @@ struct TableStep {
 
 struct TableFace {
   TableSelection selection;
-  std::deque<TableStep> done;  // the last one is taken back first
-  std::deque<TableStep> undone;
+  std::list<TableStep> done;  // the last one is taken back first
+  std::list<TableStep> undone;
 };
 
 inline constexpr std::size_t kSpareTableRows = 10;

@@ -57,7 +57,7 @@ void TableGrid::InsertRows(std::size_t before, std::size_t count) {
 void TableGrid::InsertColumns(std::size_t before, std::size_t count) {
   const std::size_t at = std::min(before - 1, column_count_);
   for (Row& row : rows_) {
-    row.cells.insert(row.cells.begin() + static_cast<std::ptrdiff_t>(at), count, EmptyCell(before));
+    row.cells.insert(row.cells.begin() + static_cast<std::ptrdiff_t>(at), count, EmptyCell(kLabelColumns + 1));
   }
   if (at < widths_.size()) widths_.insert(widths_.begin() + static_cast<std::ptrdiff_t>(at), count, 0.0);
   for (std::size_t column = at; column < std::min(at + count, kLabelColumns); ++column) {

@@ -1,6 +1,7 @@
 #include "presentation/table_steps.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tessara {
@@ -68,21 +69,16 @@ void Cross(TableGrid& grid, TableWidths& other) {
 void Cross(TableGrid& grid, TableGrid& other) { grid.Exchange(other); }
 
 // Moves the last step of one end of the history to the other.
-bool CrossLast(TableGrid& grid, std::deque<TableStep>& from, std::deque<TableStep>& to) {
+bool CrossLast(TableGrid& grid, std::list<TableStep>& from, std::list<TableStep>& to) {
   if (from.empty()) return false;
-  to.emplace_back();
-  try {
-    std::visit([&](auto& other) { Cross(grid, other); }, from.back().other);
-  } catch (...) {
-    to.pop_back();
-    throw;
-  }
-  to.back() = std::move(from.back());
-  from.pop_back();
+  TableStep& step = from.back();
+  std::visit([&grid](auto& other) { Cross(grid, other); }, step.other);
+  step.bytes = std::max(step.bytes, BytesOf(step));
+  to.splice(to.end(), from, std::prev(from.end()));
   return true;
 }
 
-void Forget(std::deque<TableStep>& steps) {
+void Forget(std::list<TableStep>& steps) {
   std::size_t bytes = 0;
   for (const TableStep& step : steps) bytes += step.bytes;
   while (steps.size() > 1 && (steps.size() > kMostTableSteps || bytes > kMostStepBytes)) {
@@ -91,18 +87,37 @@ void Forget(std::deque<TableStep>& steps) {
   }
 }
 
-}  // namespace
-
-void TakeStep(TableGrid& grid, TableFace& face, TableStep step) {
-  std::deque<TableStep> next;
-  step.bytes = BytesOf(step);
-  next.push_back(std::move(step));
-  CrossLast(grid, next, face.done);
-  face.done.back().bytes = std::max(face.done.back().bytes, BytesOf(face.done.back()));
+// The step is now part of the history.
+void FollowStep(const TableGrid& grid, TableFace& face) {
   face.undone.clear();
   Forget(face.done);
   face.selection = face.done.back().after;
   FollowTable(grid, face);
+}
+
+}  // namespace
+
+void TakeStep(TableGrid& grid, TableFace& face, TableStep step) {
+  ReadyStep ready;
+  step.bytes = BytesOf(step);
+  ready.push_back(std::move(step));
+  CrossLast(grid, ready, face.done);
+  FollowStep(grid, face);
+}
+
+ReadyStep ReadyToReplace(const TableFace& face, TableGrid next, std::string_view name) {
+  ReadyStep ready(1);
+  TableStep& step = ready.back();
+  step.name = name;
+  step.before = step.after = face.selection;
+  step.other = std::move(next);
+  step.bytes = BytesOf(step);
+  return ready;
+}
+
+void TakeReadyStep(TableGrid& grid, TableFace& face, ReadyStep step) noexcept {
+  CrossLast(grid, step, face.done);
+  FollowStep(grid, face);
 }
 
 bool UndoTableStep(TableGrid& grid, TableFace& face) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <list>
 #include <string_view>
 #include <variant>
 
@@ -16,6 +17,12 @@ inline constexpr std::size_t kMostStepBytes = std::size_t{64} << 20;
 
 // Makes the change whose other side is given; the face then selects `after`.
 void TakeStep(TableGrid& grid, TableFace& face, TableStep step);
+
+// Another table in the place of this one, as a step that is made ready ahead of other things that may fail.
+using ReadyStep = std::list<TableStep>;
+ReadyStep ReadyToReplace(const TableFace& face, TableGrid next, std::string_view name);
+// Asks for no memory.
+void TakeReadyStep(TableGrid& grid, TableFace& face, ReadyStep step) noexcept;
 
 // One step back or forth. False when there is none.
 bool UndoTableStep(TableGrid& grid, TableFace& face);

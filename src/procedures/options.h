@@ -10,6 +10,8 @@
 
 namespace tessara {
 
+enum class TableData { kCategorical, kContinuous };  // Option15, Option16
+
 // What a table shows of a category, of continuous data, and how.
 struct SummaryTableOptions {
   bool counts = false;

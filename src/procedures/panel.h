@@ -38,7 +38,6 @@ enum class Procedure {
 };
 
 enum class RegressionKind { kLeastSquares, kLogistic };  // Option21, Option22
-enum class TableData { kCategorical, kContinuous };      // Option15, Option16
 
 struct ProcedurePanel;
 

@@ -1,7 +1,9 @@
 #include "procedures/run.h"
 
+#include <string>
 #include <utility>
 
+#include "presentation/table_steps.h"
 #include "procedures/cases/procedure_run.h"
 #include "procedures/compare/anova.h"
 #include "procedures/compare/crosstabulation.h"
@@ -13,6 +15,9 @@
 #include "procedures/relate/correlation.h"
 #include "procedures/relate/correlation_matrix.h"
 #include "procedures/relate/regression.h"
+#include "procedures/samples/create_subset.h"
+#include "procedures/tables/explore.h"
+#include "procedures/tables/table_variables.h"
 
 namespace tessara {
 namespace {
@@ -36,24 +41,42 @@ Step Refuse(Platform& platform, const char* title, const char* text) {
 
 Step ComesNext(Platform& platform) { return Refuse(platform, kTryAgain, kComesNext); }
 
+Step RefuseWithoutProcedure(Platform& platform) {
+  return Refuse(platform, kTryAgain, "Please select a statistical procedure.");
+}
+
 Step RefuseWithoutIndependent(Platform& platform) {
   return Refuse(platform, kAborted, "Please select an independent variable.");
+}
+
+std::string ControlLabelOf(const DataSet& data, const ProcedurePanel& panel) {
+  return CaseControl(data, panel.control_variable.column, panel.control).ControlLabel();
 }
 
 // The panel's procedure for one analysis variable after the other.
 class PanelRun {
  public:
-  PanelRun(ProcedureRun& run, const ProcedurePanel& panel) : run_(run), panel_(panel), options_(panel.options) {}
+  // Tables grow in a table of the run's own.
+  PanelRun(ProcedureRun& run, const ProcedurePanel& panel, SummaryTable& table)
+      : run_(run),
+        panel_(panel),
+        options_(panel.options),
+        control_label_(ControlLabelOf(run.data, panel)),
+        writer_(table, panel.table_data, control_label_) {}
 
-  Step RunForAllVariables() const {
+  Step RunForAllVariables() {
     for (const std::size_t column : panel_.SelectedVariables) {
       if (const Step step = RunForVariable(column); step != Step::kNextVariable) return step;
     }
+    if (panel_.selected == Procedure::kExplore) run_.AppendReport(ExploreReport(explore_, control_label_));
     return Step::kNextVariable;
   }
 
  private:
-  Step RunForVariable(std::size_t main) const;
+  Step RunForVariable(std::size_t main);
+  void Describe(std::size_t main) const;
+  Step Explore(std::size_t main);
+  Step Tabulate(std::size_t main);
   Step Correlate(std::size_t main) const;
   Step Regress(std::size_t main) const;
 
@@ -73,7 +96,34 @@ class PanelRun {
   ProcedureRun& run_;
   const ProcedurePanel& panel_;
   const ProcedureOptions& options_;
+  std::string control_label_;
+  TableWriter writer_;
+  ExploreTable explore_;
 };
+
+// The comparison by groups stands in no report of this procedure: what is left of it are its errors.
+void PanelRun::Describe(std::size_t main) const {
+  RunDescriptives(run_, {.main = main}, options_.descriptives);
+  const CaseSource source = ReadableCases(run_.data, panel_.control_variable.column, panel_.control);
+  RunForIndependents(main, [&](const Roles& roles) { RunGroupPass(run_, source, roles); });
+}
+
+Step PanelRun::Explore(std::size_t main) {
+  if (!MayExploreOn(explore_, run_.platform)) return Step::kEndRun;
+  ExploreVariable(run_, main, panel_.IndependentVariables, explore_);
+  return Step::kNextVariable;
+}
+
+Step PanelRun::Tabulate(std::size_t main) {
+  const SummaryTableOptions& options = options_.summary_tables;
+  if (panel_.table_data == TableData::kContinuous) {
+    AddContinuousVariable(run_, writer_, options, main, panel_.IndependentVariables);
+    return Step::kNextVariable;
+  }
+  if (!options.counts && !options.percent) return RefuseWithoutProcedure(run_.platform);
+  AddCategoricalVariable(run_, writer_, options, main, panel_.IndependentVariables);
+  return Step::kNextVariable;
+}
 
 Step PanelRun::Correlate(std::size_t main) const {
   if (!options_.correlation.create_matrix) {
@@ -98,7 +148,7 @@ Step PanelRun::Regress(std::size_t main) const {
   return Step::kLeaveLoop;
 }
 
-Step PanelRun::RunForVariable(std::size_t main) const {
+Step PanelRun::RunForVariable(std::size_t main) {
   switch (panel_.selected) {
     case Procedure::kFrequencies: {
       RunFrequencies(run_, {.main = main}, options_.frequencies);
@@ -108,7 +158,7 @@ Step PanelRun::RunForVariable(std::size_t main) const {
       return Step::kNextVariable;
     }
     case Procedure::kDescriptives:
-      RunDescriptives(run_, {.main = main}, options_.descriptives);
+      Describe(main);
       return Step::kNextVariable;
     case Procedure::kCorrelation:
       return Correlate(main);
@@ -126,14 +176,16 @@ Step PanelRun::RunForVariable(std::size_t main) const {
       RunListVariables(run_, panel_.SelectedVariables, options_.list);
       return Step::kLeaveLoop;
     case Procedure::kExplore:
+      return Explore(main);
     case Procedure::kSummaryTables:
+      return Tabulate(main);
     case Procedure::kRandomSample:
     case Procedure::kRepeatedSampling:
       return ComesNext(run_.platform);
     case Procedure::kNone:
       break;
   }
-  return Refuse(run_.platform, kTryAgain, "Please select a statistical procedure.");
+  return RefuseWithoutProcedure(run_.platform);
 }
 
 // A request to cut the data to the cases that pass the control, and not a run.
@@ -141,9 +193,28 @@ bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
   return ControlIsSet(panel, data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
 }
 
+// What the user hears of a run whose results do not show everything; empty when there is nothing to tell.
+std::string NoteOfRun(const ProcedureRun& run, const ProcedurePanel& panel) {
+  if (panel.selected == Procedure::kSummaryTables && run.aborted) return "an error message stands in the output log";
+  if (panel.selected == Procedure::kDescriptives && !panel.IndependentVariables.empty()) {
+    return "Explore and Summary Tables show the statistics of each group";
+  }
+  return {};
+}
+
+// The face of the Output view follows what the run has made.
+void ShowFaceOfRun(OutputLog& output, const ProcedureRun& run, Procedure procedure) {
+  if (procedure == Procedure::kSummaryTables) {
+    output.OutputGridMode = true;
+  } else if (!run.reports.empty()) {
+    output.OutputGridMode = false;
+  }
+}
+
 }  // namespace
 
-RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, ChartStore& charts, Platform& platform) {
+RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, ChartStore& charts, SummaryTable& table,
+               Platform& platform) {
   const WaitCursor wait(platform);
   RunOutcome outcome;
   // A value that was typed wrong must not let all cases through.
@@ -153,8 +224,8 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     return outcome;
   }
   if (IsSubsetRequest(data, panel)) {
-    ComesNext(platform);
-    outcome.refused = true;
+    outcome.subset = CreateSubset(data, panel.control_variable.column, panel.control, platform) == SubsetOutcome::kMade;
+    outcome.refused = !outcome.subset;
     return outcome;
   }
   if (panel.SelectedVariables.empty()) {
@@ -173,17 +244,30 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
                    .control_variable = panel.control_variable,
                    .control = panel.control,
                    .wants_charts = panel.SelectedVariables.size() < 2};
-  outcome.refused = PanelRun(run, panel).RunForAllVariables() == Step::kEndRun;
+  const bool adds_to_table = panel.selected == Procedure::kSummaryTables;
+  SummaryTable grown;  // the steps of the table stay where they are
+  if (adds_to_table) {
+    grown.grid = table.grid;
+    grown.columns = table.columns;
+  }
+  outcome.refused = PanelRun(run, panel, grown).RunForAllVariables() == Step::kEndRun;
+  if (adds_to_table) grown.grid.FitColumns();
+  const std::string note = NoteOfRun(run, panel);
+  const bool table_grows = adds_to_table && !outcome.refused;
+  ReadyStep step;
+  if (table_grows) step = ReadyToReplace(table.face, std::move(grown.grid), "Summary Table");
   FinishRun(run, data, output, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
   charts = std::move(made);
+  if (table_grows) {
+    TakeReadyStep(table.grid, table.face, std::move(step));
+    table.columns = std::move(grown.columns);
+  }
+  if (!outcome.refused || !adds_to_table) ShowFaceOfRun(output, run, panel.selected);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);
-  // Descriptives are done; their comparison by the independent variables is still to come.
-  if (!outcome.refused && panel.selected == Procedure::kDescriptives && !panel.IndependentVariables.empty()) {
-    ComesNext(platform);
-  }
   outcome.aborted = run.aborted;
+  if (!note.empty()) platform.ShowNote(note);
   return outcome;
 }
 

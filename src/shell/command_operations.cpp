@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
+#include "presentation/table_edit.h"
 #include "shell/file_questions.h"
 
 namespace tessara {
@@ -28,6 +29,7 @@ void ClearOutputAfterWarning(Session& session) {
   if (answer != Answer::kYes) return;
   PlaySoundEffect(session, "clean.wav");
   ClearOutput(session.output);
+  if (session.output.OutputGridMode) EmptyTable(session.table.grid, session.table.face);
 }
 
 void OpenText(Session& session) {
@@ -44,7 +46,9 @@ void PrintText(Session& session, const WidgetState& widgets) {
 }
 
 void ConvertText(Session& session) {
-  if (!session.output.OutputGridMode) ConvertOutputToTabDelimited(session.output);
+  if (!session.output.OutputGridMode) return ConvertOutputToTabDelimited(session.output);
+  ConvertTableToTabDelimited(session.table.grid, session.output);
+  if (session.settings.show_output()) session.wanted_view = View::ViewOutput;
 }
 
 void ToggleText(Session& session) { ToggleOutputMode(session.output); }

@@ -27,6 +27,7 @@ inline constexpr int kUndoCommand = 214;
 inline constexpr int kRedoCommand = 215;
 inline constexpr int kGoToCommand = 216;
 inline constexpr int kFormatCommand = 301;
+inline constexpr int kDictionaryCommand = 307;
 inline constexpr int kRunCommand = 308;
 inline constexpr int kVariablesCommand = 310;
 // The buttons of the form that describes variables.
@@ -38,6 +39,9 @@ inline constexpr int kRevertFormatCommand = 314;
 inline constexpr int kRunRecodeCommand = 316;
 inline constexpr int kUndoRecodeCommand = 317;
 inline constexpr int kResetRecodeCommand = 318;
+// Of the buttons of the sampling panels.
+inline constexpr int kCreateSampleCommand = 320;
+inline constexpr int kRunIterationsCommand = 321;
 inline constexpr int kToggleOutputCommand = 350;
 // The faces of the Output view, each by its own name.
 inline constexpr int kShowMostRecentCommand = 351;
@@ -81,6 +85,8 @@ enum class WidgetAction {
   kShowImport,
   kShowExport,
   kShowSplit,
+  kFormatPage,
+  kSetColumnWidth,
   kShowRecodePanel,
 };
 

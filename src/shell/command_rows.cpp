@@ -7,7 +7,10 @@
 #include "shell/file_questions.h"
 #include "shell/format_operations.h"
 #include "shell/grid_operations.h"
+#include "shell/office_operations.h"
 #include "shell/recode_operations.h"
+#include "shell/report_operations.h"
+#include "shell/sample_operations.h"
 #include "shell/table_operations.h"
 
 // All commands, by the menus that they stand in.
@@ -22,8 +25,6 @@ constexpr ViewSet kEveryView = {ViewDataGrid, ViewStatProcs, ViewBrevarum, ViewO
 
 constexpr std::string_view kNoGlossary = "The glossary is not part of this version";
 constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
-constexpr std::string_view kNoDictionary = "The data dictionary is not part of this version";
-constexpr std::string_view kNoReportPages = "Report pages of the table are not part of this version";
 constexpr std::string_view kNothingToUndo = "There is nothing to undo";
 constexpr std::string_view kNothingToRedo = "There is nothing to redo";
 constexpr std::string_view kNoOutput = "There is no output yet";
@@ -80,16 +81,21 @@ constexpr CommandRow kFileCommands[] = {
      .caption = "&Export to Excel",
      .icon = "x-office-spreadsheet",
      .tooltip = "Export",
-     .uses = {{.views = ViewDataGrid, .run = PrepareExport}}},
+     .uses = {{.views = ViewDataGrid, .run = PrepareExport}, {.views = ViewOutput, .run = SendToExcel}}},
+    {.id = 109,
+     .caption = "&Export to Word",
+     .icon = "x-office-document",
+     .tooltip = "Export to Word",
+     .uses = {{.views = ViewOutput, .run = SendToWord}}},
     {.id = kPrintCommand,
      .caption = "&Print",
      .icon = "document-print",
      .shortcut = "Ctrl+P",
      .tooltip = "Print the active document",
-     .uses = {{.views = ViewStatProcs, .reason = kNoDictionary},
+     .uses = {{.views = ViewStatProcs, .run = PrintNotes},
               {.views = ViewBrevarum, .enabled = HasCalculation, .run = PrintCalculation, .reason = kNoResult},
               {.views = ViewOutput, .shown = InTextMode, .run = PrintText},
-              {.views = ViewOutput, .reason = kNoReportPages},
+              {.views = ViewOutput, .run = PrintTable},
               {.views = ViewCharts, .run = TellWhereChartsPrint},
               {.views = ViewGlossary, .reason = kNoGlossary},
               {.views = ViewHandbook, .reason = kNoHandbook},
@@ -209,13 +215,13 @@ constexpr CommandRow kEditCommands[] = {
      .icon = "edit-table-delete-row",
      .tooltip = "Delete Rows",
      .uses = {{.views = ViewDataGrid, .run = DeleteGridRows},
-              {.views = ViewOutput, .shown = ShapesTable, .run = DeleteRowsOfTable}}},
+              {.views = ViewOutput, .shown = TableIsEdited, .run = DeleteRowsOfTable}}},
     {.id = kDeleteColumnsCommand,
      .caption = "Delete Columns",
      .icon = "edit-table-delete-column",
      .tooltip = "Delete Columns",
      .uses = {{.views = ViewDataGrid, .run = DeleteGridColumns},
-              {.views = ViewOutput, .shown = ShapesTable, .run = DeleteColumnsOfTable}}},
+              {.views = ViewOutput, .shown = TableIsEdited, .run = DeleteColumnsOfTable}}},
     {.id = kCopyOutputCommand,
      .caption = "Copy Output",
      .icon = "edit-copy",
@@ -240,22 +246,17 @@ constexpr CommandRow kEditCommands[] = {
      .caption = "Align &Left",
      .icon = "format-justify-left",
      .tooltip = "Left Align Text",
-     .uses = {{.views = ViewOutput, .shown = ShapesTable, .run = AlignTable<TableAlignment::kLeft>}}},
+     .uses = {{.views = ViewOutput, .shown = TableIsEdited, .run = AlignTable<TableAlignment::kLeft>}}},
     {.id = kAlignCentreCommand,
      .caption = "Align &Center",
      .icon = "format-justify-center",
      .tooltip = "Center Text",
-     .uses = {{.views = ViewOutput, .shown = ShapesTable, .run = AlignTable<TableAlignment::kCentre>}}},
+     .uses = {{.views = ViewOutput, .shown = TableIsEdited, .run = AlignTable<TableAlignment::kCentre>}}},
     {.id = kAlignRightCommand,
      .caption = "Align &Right",
      .icon = "format-justify-right",
      .tooltip = "Right Align Text",
-     .uses = {{.views = ViewOutput, .shown = ShapesTable, .run = AlignTable<TableAlignment::kRight>}}},
-    {.id = kColumnWidthCommand,
-     .caption = "Set Column &Width",
-     .icon = "distribute-horizontal-equal",
-     .tooltip = "Adjust Column Width",
-     .uses = {{.views = ViewOutput, .shown = ShapesTable, .reason = kNoReportPages}}},
+     .uses = {{.views = ViewOutput, .shown = TableIsEdited, .run = AlignTable<TableAlignment::kRight>}}},
 };
 
 constexpr CommandRow kVariableCommands[] = {
@@ -264,14 +265,26 @@ constexpr CommandRow kVariableCommands[] = {
      .icon = "document-properties",
      .shortcut = "Ctrl+D",
      .tooltip = "Formatting",
-     .uses = {{.views = ViewDataGrid, .caption = "Format Variables", .run = OpenVariableFormat},
-              {.views = ViewOutput, .caption = "Format Page", .shown = ShapesTable, .reason = kNoReportPages}}},
+     .uses =
+         {{.views = ViewDataGrid, .caption = "Format Variables", .run = OpenVariableFormat},
+          {.views = ViewOutput, .caption = "Format Page", .shown = TableIsEdited, .run = WidgetAction::kFormatPage}}},
+    {.id = kColumnWidthCommand,
+     .caption = "Set Column &Width",
+     .icon = "distribute-horizontal-equal",
+     .tooltip = "Adjust Column Width",
+     .uses = {{.views = ViewOutput, .shown = TableIsEdited, .run = WidgetAction::kSetColumnWidth}}},
     {.id = kVariablesCommand,
      .caption = "All &Variables",
      .icon = "view-list-details",
      .shortcut = "Ctrl+Shift+D",
      .tooltip = "Table of all variables",
      .uses = {{.views = ViewDataGrid, .run = WidgetAction::kShowVariables}}},
+    {.id = kDictionaryCommand,
+     .caption = "Create Data &Dictionary",
+     .icon = "view-list-text",
+     .uses = {{.views = ViewDataGrid, .run = ShowDataDictionary}}},
+    {.id = kCreateSampleCommand, .uses = {{.views = ViewStatProcs, .run = DrawSample, .in_bars = false}}},
+    {.id = kRunIterationsCommand, .uses = {{.views = ViewStatProcs, .run = SaveOrDrawIterations, .in_bars = false}}},
     {.id = kRunCommand,
      .caption = "Run Procedure",
      .icon = "media-playback-start",

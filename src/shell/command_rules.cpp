@@ -8,7 +8,7 @@ bool InTextMode(const Session& session, const WidgetState&) { return !session.ou
 
 bool InGridMode(const Session& session, const WidgetState&) { return session.output.OutputGridMode; }
 
-bool ShapesTable(const Session& session, const WidgetState&) {
+bool TableIsEdited(const Session& session, const WidgetState&) {
   return session.output.OutputGridMode && session.panel.selected != Procedure::kExplore;
 }
 

@@ -8,8 +8,8 @@ namespace tessara {
 
 bool InTextMode(const Session& session, const WidgetState& widgets);
 bool InGridMode(const Session& session, const WidgetState& widgets);
-// The table can be shaped: not while Explore is the procedure selected on the panel.
-bool ShapesTable(const Session& session, const WidgetState& widgets);
+// The summary table is the face of the Output view, and Explore, which has none, is not the procedure at hand.
+bool TableIsEdited(const Session& session, const WidgetState& widgets);
 // There is a table, or its empty face shows.
 bool HasTable(const Session& session, const WidgetState& widgets);
 bool CanUndoTable(const Session& session, const WidgetState& widgets);

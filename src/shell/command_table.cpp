@@ -39,14 +39,14 @@ struct Runner {
 const std::vector<CommandMenu>& MenuBar() {
   constexpr bool kGroup = true;
   static const std::vector<CommandMenu> menus = {
-      {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {106, kGroup}, {107, kGroup}}},
+      {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {109}, {106, kGroup}, {107, kGroup}}},
       {"&Edit",
        {
            {214},         {215}, {201, kGroup}, {202},         {803}, {203}, {216}, {204, kGroup},
            {205, kGroup}, {206}, {213},         {207, kGroup}, {208}, {209}, {210}, {212},
            {211, kGroup}, {451}, {452},         {453},         {454}, {350},
        }},
-      {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {308, kGroup}}},
+      {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {307, kGroup}, {308, kGroup}}},
       {"&Options", {{401}, {402}}},
       {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
       {"&Help", {{601}, {602}, {608, kGroup}}},
@@ -62,6 +62,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 102, .word = "Open"},
       {.id = 103, .caption = "&Save", .word = "Save"},
       {.id = 108, .begin_group = kGroup, .caption = "Export", .style = kText},
+      {.id = 109, .begin_group = kGroup, .caption = "Export", .style = kText},
       {.id = 213, .begin_group = kGroup},
       {.id = 205},
       {.id = 212, .begin_group = kGroup, .caption = "&Copy Output"},

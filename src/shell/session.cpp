@@ -133,10 +133,12 @@ void FollowPanel(Session& session) {
 }
 
 RunOutcome RunPanel(Session& session) {
-  const RunOutcome outcome = Run(session.data, session.panel, session.output, session.charts, session.platform);
+  const RunOutcome outcome =
+      Run(session.data, session.panel, session.output, session.charts, session.table, session.platform);
+  if (outcome.subset) ResetPanel(session.panel);
   FollowPanel(session);  // a variable that the run has added may be chosen next
-  // An error frame is a report too, and says why nothing else came.
-  if (!outcome.refused && session.settings.show_output()) session.wanted_view = View::ViewOutput;
+  // An error frame is a report too, and says why nothing else came. A subset has no report.
+  if (!outcome.refused && !outcome.subset && session.settings.show_output()) session.wanted_view = View::ViewOutput;
   return outcome;
 }
 

@@ -7,6 +7,8 @@
 #include <QRadioButton>
 
 #include "data/change_door.h"
+#include "platform/files.h"
+#include "presentation/office/zip_archive.h"
 #include "window/grid/delimit.h"
 #include "window/grid/split_data.h"
 #include "window/reference/help_pane.h"
@@ -226,7 +228,6 @@ class ExchangeTest : public QObject {
     script().save_answers.push_back(WindowFixture::Chosen(out));
     window().Trigger(105);
     const QPointer<QDialog> wizard = Wizard();
-    QVERIFY(!In<QRadioButton>(wizard, "Option6(0)")->isEnabled());
     In<QRadioButton>(wizard, "Option6(2)")->click();
     Press(wizard, "Next");
     QCOMPARE(script().messages.at(0).title, "Reminder!");
@@ -234,6 +235,22 @@ class ExchangeTest : public QObject {
     QCOMPARE(script().save_dialogs.at(0).filter, "Tab delimited text files (*.txt)|*.txt");
     QVERIFY(script().save_dialogs.at(0).overwrite_prompt);
     QCOMPARE(WindowFixture::ReadFile(out), "SEX\tAGE\r\n1\t34\r\n2\t41\r\n");
+    QVERIFY(IsClosed(wizard));
+  }
+
+  void DataGoOutAsASpreadsheet() {
+    window().Start(KnownData());
+    window().Trigger(108);
+    const QPointer<QDialog> wizard = Wizard();
+    In<QRadioButton>(wizard, "Option6(0)")->click();
+    Press(wizard, "Next");
+    QCOMPARE(script().messages.size(), std::size_t{1});
+    QCOMPARE(script().messages.at(0).title, "Reminder!");
+    QVERIFY(script().save_dialogs.empty());
+    const Path file = window().documents_folder() / "Tessara Data" / "Data 2026-11-05.xlsx";
+    QCOMPARE(script().documents, std::vector<std::string>{PathToUtf8(file)});
+    QVERIFY(IsWholeArchive(file, "xl/worksheets/sheet", "<c ", {6}));  // two names and two records of two cells
+    QCOMPARE(window().Pane(1), "Saved as " + PathToQt(file));
     QVERIFY(IsClosed(wizard));
   }
 

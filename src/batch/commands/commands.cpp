@@ -17,7 +17,9 @@ constexpr const CommandRow* kCommands[] = {
     &kExportCommand,
     &kSplitCommand,
     &kNotesCommand,
+    &kPrintNotesCommand,
     &kStatisticsCommand,
+    &kDictionaryCommand,
     &kCellCommand,
     &kAddRowsCommand,
     &kAddColumnCommand,
@@ -33,9 +35,13 @@ constexpr const CommandRow* kCommands[] = {
     &kFindCommand,
     &kReplaceCommand,
     &kUndoCommand,
+    &kSampleCommand,
+    &kIterationsCommand,
     &kControlCommand,
+    &kSubsetCommand,
     &kFrequenciesCommand,
     &kDescriptivesCommand,
+    &kExploreCommand,
     &kCrosstabCommand,
     &kTTestCommand,
     &kAnovaCommand,
@@ -45,17 +51,20 @@ constexpr const CommandRow* kCommands[] = {
     &kLogisticCommand,
     &kDiagnosticCommand,
     &kListCommand,
+    &kTableCommand,
     &kBrevarumCommand,
     &kChartsCommand,
     &kRecentCommand,
     &kTabDelimitedCommand,
     &kPrintCommand,
+    &kWordCommand,
+    &kExcelCommand,
 };
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "print-notes", "dictionary", "sample",   "iterations", "subset", "table",
-    "explore",     "calculator", "glossary", "word",       "excel",
+    "calculator",
+    "glossary",
 };
 
 }  // namespace

@@ -24,7 +24,8 @@ constinit const CommandRow kDescriptivesCommand{
     .summary = "summary statistics",
     .details =
         "Reports mean, median, spread and a one-sample t-test against 0, one report a variable.\n"
-        "A comparison by the variables behind \"by\" is not in this version: a message says so.\n",
+        "Variables behind \"by\" add an error message for each pair without a case, and no more:\n"
+        "\"explore\" and \"table continuous\" show the statistics of groups.\n",
     .example = "descriptives AGE WEIGHT --chart",
     .options = kOptions,
     .most_words = kAnyNumber,

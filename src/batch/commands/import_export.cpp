@@ -72,14 +72,6 @@ CommandResult RunImport(Batch& batch, const CommandWords& words) {
   return Done();
 }
 
-// A text may replace another one, but neither data nor the log.
-std::string WhyNotExportedTo(const Batch& batch, const Path& path, bool overwrite) {
-  if (batch.files.GuardsOutput(path) && !overwrite) {
-    return Quoted(PathToUtf8(path)) + " is the file of --output; --overwrite writes over it";
-  }
-  return WhyNotPrintedTo(batch, path, overwrite);
-}
-
 CommandResult RunExport(Batch& batch, const CommandWords& words) {
   const std::string& name = words.words[0];
   if (!IsPossiblePath(name)) return NotUnderstood(Quoted(name) + " is not a path");

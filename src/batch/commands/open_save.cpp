@@ -61,6 +61,13 @@ std::string WhyNotPrintedTo(const Batch& batch, const Path& path, bool overwrite
   return {};
 }
 
+std::string WhyNotExportedTo(const Batch& batch, const Path& path, bool overwrite) {
+  if (batch.files.GuardsOutput(path) && !overwrite) {
+    return Quoted(PathToUtf8(path)) + " is the file of --output; --overwrite writes over it";
+  }
+  return WhyNotPrintedTo(batch, path, overwrite);
+}
+
 CommandResult OpenPath(Batch& batch, std::string_view utf8_path) {
   const std::string refusal = Quoted(utf8_path) + " cannot be opened";
   if (!IsPossiblePath(utf8_path)) return NotUnderstood(refusal);

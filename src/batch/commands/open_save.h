@@ -17,4 +17,7 @@ std::string WhyNotSavedTo(const Batch& batch, const Path& path, bool overwrite);
 // Why a text must not be written there: over a file of the run, or over any data file; empty when it may.
 std::string WhyNotPrintedTo(const Batch& batch, const Path& path, bool overwrite);
 
+// The same for what is no text of the log's own: over the file of the log neither.
+std::string WhyNotExportedTo(const Batch& batch, const Path& path, bool overwrite);
+
 }  // namespace tessara

@@ -153,5 +153,43 @@ TEST(TabDelimited, ConvertedTextIsKeptLikeAnEdit) {
   EXPECT_EQ(output.BoxText(), "p  -1\r\n<Page Break>\r\n\r\n\r\n");
 }
 
+TableGrid SmallTable() {
+  TableGrid grid;
+  grid.SetText(1, 3, "   All");
+  grid.SetText(2, 1, "Total Count");
+  grid.SetText(2, 3, "5");
+  return grid;
+}
+
+TEST(TabDelimitedTable, TheLastCellOfARowStandsTwice) {
+  EXPECT_EQ(TableRowsText(SmallTable()), "\t\t   All\t   All\r\nTotal Count\t\t5\t5\r\n");
+}
+
+TEST(TabDelimitedTable, ACellStaysOneFieldWhateverItHolds) {
+  TableGrid grid;
+  grid.SetText(1, 1, "a\tb\r\nc");
+  EXPECT_EQ(TableRowsText(grid), "a b  c\ta b  c\r\n");
+}
+
+TEST(TabDelimitedTable, TheConversionGoesToBothTextsAndShowsThem) {
+  OutputLog output;
+  AppendReport(output, "Earlier\r\n");
+  output.OutputGridMode = true;
+  ConvertTableToTabDelimited(SmallTable(), output);
+  const std::string separator(kReportSeparator);
+  const std::string table = "\r\nSummary Report Results - Tab Delimited\t\t   All\t   All\r\nTotal Count\t\t5\t5\r\n";
+  EXPECT_EQ(output.MostRecentText, "Earlier\r\n" + separator + table + separator);
+  EXPECT_EQ(output.OutputLogText, "Earlier\r\n" + separator + table + "\r\n\r\n\r\n" + separator);
+  EXPECT_FALSE(output.OutputGridMode);
+  EXPECT_TRUE(output.OutputChanged);
+  EXPECT_EQ(output.BoxText(), output.MostRecentText);
+}
+
+TEST(TabDelimitedTable, AnEmptyTableIsItsTitle) {
+  OutputLog output;
+  ConvertTableToTabDelimited({}, output);
+  EXPECT_EQ(output.MostRecentText, "\r\nSummary Report Results - Tab Delimited" + std::string(kReportSeparator));
+}
+
 }  // namespace
 }  // namespace tessara

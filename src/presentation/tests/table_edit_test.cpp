@@ -243,20 +243,6 @@ TEST_F(TableEdit, AlignmentIsThatOfTheSelectedCells) {
   EXPECT_FALSE(Undo());
 }
 
-TEST_F(TableEdit, EqualWidthsLeaveTheLabelColumnsAlone) {
-  grid.SetWidth(1, 3000);
-  EqualizeColumns(grid, face, 900);
-  EXPECT_EQ(grid.Width(1), 3000);
-  EXPECT_EQ(grid.Width(2), kUsualTableWidth);
-  EXPECT_EQ(grid.Width(3), 900);
-  EXPECT_EQ(grid.Width(4), 900);
-  EXPECT_EQ(grid.Width(5), kUsualTableWidth);
-  EqualizeColumns(grid, face, 900);
-  EXPECT_TRUE(Undo());
-  EXPECT_EQ(grid.Width(4), kUsualTableWidth);
-  EXPECT_FALSE(Undo());
-}
-
 TEST_F(TableEdit, AColumnFitsItsLongestText) {
   FitTableColumn(grid, face, 2);
   EXPECT_EQ(grid.Width(2), 900);  // "Percent" and a gap of two

@@ -100,5 +100,13 @@ TEST(TableGrid, EveryChangeCounts) {
   EXPECT_TRUE(grid.empty());
 }
 
+TEST(TableGrid, ColumnsThatComeAtOnceWithTheLabelsAreAlignedAsTheirOwn) {
+  TableGrid grid;
+  grid.SetText(1, 5, "7");
+  EXPECT_EQ(grid.Cell(1, 2).alignment, TableAlignment::kLeft);
+  EXPECT_EQ(grid.Cell(1, 4).alignment, TableAlignment::kRight);
+  EXPECT_EQ(grid.Cell(1, 5).alignment, TableAlignment::kRight);
+}
+
 }  // namespace
 }  // namespace tessara

@@ -61,7 +61,10 @@ GroupedCases GatherGroups(const CaseSource& source, std::size_t continuous, std:
   }
   cases.values.resize(n);
   cases.groups.resize(n);
-  for (Category& category : categories.list) cases.labels.push_back(std::move(category.label));
+  for (Category& category : categories.list) {
+    cases.labels.push_back(std::move(category.label));
+    cases.categories.push_back(category.value);
+  }
   return cases;
 }
 
@@ -83,7 +86,12 @@ GroupStats ComputeGroupStats(GroupedCases cases) {
   stats.groups.reserve(group_count);
   for (std::size_t group = 0; group < group_count; ++group) {
     const double group_squares = varies[group] != 0 ? squares[group] : 0;  // equal values have no deviation
-    stats.groups.push_back({std::move(cases.labels[group]), sizes[group], means[group], group_squares});
+    stats.groups.push_back({.label = std::move(cases.labels[group]),
+                            .n = sizes[group],
+                            .mean = means[group],
+                            .squares = group_squares,
+                            .sum = sums[group],
+                            .value = cases.categories[group]});
   }
   return stats;
 }
@@ -91,7 +99,7 @@ GroupStats ComputeGroupStats(GroupedCases cases) {
 std::optional<GroupStats> RunGroupPass(ProcedureRun& run, const CaseSource& source, const Roles& roles) {
   GroupedCases cases = GatherGroups(source, roles.main, roles.independent);
   if (cases.values.empty()) {
-    run.ReportError(ErrorMessage("Summary Comparison: ", NamesOfPair(source.data, roles.main, roles.independent),
+    run.ReportError(ErrorMessage(kSummaryComparisonTitle, NamesOfPair(source.data, roles.main, roles.independent),
                                  "There are no observations."));
     return std::nullopt;
   }

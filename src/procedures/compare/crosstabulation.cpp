@@ -12,6 +12,8 @@
 namespace tessara {
 namespace {
 
+constexpr std::string_view kTitle = "Crosstab Comparison: ";
+
 // Of the chart of the cells, which has a bar for each of them and a series for each column.
 constexpr std::size_t kMostChartedCells = 10000;
 constexpr std::size_t kMostChartedColumns = 250;
@@ -210,28 +212,36 @@ void LeaveTableCharts(ProcedureRun& run, const TableVariables& variables, const 
 
 }  // namespace
 
+void ReportCrosstabError(ProcedureRun& run, const TableVariables& variables, std::string_view sentence) {
+  run.ReportError(ErrorMessage(kTitle, NamesOfPair(run.data, variables.rows, variables.columns), sentence));
+}
+
+std::optional<CountedCases> RunCountPass(ProcedureRun& run, const CaseSource& source, const TableVariables& variables) {
+  CountedCases cases = CountCases(source, variables);
+  if (cases.n < 1) {
+    ReportCrosstabError(run, variables, "There are no observations.");
+    return std::nullopt;
+  }
+  if (cases.too_many_categories) {
+    ReportCrosstabError(run, variables, "There are too many categories for a table.");
+    return std::nullopt;
+  }
+  return cases;
+}
+
 void RunCrosstabulation(ProcedureRun& run, const Roles& roles, const CrosstabulationOptions& options) {
-  constexpr std::string_view kTitle = "Crosstab Comparison: ";
   const DataSet& data = run.data;
   const TableVariables variables{.rows = roles.main, .columns = roles.independent};
-  const std::string names = NamesOfPair(data, variables.rows, variables.columns);
   if (variables.rows < 1 || variables.columns < 1) {
-    run.ReportError(ErrorMessage(kTitle, names, "You must select an independent and dependent variable."));
+    ReportCrosstabError(run, variables, "You must select an independent and dependent variable.");
     return;
   }
   const CaseSource source = BeginCases(run);
-  const CountedCases cases = CountCases(source, variables);
-  if (cases.n < 1) {
-    run.ReportError(ErrorMessage(kTitle, names, "There are no observations."));
-    return;
-  }
-  if (cases.too_many_categories) {
-    run.ReportError(ErrorMessage(kTitle, names, "There are too many categories for a table."));
-    return;
-  }
+  const std::optional<CountedCases> cases = RunCountPass(run, source, variables);
+  if (!cases) return;
   run.AppendReport(source.control.ControlCaption() +
-                   CrosstabulationReport(data, variables, cases, ComputeTableStatistics(cases.table), options));
-  LeaveTableCharts(run, variables, cases);
+                   CrosstabulationReport(data, variables, *cases, ComputeTableStatistics(cases->table), options));
+  LeaveTableCharts(run, variables, *cases);
 }
 
 }  // namespace tessara

@@ -168,28 +168,36 @@ void LeaveDescriptiveCharts(ProcedureRun& run, const std::string& name, std::vec
 
 }  // namespace
 
+void ReportTooFewObservations(ProcedureRun& run, std::size_t column) {
+  run.ReportError(ErrorMessage(kDescriptiveTitle, run.data.VariableName(column),
+                               "There are less than 2 observations, so procedure was aborted."));
+}
+
+std::optional<DescriptiveCases> RunDescriptivePass(ProcedureRun& run, const CaseSource& source, std::size_t column) {
+  DescriptiveCases cases = GatherDescriptives(source, column);
+  if (cases.values.size() >= 2) return cases;
+  ReportTooFewObservations(run, column);
+  return std::nullopt;
+}
+
 void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options) {
-  constexpr std::string_view kTitle = "Descriptive Analysis: ";
   const DataSet& data = run.data;
   const std::size_t column = roles.main;
   if (column < 1) {
-    run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
+    run.ReportError(ErrorMessage(kDescriptiveTitle, "", "You must select a dependent variable."));
     return;
   }
   const CaseSource source = BeginCases(run);
-  DescriptiveCases cases = GatherDescriptives(source, column);
-  if (cases.values.size() < 2) {
-    run.ReportError(ErrorMessage(kTitle, data.VariableName(column),
-                                 "There are less than 2 observations, so procedure was aborted."));
-    return;
-  }
-  const DescriptiveStatistics statistics = ComputeDescriptives(cases);
+  std::optional<DescriptiveCases> cases = RunDescriptivePass(run, source, column);
+  if (!cases) return;
+  const DescriptiveStatistics statistics = ComputeDescriptives(*cases);
   const std::string chart =
-      options.bar_chart ? BarChartText(MakeBarTable(cases.values, statistics.minimum.value(), statistics.range.value()))
-                        : "\r\n";
+      options.bar_chart
+          ? BarChartText(MakeBarTable(cases->values, statistics.minimum.value(), statistics.range.value()))
+          : "\r\n";
   run.AppendReport(DescriptivesReport(source, column, statistics, chart));
   if (run.wants_charts) {
-    LeaveDescriptiveCharts(run, data.VariableName(column), std::move(cases.values));
+    LeaveDescriptiveCharts(run, data.VariableName(column), std::move(cases->values));
     run.charts.summary = ShortSummary(source, column, statistics);
   }
   if (options.save_z_scores) SaveZScores(run, source, column, statistics);

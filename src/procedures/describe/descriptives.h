@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "data/data_set.h"
@@ -39,6 +40,13 @@ struct DescriptiveStatistics {
 DescriptiveCases GatherDescriptives(const CaseSource& source, std::size_t column);
 // The values are put into another order on the way to the median.
 DescriptiveStatistics ComputeDescriptives(DescriptiveCases& cases);
+
+inline constexpr std::string_view kDescriptiveTitle = "Descriptive Analysis: ";  // of an error report
+
+// The cases of a variable. Less than two of them are an error, which the pass reports itself, and it yields nothing.
+std::optional<DescriptiveCases> RunDescriptivePass(ProcedureRun& run, const CaseSource& source, std::size_t column);
+// The same for one group of them, whose cases have been counted.
+void ReportTooFewObservations(ProcedureRun& run, std::size_t column);
 
 // Runs the procedure for the main variable and appends its report; adds the z-scores when they are asked for.
 void RunDescriptives(ProcedureRun& run, const Roles& roles, const DescriptivesOptions& options);

@@ -31,12 +31,6 @@ struct SortItem {
   std::size_t count = 0;
 };
 
-std::string PaddedText(const TaggedView& cell) {
-  std::string text = TextOf(cell);
-  if (text.size() < kSortWidth) text.insert(0, kSortWidth - text.size(), ' ');
-  return text;
-}
-
 // Counts the accepted cases by cell. Yields whether all accepted values are numeric.
 bool CountCells(const CaseSource& source, std::size_t column, CellDictionary& dictionary,
                 std::vector<DistinctCell>& cells) {
@@ -78,6 +72,12 @@ bool NumbersAscend(const SortItem& a, const SortItem& b) {
 bool TagsAscend(const SortItem& a, const SortItem& b) { return TaggedLess(a.value, b.value); }
 
 }  // namespace
+
+std::string PaddedText(const TaggedView& cell) {
+  std::string text = TextOf(cell);
+  if (text.size() < kSortWidth) text.insert(0, kSortWidth - text.size(), ' ');
+  return text;
+}
 
 FrequencyCases GatherFrequencies(const CaseSource& source, std::size_t column) {
   CellDictionary dictionary;
@@ -204,18 +204,21 @@ void LeaveFrequencyCharts(ProcedureRun& run, std::size_t column, const Frequency
 
 }  // namespace
 
+void ReportNoFrequencies(ProcedureRun& run, std::size_t column) {
+  run.ReportError(ErrorMessage(kFrequencyTitle, run.data.VariableName(column),
+                               "There are no observations, so the procedure was aborted."));
+}
+
 void RunFrequencies(ProcedureRun& run, const Roles& roles, const FrequenciesOptions& options) {
-  constexpr std::string_view kTitle = "Frequency Analysis: ";
   const std::size_t column = roles.main;
   if (column < 1) {
-    run.ReportError(ErrorMessage(kTitle, "", "You must select a dependent variable."));
+    run.ReportError(ErrorMessage(kFrequencyTitle, "", "You must select a dependent variable."));
     return;
   }
   const CaseSource source = BeginCases(run);
   const FrequencyCases cases = GatherFrequencies(source, column);
   if (cases.accepted < 1) {
-    run.ReportError(ErrorMessage(kTitle, run.data.VariableName(column),
-                                 "There are no observations, so the procedure was aborted."));
+    ReportNoFrequencies(run, column);
     return;
   }
   const FrequencyTable table = ComputeFrequencies(cases);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/data_set.h"
@@ -42,9 +43,17 @@ struct FrequencyTable {
   Number index_of_dispersion;
 };
 
+inline constexpr std::string_view kFrequencyTitle = "Frequency Analysis: ";  // of an error report
+
+// The text of a cell, padded on the left to 20 characters, so that texts of numbers sort as numbers do.
+std::string PaddedText(const TaggedView& cell);
+
 // Takes role 1's missing values and the counts as they stand in the data set.
 FrequencyCases GatherFrequencies(const CaseSource& source, std::size_t column);
 FrequencyTable ComputeFrequencies(const FrequencyCases& cases);
+
+// The error report on a variable without an accepted case.
+void ReportNoFrequencies(ProcedureRun& run, std::size_t column);
 
 // Runs the procedure for the main variable and appends its report.
 void RunFrequencies(ProcedureRun& run, const Roles& roles, const FrequenciesOptions& options);

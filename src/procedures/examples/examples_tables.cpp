@@ -5,38 +5,37 @@
 namespace tessara {
 
 std::string_view SummaryTablesExample() {
-  return R"example(                          First class   Second class    Third class           Crew
-Total Count                       325            285            706            885
-95% CI (+/-)                     5.4%           5.8%           3.7%           3.3%
-
+  return R"example(                                  All  First class  Second class  Third class  Crew
+         Total Count             2201          325           285          706   885
+        95% CI (+/-)               2%           5%            6%           4%    3%
 Survived the sinking
-  No
-    Percent                     37.5%          58.6%          74.8%          76.0%
-    Count                         122            167            528            673
-  Yes
-    Percent                     62.5%          41.4%          25.2%          24.0%
-    Count                         203            118            178            212
+                  No  Percent     68%          38%           59%          75%   76%
+                        Count    1490          122           167          528   673
+                 Yes  Percent     32%          62%           41%          25%   24%
+                        Count     711          203           118          178   212
 
 The example is a table of categorical data, SURVIVED in the rows and CLASS in the
 columns, from the sample file titanic.dcs, with the boxes "Counts" and "Percent" set
-and the format "0.0".
+and the output format "0".
 
 WHEN TO USE IT. Summary Tables builds a table to be printed or to be sent to a report:
 counts and percents, or means and deviations, of several variables below each other.
 
 WHICH VARIABLES GO WHERE. Choose "Categorical Data" or "Continuous Data", and the
 figures you want. Put the variables to be described under "Rows". Leave "Columns"
-empty for all cases, or put a variable there to have one column for each of its
+empty for all cases, or put a variable there to have a further column for each of its
 groups.
 
 HOW TO READ IT. Total Count is the number of cases in the column, and the percents of
-a variable add up to 100 down the column: 62.5 percent of the first class survived and
-24.0 percent of the crew. The 95 percent interval tells how far a percent of a sample
+a variable add up to 100 down the column: 62 percent of the first class survived and
+24 percent of the crew. The 95 percent interval tells how far a percent of a sample
 of this size may lie from the truth at most.
 
 WHAT TO WATCH FOR. The table grows: every run adds to it until you clear the output,
-so build it step by step. It stands in the grid of the Output view, not in the text.
-Categorical and continuous data make separate blocks.
+so build it step by step. A second run with the same variables writes its figures anew.
+The table stands in the grid of the Output view, not in the text; categorical and
+continuous data make separate blocks. The output format is that of the counts too:
+under "0.00" a count of 12 shows as 12.00.
 )example";
 }
 

@@ -110,5 +110,16 @@ TEST(GroupStats, EveryCaseItsOwnGroup) {
   ExpectGroup(stats.groups.back(), "50000", 1, 1, 0);
 }
 
+TEST(GroupStats, SumsAndStoredValuesOfTheGroups) {
+  const DataSet data = MakeTestData(
+      {{"Y", Texts({"1", "2.5", "4"})}, {.name = "G", .cells = Texts({"b", "a", "b"}), .value_labels = {"b=First"}}});
+  const GroupStats stats = StatsOf(data);
+  ASSERT_EQ(stats.GroupCount(), 2u);
+  EXPECT_EQ(stats.groups[0].sum.value(), 2.5);
+  EXPECT_EQ(stats.groups[1].sum.value(), 5);
+  EXPECT_EQ(stats.groups[1].value.text(), "b");
+  EXPECT_EQ(stats.groups[1].label, "First");
+}
+
 }  // namespace
 }  // namespace tessara

@@ -58,8 +58,9 @@ std::string OutcomeOf(const ProcedurePanel& panel) {
   DataSet data = MakeCases();
   OutputLog output;
   ChartStore charts;
+  SummaryTable table;
   ScriptedPlatform platform;
-  if (Run(data, panel, output, charts, platform).refused) return {};
+  if (Run(data, panel, output, charts, table, platform).refused) return {};
   std::string outcome = output.MostRecentText;
   for (const ListedVariable& variable : data.VarList) outcome += variable.name + "\n";
   return outcome;

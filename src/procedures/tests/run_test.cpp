@@ -32,7 +32,7 @@ class RunTest : public testing::Test {
   }
 
   RunOutcome RunNow() {
-    const RunOutcome outcome = tessara::Run(data, panel, output, charts, platform);
+    const RunOutcome outcome = tessara::Run(data, panel, output, charts, table, platform);
     EXPECT_EQ(platform.wait_cursors, 0);  // off on every path
     EXPECT_EQ(platform.most_wait_cursors, 1);
     return outcome;
@@ -63,6 +63,7 @@ class RunTest : public testing::Test {
   ProcedurePanel panel;
   OutputLog output;
   ChartStore charts;
+  SummaryTable table;
   ScriptedPlatform platform;
 };
 
@@ -198,8 +199,7 @@ TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
 }
 
 TEST_F(RunTest, ProceduresToComeSaySoOnce) {
-  for (const Procedure procedure :
-       {Procedure::kExplore, Procedure::kSummaryTables, Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
+  for (const Procedure procedure : {Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
     SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
     Select(procedure, {1, 2}, {2, 1});
@@ -240,14 +240,15 @@ TEST_F(RunTest, ARunWithoutVariablesLeavesTheMostRecentOutput) {
   EXPECT_EQ(output.MostRecentText, before);
 }
 
-TEST_F(RunTest, IndependentVariablesOfDescriptivesAreAnsweredOnceBehindTheReports) {
+TEST_F(RunTest, IndependentVariablesOfDescriptivesAreAnsweredOnceByANote) {
   Select(Procedure::kDescriptives, {1, 2}, {2, 1});
   const RunOutcome outcome = RunNow();
   EXPECT_FALSE(outcome.refused);
   EXPECT_EQ(Occurrences(output.MostRecentText, std::string(kReportSeparator)), 2u);
-  ASSERT_EQ(platform.messages.size(), 1u);
-  EXPECT_EQ(platform.messages[0].title, kTryAgain);
-  EXPECT_NE(platform.messages[0].text.find("comes next"), std::string::npos);
+  EXPECT_TRUE(platform.messages.empty());
+  ASSERT_EQ(platform.notes.size(), 1u);
+  EXPECT_NE(platform.notes[0].find("Explore"), std::string::npos);
+  EXPECT_TRUE(table.grid.empty());
 }
 
 TEST_F(RunTest, FrequenciesAreFollowedByTheTableWithEachIndependentVariable) {

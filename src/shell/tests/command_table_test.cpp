@@ -40,6 +40,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        "|104 &Import Data\n"
        " 105 &Export Data\n"
        " 108 &Export to Excel\n"
+       " 109 &Export to Word\n"
        "|106 &Print\n"
        "|107 &Exit\n"},
       {"&Edit",
@@ -102,6 +103,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 102 &Open Data File\n"
             " 103 &Save\n"
             "|108 Export\n"
+            "|109 Export\n"
             "|213 &Cut\n"
             " 205 &Copy\n"
             "|212 &Copy Output\n"
@@ -128,6 +130,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Open an existing file",
                             "Save the active file",
                             "Export",
+                            "Export to Word",
                             "Paste",  // of the button that cuts: the pairing is intended
                             "Copy Selection",
                             "Copy Output",
@@ -150,7 +153,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Adjust Column Width",
                             "Print the active document",
                             "Show Help Window"};
-  const std::set<int> with_caption = {108, 202, 301, 350, 308, 106, 602};
+  const std::set<int> with_caption = {108, 109, 202, 301, 350, 308, 106, 602};
   for (std::size_t i = 0; i < Toolbar().size(); ++i) {
     const BarEntry& entry = Toolbar()[i];
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
@@ -189,7 +192,7 @@ TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
       {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
       {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"}, {202, "+----o--"}, {803, "o----o--"},
       {203, "+-------"}, {302, "+-------"}, {303, "+-------"}, {304, "+-------"}, {305, "+-------"}, {306, "+-------"},
-      {104, "+----o--"}, {105, "+----o--"}, {108, "+-------"}, {201, "+-------"},
+      {104, "+----o--"}, {105, "+----o--"}, {108, "+--+----"}, {109, "---+----"}, {201, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -272,10 +275,10 @@ TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
   widgets.clipboard_has_text = true;
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-ooo+oo+"}, {204, "+--o----"},
+      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-oo++oo+"}, {204, "+--o----"},
       {205, "+--+-o--"}, {206, "+--+-o--"}, {209, "+--+----"}, {210, "+--+----"}, {211, "---+----"},
-      {213, "+--+-o--"}, {214, "o--o----"}, {215, "o--o----"}, {301, "+--o----"}, {350, "--------"},
-      {451, "---+----"}, {452, "---+----"}, {453, "---+----"}, {454, "---o----"}};
+      {213, "+--+-o--"}, {214, "o--o----"}, {215, "o--o----"}, {301, "+--+----"}, {350, "--------"},
+      {451, "---+----"}, {452, "---+----"}, {453, "---+----"}, {454, "---+----"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
   session.table.grid.SetText(1, 1, "x");
   EXPECT_TRUE(State(204, View::ViewOutput).enabled);

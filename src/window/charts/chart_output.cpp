@@ -1,7 +1,6 @@
 #include "window/charts/chart_output.h"
 
 #include <QBuffer>
-#include <QImage>
 #include <QMimeData>
 #include <QPainter>
 #include <QSvgGenerator>
@@ -11,21 +10,12 @@
 #include "presentation/print_pages.h"
 #include "shell/session.h"
 #include "window/charts/chart_drawing.h"
+#include "window/charts/chart_image.h"
 #include "window/system/qt_platform.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
 namespace {
-
-constexpr int kSharpness = 2;  // pixels of a picture for each of the screen
-
-QImage ChartPicture(const Chart& chart, const QSize& size) {
-  QImage picture(size * kSharpness, QImage::Format_RGB32);
-  picture.fill(Qt::white);
-  QPainter painter(&picture);
-  PaintChart(painter, QRectF(picture.rect()), chart, ColoursOfPaper(), size);
-  return picture;
-}
 
 // A file name of the chart's title, without what a file system would refuse.
 std::string FileNameFor(const Chart& chart) {
@@ -33,13 +23,6 @@ std::string FileNameFor(const Chart& chart) {
   std::ranges::replace_if(
       name, [](char c) { return std::string_view("/\\:*?\"<>|\r\n\t").find(c) != std::string_view::npos; }, '-');
   return name + ".png";
-}
-
-QByteArray ChartPng(const Chart& chart, const QSize& size) {
-  QBuffer file;
-  file.open(QIODevice::WriteOnly);
-  if (!ChartPicture(chart, size).save(&file, "PNG")) return {};
-  return file.data();
 }
 
 QByteArray ChartSvg(const Chart& chart, const QSize& size) {
@@ -67,7 +50,7 @@ WriteResult WriteChart(const Path& path, const QByteArray& picture) {
 void CopyChart(QtPlatform& platform, Session& session, const Chart& chart, const QSize& size) {
   PlaySoundEffect(session, "copy.wav");
   auto* content = new QMimeData;
-  content->setImageData(ChartPicture(chart, size));
+  content->setImageData(ChartImage(chart, size));
   content->setText(ToQtLines(ChartRowsText(chart)));
   platform.SetClipboardContent(content);
 }

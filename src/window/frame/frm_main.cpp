@@ -17,6 +17,7 @@
 
 #include "platform/files.h"
 #include "shell/close_request.h"
+#include "shell/report_operations.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
 #include "window/frame/about_box.h"
@@ -27,6 +28,8 @@
 #include "window/grid/delimit.h"
 #include "window/grid/split_data.h"
 #include "window/output/output1.h"
+#include "window/output/report_form.h"
+#include "window/output/rpt_options.h"
 #include "window/reference/help_pane.h"
 #include "window/reference/page_view.h"
 #include "window/reference/tips.h"
@@ -362,6 +365,10 @@ void FrmMain::Perform(WidgetAction action) {
       return ShowDelimit(action == WidgetAction::kShowImport);
     case WidgetAction::kShowSplit:
       return ShowSplit();
+    case WidgetAction::kFormatPage:
+      return ShowPageOptions();
+    case WidgetAction::kSetColumnWidth:
+      return ShowColumnWidth();
     case WidgetAction::kNone:
       return;
   }
@@ -429,6 +436,25 @@ void FrmMain::ShowDelimit(bool to_import) {
   OpenForm(form);
 }
 
+void FrmMain::ShowPageOptions() {
+  if (form_) return form_->raise();
+  auto* form = new RptOptions(session_.report_page, this);
+  connect(form, &RptOptions::HelpAsked, this, &FrmMain::ShowHelpPage);
+  connect(form, &RptOptions::Applied, this,
+          [this] { platform_.SetStatusPane(kMessagePane, "Header and footer are set"); });
+  OpenForm(form);
+}
+
+void FrmMain::ShowColumnWidth() {
+  if (form_) return form_->raise();
+  const auto apply = [this](const std::string& typed) {
+    bool applied = false;
+    RunForForm([&] { applied = SetTableColumnWidth(session_, typed); });
+    return applied;
+  };
+  OpenForm(new ReportForm(apply, session_.table.grid.Width(kLabelColumns + 1), this));
+}
+
 void FrmMain::ShowSplit() {
   if (form_) return form_->raise();
   auto* form = new SplitData(
@@ -465,10 +491,12 @@ WidgetState FrmMain::State() const {
 
 void FrmMain::RefreshCommands() {
   bars_->Refresh(session_, State());
-  const bool in_output = session_.ActiveView == View::ViewOutput && !session_.output.OutputGridMode;
+  const bool in_output = session_.ActiveView == View::ViewOutput;
+  const bool has_output =
+      session_.output.OutputGridMode ? !session_.table.grid.empty() : !session_.output.BoxText().empty();
   for (QAction* action : output_->PrintActions()) {
     action->setVisible(in_output);
-    action->setEnabled(in_output && !session_.output.BoxText().empty());
+    action->setEnabled(in_output && has_output);
   }
   const bool in_grid = session_.ActiveView == View::ViewDataGrid;
   recent_files_->menu()->menuAction()->setVisible(in_grid || session_.ActiveView == View::ViewStatProcs);

@@ -94,6 +94,8 @@ class FrmMain : public QMainWindow {
   void ShowAbout();
   void ShowDelimit(bool to_import);
   void ShowSplit();
+  void ShowPageOptions();
+  void ShowColumnWidth();
   void OpenForm(QDialog* form);
   // Runs what a form over the frame asks for, as a command is run.
   void RunForForm(const std::function<void()>& operation);

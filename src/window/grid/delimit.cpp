@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "shell/exchange_questions.h"
+#include "shell/office_operations.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
@@ -156,17 +157,14 @@ QGroupBox* Delimit::BuildDelimiters() {
 QWidget* Delimit::BuildExportPage() {
   auto* page = new QWidget(this);
   auto* layout = new QVBoxLayout(page);
-  layout->addWidget(Instruction(
-      tr("The variable names and all records are written to a file that other programs read.\n\n"
-         "Labels, missing values and notes stay behind, and there is no quoting: a cell that holds the delimiter "
-         "becomes two.")));
+  layout->addWidget(Instruction(tr(
+      "The variable names and all records are written to a file that other programs read.\n\n"
+      "Labels, missing values and notes stay behind. In the two kinds of text there is no quoting: a cell that holds "
+      "the delimiter becomes two. The spreadsheet goes to the folder Tessara Data among your documents.")));
   export_options_ = new QButtonGroup(this);
   for (int i = 0; i < 3; ++i) {
     layout->addWidget(AddOption(export_options_, i, QString("Option6(%1)").arg(i), kExportOptions[i], page));
   }
-  QAbstractButton* spreadsheet = export_options_->button(static_cast<int>(ExportOption::kSpreadsheet));
-  spreadsheet->setEnabled(false);
-  spreadsheet->setToolTip(tr("The export to a spreadsheet is not part of this version"));
   layout->addStretch();
   return page;
 }
@@ -242,6 +240,10 @@ void Delimit::ExportPageNext() {
   session_.delimit.export_option = CheckedOption<ExportOption>(*export_options_);
   bool written = false;
   run_([&] {
+    if (session_.delimit.export_option == ExportOption::kSpreadsheet) {
+      written = SendDataToExcel(session_);
+      return;
+    }
     const auto delimiter = ExportNext(session_.delimit, session_.platform);
     written = delimiter && AskAndExport(session_, *delimiter);
   });

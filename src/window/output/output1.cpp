@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "presentation/print_pages.h"
+#include "shell/report_operations.h"
 #include "window/output/table_pane.h"
 #include "window/output/text_page.h"
 #include "window/system/qt_platform.h"
@@ -165,16 +166,16 @@ QWidget* Output1::MakeTools() {
     zoom_->setMinimumWidth(type.horizontalAdvance("400 %") + type.height() / 2);
   });
   connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
-  text_tools_ = {MakeTool(find), MakeTool(preview_), MakeTool(pdf_)};
+  text_tools_ = {MakeTool(find)};
   table_tools_ = {MakeCommandTool("ClearTable", "edit-clear-all", tr("Clear the Table"), kNewCommand),
                   MakeCommandTool("ConvertTable", "document-export-table",
                                   tr("Convert Table to Tab Delimited (Ctrl+T)"), kConvertCommand)};
-  layout->addWidget(text_tools_[0]);
+  layout->addWidget(text_tools_.front());
   layout->addWidget(MakeTool(smaller));
   layout->addWidget(zoom_);
   layout->addWidget(MakeTool(larger));
-  layout->addWidget(text_tools_[1]);
-  layout->addWidget(text_tools_[2]);
+  layout->addWidget(MakeTool(preview_));
+  layout->addWidget(MakeTool(pdf_));
   for (QWidget* tool : table_tools_) layout->addWidget(tool);
   return tools;
 }
@@ -379,18 +380,23 @@ void Output1::Find(bool backward) {
   find_result_->setText(tr("Not found"));
 }
 
-PrintJob Output1::Job() {
+// The face that shows: the table, or the text. Nothing where a box has said why.
+std::optional<PrintJob> Output1::Job() {
   StoreWidgets();
+  if (session().output.OutputGridMode) return TableJob(session());
   const PrintOptions options = {.date = session().settings.print_date(),
                                 .notes_caption = session().settings.notes_caption()};
   return JobOfPages(OutputPages(session().output.BoxText(), options, platform_.Now().date));
 }
 
 void Output1::Preview() {
-  if (!platform_.Preview(Job())) ShowPrinterError(platform_);
+  const auto job = Job();
+  if (job && !platform_.Preview(*job)) ShowPrinterError(platform_);
 }
 
 void Output1::PrintToPdf() {
+  const auto job = Job();
+  if (!job) return;
   FileDialog dialog;
   dialog.title = "Save as PDF";
   dialog.filter = "PDF documents (*.pdf)|*.pdf";
@@ -401,7 +407,7 @@ void Output1::PrintToPdf() {
   const auto chosen = platform_.AskSaveFile(dialog);
   if (!chosen) return;
   const WaitCursor wait(platform_);
-  if (platform_.WritePdf(Job(), chosen->path)) {
+  if (platform_.WritePdf(*job, chosen->path)) {
     platform_.SetStatusPane(1, "Save Completed");
   } else {
     platform_.ShowMessage({"Error", "The PDF file could not be written.", Buttons::kOk, Tone::kRefusal});

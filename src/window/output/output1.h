@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <optional>
 
 #include "window/output/sheet_changes.h"
 #include "window/widgets/view_form.h"
@@ -57,7 +58,7 @@ class Output1 : public ViewForm {
   void Find(bool backward);
   void Preview();
   void PrintToPdf();
-  PrintJob Job();
+  std::optional<PrintJob> Job();
 
   QtPlatform& platform_;
   QStackedWidget* faces_ = nullptr;

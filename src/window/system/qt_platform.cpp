@@ -25,6 +25,7 @@
 #include <new>
 
 #include "platform/files.h"
+#include "window/system/desktop_programs.h"
 #include "window/system/page_painter.h"
 #include "window/system/plain_text_rule.h"
 #include "window/system/printer_job.h"
@@ -339,7 +340,9 @@ bool QtPlatform::OpenDocument(const std::string& address) {
 }
 
 bool QtPlatform::OpenOnDesktop(const QString& address) {
-  if (QFileInfo::exists(address)) return QDesktopServices::openUrl(QUrl::fromLocalFile(address));
+  if (QFileInfo::exists(address)) {
+    return DesktopHasProgramFor(address) && QDesktopServices::openUrl(QUrl::fromLocalFile(address));
+  }
   const QUrl url(address, QUrl::StrictMode);
   return url.isValid() && !url.scheme().isEmpty() && QDesktopServices::openUrl(url);
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/path.h"
+#include "platform/temporary_files.h"
+
+namespace tessara {
+
+// A folder for the temporary files of one piece of work, among those of the system and for nobody but its owner. It
+// goes with the object and all that is in it, and also when a signal ends the program.
+class ScratchFolder {
+ public:
+  ScratchFolder();
+  ~ScratchFolder();
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+  // Empty when the system gave none.
+  const Path& path() const { return path_; }
+  // The one file that is in the folder for long; a name in it.
+  Path FileOf(const char* name);
+
+ private:
+  Path path_;
+  std::optional<TemporaryInWork> file_in_work_;  // ahead of the folder: it goes first
+  std::optional<TemporaryInWork> in_work_;
+};
+
+}  // namespace tessara
