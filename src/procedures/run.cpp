@@ -24,8 +24,6 @@ namespace {
 
 constexpr const char* kAborted = "Procedure Aborted";
 constexpr const char* kTryAgain = "Try Again!";
-constexpr const char* kComesNext =
-    "This procedure comes next: it is on its way and will be part of a coming release of Tessara.";
 
 // How the loop over the analysis variables goes on.
 enum class Step {
@@ -38,8 +36,6 @@ Step Refuse(Platform& platform, const char* title, const char* text) {
   platform.ShowMessage({title, text});
   return Step::kEndRun;
 }
-
-Step ComesNext(Platform& platform) { return Refuse(platform, kTryAgain, kComesNext); }
 
 Step RefuseWithoutProcedure(Platform& platform) {
   return Refuse(platform, kTryAgain, "Please select a statistical procedure.");
@@ -179,9 +175,8 @@ Step PanelRun::RunForVariable(std::size_t main) {
       return Explore(main);
     case Procedure::kSummaryTables:
       return Tabulate(main);
-    case Procedure::kRandomSample:
+    case Procedure::kRandomSample:  // samples have buttons of their own
     case Procedure::kRepeatedSampling:
-      return ComesNext(run_.platform);
     case Procedure::kNone:
       break;
   }

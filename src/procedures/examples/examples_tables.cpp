@@ -40,49 +40,41 @@ under "0.00" a count of 12 shows as 12.00.
 }
 
 std::string_view RandomSampleExample() {
-  return R"example(RANDOM SAMPLE
+  return R"example(Frequencies
 
-This procedure is used to create a data file that is a randomly selected subset of the
-current spreadsheet.
+Variable: SURVIVED     Survived the sinking
 
-Enter the number of observations you want to randomly select. Please note that the
-number of observations must be less than the total number of records in the current
-data.
+Value                       Count       Percent      Cumulative
+-----------------------------------------------------------------
+No                            126        63.00          63.00
+Yes                            74        37.00         100.00
+-----------------------------------------------------------------
+                  Total       200
+                Missing         0
 
-Click 'Create Sample' to replace the current data with a random subset.
-
-EXAMPLE. Open the sample file titanic.dcs, enter 200 and click "Create Sample". The
-Data Grid then holds 200 of the 2201 people, drawn by chance; names, labels and
-missing values are kept. Run Frequencies of SURVIVED: all 2201 give 32.30 percent
-survivors, and your sample will give a figure near it, mostly within 6.5 percent on
-either side.
+The example is what Frequencies of SURVIVED prints behind a sample of 200 people from
+the sample file titanic.dcs: open the file, enter 200, click "Create Sample", and run
+Frequencies. Of all 2201 people 32.30 percent survived; of this sample 37.00 percent,
+and yours will give another figure near it, mostly within 6.5 percent on either side.
+In tessara-cli the option --seed 1912 draws these very people.
 
 WHEN TO USE IT. To see how much a result owes to chance, to try a procedure on fewer
 cases, or to hand every student of a class a sample of their own.
 
-WHAT TO WATCH FOR. The sample takes the place of the data in memory. The file on disk
-stays as it is until you save, so save the sample under a new name. Every click draws
-anew; open the file again before you draw another sample from all the cases. Choose
-clearly fewer observations than there are records: the last fifteen records of the
-file can only be drawn by very large samples.
+HOW TO READ IT. The Data Grid holds the people drawn, by chance and in no order; names,
+labels and missing values are kept, and so are the project notes.
+
+WHAT TO WATCH FOR. The sample takes the place of the data in memory. Ctrl+Z in the
+Data Grid brings all the cases back. The file on disk stays as it is until you save,
+so save the sample under a new name. Every click draws anew, from the sample; undo
+before you draw another one from all the cases. Choose clearly fewer observations than
+there are records: the last fifteen records of the file can only be drawn by very
+large samples.
 )example";
 }
 
 std::string_view RepeatedSamplingExample() {
-  return R"example(REPEATED RANDOM SAMPLING
-
-This procedure creates repeated random samples from the current spreadsheet. For each
-sample (iteration), the mean and standard deviation are computed and placed into the
-spreadsheet. This results in a new data file where each row contains the summary
-statistics for one random sample.
-
-Enter the number of observations you want to randomly select (sample size) and the
-number of random samples you wish to create (iterations). Please note that the sample
-size must be less than the total number of records in the current data.
-
-Click 'Run Iterations' to replace the current data with a sampling distribution.
-
-----------------------------------------------------
+  return R"example( ----------------------------------------------------
 | Results of Random Sampling.                        |
 |                                                    |
 | Variable Randomized:        SEPLEN                 |
@@ -93,41 +85,26 @@ Click 'Run Iterations' to replace the current data with a sampling distribution.
 | random samples. Click the Data Grid Tab to view    |
 | the sample of means. Click the Charts Tab to view  |
 | histograms representing the distribution of means. |
-----------------------------------------------------
+ ----------------------------------------------------
+
 Descriptive Statistics
 Variable: Mean     
 -------------------------------------------------------------------------------
-Count                        100         Pop Var                        0.0314
-Sum                          582.2450    Sam Var                        0.0317
-Mean                           5.8225    Pop Std                        0.1771
-Median                         5.8275    Sam Std                        0.1780
-Min                            5.2250    Std Error                      0.0179
-Max                            6.1450    CV%                            3.0575
-Range                          0.9200    95% CI (+/-)                   0.0354
-Skewness                      -0.3856    One sample t-test (mu=0)  |p<| 0.0000
+Count                        100         Pop Var                        0.0241
+Sum                          583.8300    Sam Var                        0.0243
+Mean                           5.8383    Pop Std                        0.1551
+Median                         5.8200    Sam Std                        0.1559
+Min                            5.4300    Std Error                      0.0157
+Max                            6.2250    CV%                            2.6701
+Range                          0.7950    95% CI (+/-)                   0.0310
+Skewness                       0.0298    One sample t-test (mu=0)  |p<| 0.0000
 -------------------------------------------------------------------------------
 
 Missing Cases    0
 
-
-
-                       Horizontal Bar Chart
------------------------------------------------------------------
-Bar Interval                      Count
-----------------------           ------
-5.23 to 5.36                          1  X
-5.36 to 5.49                          2  XX
-5.49 to 5.62                         10  XXXXXX
-5.62 to 5.75                         19  XXXXXXXXXXXX
-5.75 to 5.88                         31  XXXXXXXXXXXXXXXXXXXX
-5.88 to 6.01                         23  XXXXXXXXXXXXXX
-6.01 to 6.15                         14  XXXXXXXXXX
-
------------------------------------------------------------------
-
 The example drew 100 samples of 20 flowers each from SEPLEN of the sample file
 iris.dcs. The samples are drawn by chance, so your figures will differ a little from
-these, and from run to run.
+these, and from run to run; in tessara-cli the option --seed 1936 gives these.
 
 WHEN TO USE IT. Repeated sampling shows what a standard error is. Draw many samples,
 take the mean of each, and look at how the means spread.
@@ -138,13 +115,14 @@ sample size and the number of iterations.
 HOW TO READ IT. The mean of the means comes close to the mean of all cases, 5.8433.
 The standard deviation of the means, Sam Std, is what theory calls the standard error:
 about the deviation of the cases, 0.8281, divided by the root of 20, which is 0.1852,
-and somewhat less because 20 of 150 is a good part of all. The bar chart of the means
-is nearly a bell, whatever the shape of the data. Repeat it with samples of 80: the
-means draw together.
+and somewhat less because 20 of 150 is a good part of all. The histogram of the means
+in the Charts view is nearly a bell, whatever the shape of the data. Repeat it with
+samples of 80: the means draw together.
 
 WHAT TO WATCH FOR. The means take the place of the data in memory; save your data
-first. The sum of a sample is divided by the sample size, also when some of its cells
-are missing: use a variable without missing values.
+first, or bring them back with Ctrl+Z in the Data Grid. The sum of a sample is divided
+by the sample size, also when some of its cells are missing: use a variable without
+missing values.
 )example";
 }
 

@@ -72,6 +72,7 @@ void CreateDataDictionary(DataSet& data, OutputLog& output, Platform& platform) 
   const std::vector<std::string> reports = {DataDictionaryText(data, platform.Now().date)};
   RoomForReports room = MakeRoom(output, reports);
   AppendRun(output, reports, std::move(room));
+  output.OutputGridMode = false;
   MoveCursor(data, {0, std::min<std::size_t>(1, data.VariableCount)});
 }
 

@@ -13,8 +13,8 @@ namespace tessara {
 
 // The file and its counts, then of each variable name, label, value labels and missing values.
 std::string DataDictionaryText(const DataSet& data, const CalendarDay& today);
-// The dictionary as a run of its own in the output log; the grid's cursor goes to the heading of the first variable.
-// Where the memory does not suffice, std::bad_alloc leaves both as they were.
+// The dictionary as a run of its own in the output log, whose text is to be seen; the grid's cursor goes to the heading
+// of the first variable. Where the memory does not suffice, std::bad_alloc leaves both as they were.
 void CreateDataDictionary(DataSet& data, OutputLog& output, Platform& platform);
 
 // Title, data statistics and notes.

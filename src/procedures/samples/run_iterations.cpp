@@ -136,6 +136,7 @@ IterationsOutcome RunIterations(DataSet& data, const SamplePanel& samples, std::
   RoomForReports room = MakeRoom(output, described.reports);
   ApplyChange(data, ReplaceByMade(std::move(contents), "Run Iterations"));
   AppendRun(output, described.reports, std::move(room));
+  output.OutputGridMode = false;
   charts = std::move(described.charts);
   progress.Show("Random Selection Complete", static_cast<double>(plan->iterations));
   SayAfterwards([&] { platform.SetStatusPane(1, GridRoomText(data)); });

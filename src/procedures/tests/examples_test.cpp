@@ -12,6 +12,8 @@
 #include "data/data_file.h"
 #include "platform/scripted_platform.h"
 #include "procedures/run.h"
+#include "procedures/samples/create_sample.h"
+#include "procedures/samples/run_iterations.h"
 
 namespace tessara {
 namespace {
@@ -202,8 +204,31 @@ std::string TextOfTable(const TableGrid& grid) {
   return text;
 }
 
-// The report that a run on the sample file prints, or the table that it makes; nothing of a procedure that is still to
-// come.
+// What the panel of an example draws, and the report that stands behind it: Frequencies of a sample, or the means of
+// many. The seeds are those that the examples name.
+RunOutcome Draw(const Example& example, DataSet& data, OutputLog& output, ChartStore& charts, SummaryTable& table,
+                ScriptedPlatform& platform) {
+  ProcedurePanel panel = PanelOf(example, data);
+  if (example.procedure == Procedure::kRandomSample) {
+    RandomNumbers random(1912);
+    EXPECT_TRUE(CreateSample(data, {.Text8 = "200", .Text15 = {}, .Text16 = {}}, random, platform));
+    panel.selected = Procedure::kFrequencies;
+    return Run(data, panel, output, charts, table, platform);
+  }
+  RandomNumbers random(1936);
+  const SamplePanel samples{.Text8 = {}, .Text15 = "20", .Text16 = "100"};
+  const auto outcome = RunIterations(data, samples, panel.SelectedVariables[0], output, charts, random, platform);
+  return {.refused = outcome != IterationsOutcome::kRun, .subset = false, .aborted = false};
+}
+
+RunOutcome RunExample(const Example& example, DataSet& data, OutputLog& output, ChartStore& charts, SummaryTable& table,
+                      ScriptedPlatform& platform) {
+  const bool draws = example.procedure == Procedure::kRandomSample || example.procedure == Procedure::kRepeatedSampling;
+  if (draws) return Draw(example, data, output, charts, table, platform);
+  return Run(data, PanelOf(example, data), output, charts, table, platform);
+}
+
+// The report that a run on the sample file prints, or the table that it makes; nothing of one that was refused.
 std::optional<std::string> LiveReport(const Example& example) {
   DataSet data;
   ScriptedPlatform platform;
@@ -213,7 +238,7 @@ std::optional<std::string> LiveReport(const Example& example) {
   OutputLog output;
   ChartStore charts;
   SummaryTable table;
-  if (Run(data, PanelOf(example, data), output, charts, table, platform).refused) return std::nullopt;
+  if (RunExample(example, data, output, charts, table, platform).refused) return std::nullopt;
   if (output.OutputGridMode) return TextOfTable(table.grid);
   std::string report = output.MostRecentText;
   EXPECT_TRUE(report.ends_with(kReportSeparator));
@@ -230,14 +255,10 @@ std::string ShownReport(const Example& example) {
 }
 
 TEST(Examples, EveryProcedurePrintsItsExample) {
-  std::size_t printed = 0;
   for (const Example& example : kExamples) {
     const auto report = LiveReport(example);
-    if (!report) continue;
-    ++printed;
-    EXPECT_EQ(*report, ShownReport(example)) << CaptionOf(example);
+    EXPECT_EQ(report.value_or("refused"), ShownReport(example)) << CaptionOf(example);
   }
-  EXPECT_GE(printed, 12u);
 }
 
 }  // namespace

@@ -46,13 +46,6 @@ class RunTest : public testing::Test {
     EXPECT_EQ(platform.messages[0].tone, Tone::kRefusal);
   }
 
-  void ExpectComesNext(const RunOutcome& outcome) const {
-    EXPECT_TRUE(outcome.refused);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].title, kTryAgain);
-    EXPECT_NE(platform.messages[0].text.find("comes next"), std::string::npos);
-  }
-
   static std::size_t Occurrences(const std::string& text, const std::string& part) {
     std::size_t count = 0;
     for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
@@ -90,7 +83,11 @@ TEST_F(RunTest, NoProcedure) {
 
 TEST_F(RunTest, AControlVariableAloneIsASubsetRequestAndNoError) {
   panel.control_variable.column = 1;
-  ExpectComesNext(RunNow());
+  const RunOutcome outcome = RunNow();
+  EXPECT_TRUE(outcome.refused);  // the question was not answered with Yes
+  EXPECT_FALSE(outcome.subset);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Replace current data?");
   EXPECT_EQ(data.RecordCount, kNewRecordCount);
 }
 
@@ -198,12 +195,11 @@ TEST_F(RunTest, ListVariablesRunsOnceForAllVariables) {
   EXPECT_EQ(Occurrences(output.MostRecentText, "\r\n00003  "), 1u);
 }
 
-TEST_F(RunTest, ProceduresToComeSaySoOnce) {
+TEST_F(RunTest, SamplesHaveButtonsOfTheirOwnAndNoRun) {
   for (const Procedure procedure : {Procedure::kRandomSample, Procedure::kRepeatedSampling}) {
-    SCOPED_TRACE(FindProcedureRow(procedure)->caption);
     platform.messages.clear();
-    Select(procedure, {1, 2}, {2, 1});
-    ExpectComesNext(RunNow());
+    Select(procedure, {1});
+    ExpectRefusal(RunNow(), kTryAgain, "Please select a statistical procedure.");
   }
   EXPECT_EQ(output.OutputLogText, "");
 }

@@ -74,6 +74,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 304 Combine Variables\n"
        " 305 Compute New Variable\n"
        " 306 Trim Outliers\n"
+       "|307 Create Data &Dictionary\n"
        "|308 Run Procedure\n"},
       {"&Options",
        " 401 Default &Size\n"
@@ -185,14 +186,14 @@ TEST(CommandRows, EveryEntryHasARowOfItsOwnThatIsWhole) {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-oo++oo+"}, {107, "++++++++"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-+o++oo+"}, {107, "++++++++"},
       {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "+--o-o--"}, {211, "---o----"}, {350, "---+----"},
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
       {608, "++++++++"}, {214, "o--o----"}, {215, "o--o----"}, {207, "+-------"}, {208, "+-------"}, {209, "+-------"},
       {210, "+-------"}, {216, "+-------"}, {301, "+-------"}, {310, "+-------"}, {202, "+----o--"}, {803, "o----o--"},
       {203, "+-------"}, {302, "+-------"}, {303, "+-------"}, {304, "+-------"}, {305, "+-------"}, {306, "+-------"},
-      {104, "+----o--"}, {105, "+----o--"}, {108, "+--+----"}, {109, "---+----"}, {201, "+-------"},
+      {307, "+-------"}, {104, "+----o--"}, {105, "+----o--"}, {108, "+--+----"}, {109, "---+----"}, {201, "+-------"},
   };
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
 }
@@ -275,7 +276,7 @@ TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
   widgets.clipboard_has_text = true;
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-oo++oo+"}, {204, "+--o----"},
+      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-+o++oo+"}, {204, "+--o----"},
       {205, "+--+-o--"}, {206, "+--+-o--"}, {209, "+--+----"}, {210, "+--+----"}, {211, "---+----"},
       {213, "+--+-o--"}, {214, "o--o----"}, {215, "o--o----"}, {301, "+--+----"}, {350, "--------"},
       {451, "---+----"}, {452, "---+----"}, {453, "---+----"}, {454, "---+----"}};
@@ -311,7 +312,6 @@ TEST_F(CommandTest, CaptionsFollowTheView) {
 }
 
 TEST_F(CommandTest, WhatCannotBeChosenSaysWhy) {
-  EXPECT_EQ(ReasonOf(106, View::ViewStatProcs), "The data dictionary is not part of this version");
   EXPECT_EQ(ReasonOf(106, View::ViewBrevarum), "There is no result yet");
   EXPECT_EQ(ReasonOf(106, View::ViewHandbook), "The handbook is not part of this version");
   EXPECT_EQ(ReasonOf(206, View::ViewDataGrid), "The clipboard holds no text");

@@ -121,6 +121,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
 FrmMain::~FrmMain() {
   platform_.AttachFrame(nullptr, {}, {});
   platform_.ShowDocumentsIn({});
+  platform_.ShowProgressIn(nullptr);
   QApplication::clipboard()->disconnect(this);
   // The views look at the session to the last: they go ahead of it.
   disconnect(workspace_, nullptr, this, nullptr);
@@ -156,7 +157,9 @@ void FrmMain::BuildWorkspace() {
   workspace_->setIconSize(QSize(kSmallIcon, kSmallIcon));
   output_ = new Output1(platform_, session_);
   AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
-  AddView(new StatProc1(session_), "StatProc1", tr("Stat Procs"), "view-statistics");
+  auto* procedures = new StatProc1(session_);
+  platform_.ShowProgressIn(procedures->SamplingProgress());
+  AddView(procedures, "StatProc1", tr("Stat Procs"), "view-statistics");
   AddView(output_, "Output1", tr("Output"), "text-x-generic");
   AddView(new Charts1(platform_, session_), "Charts1", tr("Charts"), "office-chart-bar");
   AddView(new Brevarum1(platform_, session_), "Brevarum1", tr("Brevarum"), "accessories-calculator");

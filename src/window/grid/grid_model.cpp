@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "data/value_labels.h"
+#include "numerics/masks.h"
 #include "numerics/number_text.h"
 #include "window/widgets/text.h"
 
@@ -153,16 +154,25 @@ TaggedView GridModel::CellAt(int row, int column) const {
   return quotient ? TaggedView("0.00000") : cell;
 }
 
+// Means and deviations of samples have their decimals below each other.
+QString GridModel::ShownCell(int row, int column) const {
+  const TaggedView cell = CellAt(row, column);
+  if (cell.is_number() && data_.matrix.ColumnAt(MatrixColumn(column)).ShowsFiveDecimals()) {
+    return ToQt(MaskedNumber(cell.number(), "0.00000"));
+  }
+  return ShownText(cell);
+}
+
 std::size_t GridModel::CellLength(int row, int column) const {
   const TaggedView cell = CellAt(row, column);
-  return cell.is_text() ? cell.text().size() : TextOf(cell).size();
+  return cell.is_text() ? cell.text().size() : static_cast<std::size_t>(ShownCell(row, column).size());
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return ShownText(CellAt(index.row(), index.column()));
+      return ShownCell(index.row(), index.column());
     case Qt::TextAlignmentRole: {
       const bool number = IsNumeric(CellAt(index.row(), index.column()));
       return QVariant::fromValue(Qt::Alignment(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft)));

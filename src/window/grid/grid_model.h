@@ -40,6 +40,7 @@ class GridModel : public QAbstractTableModel {
 
  private:
   TaggedView CellAt(int row, int column) const;
+  QString ShownCell(int row, int column) const;
   QVariant ValueLabelTip(const QModelIndex& index) const;
   // The matrix column of a grid column; 0 when it has gone.
   std::size_t MatrixColumn(int column) const {

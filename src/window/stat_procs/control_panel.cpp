@@ -110,7 +110,10 @@ void ControlPanel::BuildArrow(std::size_t place) {
 void ControlPanel::ConnectLists() {
   VariableListView* list1 = picker_->list();
   connect(picker_, &VariablePicker::Activated, this, &ControlPanel::AddFirst);
-  connect(picker_, &VariablePicker::Picked, this, [this](std::size_t column) { PickVariable(session_.panel, column); });
+  connect(picker_, &VariablePicker::Picked, this, [this](std::size_t column) {
+    PickVariable(session_.panel, column);
+    emit Picked();
+  });
   connect(list1, &VariableListView::DroppedFrom, this, &ControlPanel::RemoveMarked);
   connect(list2_, &VariableListView::DroppedFrom, this, [this](auto* source) { Drop(kAnalysisArrow, source); });
   connect(list3_, &VariableListView::DroppedFrom, this, [this](auto* source) { Drop(kIndependentArrow, source); });

@@ -31,6 +31,8 @@ class ControlPanel : public QGroupBox {
 
  signals:
   void Changed();
+  // Another variable of List1 has been clicked.
+  void Picked();
 
  private:
   static constexpr std::size_t kArrows = 3;

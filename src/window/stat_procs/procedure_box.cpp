@@ -47,9 +47,10 @@ void CheckOnly(QButtonGroup* group, QRadioButton* option) {
 
 }  // namespace
 
-ProcedureBox::ProcedureBox(ProcedurePanel& panel, QWidget* parent)
+ProcedureBox::ProcedureBox(ProcedurePanel& panel, SamplePanel& samples, QWidget* parent)
     : QGroupBox("Statistical Procedure", parent),
       panel_(panel),
+      samples_(samples),
       content_(new QWidget(this)),
       procedures_(new QButtonGroup(this)),
       regressions_(new QButtonGroup(this)),
@@ -166,7 +167,7 @@ void ProcedureBox::BuildKinds() {
       emit Changed();
     });
   }
-  sampling_ = new SamplingFrames(content_);
+  sampling_ = new SamplingFrames(samples_, content_);
 }
 
 void ProcedureBox::Select(Procedure procedure) {

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "procedures/panel.h"
+#include "procedures/samples/sample_panel.h"
 
 class QButtonGroup;
 class QGridLayout;
@@ -25,10 +26,11 @@ class ProcedureBox : public QGroupBox {
   Q_OBJECT
 
  public:
-  explicit ProcedureBox(ProcedurePanel& panel, QWidget* parent = nullptr);
+  ProcedureBox(ProcedurePanel& panel, SamplePanel& samples, QWidget* parent = nullptr);
 
   void ShowPanel();
   void FocusFirst();
+  SamplingFrames* sampling() const { return sampling_; }
   // The width below which options would be cut off.
   int LeastWidth() const;
 
@@ -59,6 +61,7 @@ class ProcedureBox : public QGroupBox {
   void TellField(std::string_view control, const QString& text);
 
   ProcedurePanel& panel_;
+  SamplePanel& samples_;
   QWidget* content_;
   Scrolled* scroll_ = nullptr;
   QButtonGroup* procedures_;

@@ -10,6 +10,7 @@
 
 #include "window/stat_procs/control_panel.h"
 #include "window/stat_procs/procedure_box.h"
+#include "window/stat_procs/sampling_frames.h"
 #include "window/stat_procs/stat_proc1_pages.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/flow_layout.h"
@@ -67,9 +68,11 @@ StatProc1::StatProc1(Session& session, QWidget* parent) : ViewForm(session, View
   layout->addWidget(BuildFooter());
 
   connect(control_panel_, &ControlPanel::Changed, this, &StatProc1::PanelChanged);
+  connect(control_panel_, &ControlPanel::Picked, this, &StatProc1::ShowSummary);
   connect(notes_, &NotesPage::Changed, this, &StatProc1::SessionChanged);
   connect(procedures_, &ProcedureBox::Selected, this, &StatProc1::ProcedureSelected);
   connect(procedures_, &ProcedureBox::Changed, this, &StatProc1::PanelChanged);
+  connect(procedures_->sampling(), &SamplingFrames::Asked, this, &StatProc1::RunSampling);
   connect(example_, &ExamplePane::FoldPressed, this, [this] { PressFace(Face::kExample); });
   StatProc1::ShowSession();
   FollowFont(this, [this] {
@@ -116,7 +119,7 @@ void StatProc1::BuildFaces() {
        {static_cast<QWidget*>(control_panel_), static_cast<QWidget*>(statistics_), static_cast<QWidget*>(notes_)}) {
     left_->addWidget(new Scrolled(page, left_));
   }
-  procedures_ = new ProcedureBox(session().panel, columns_);
+  procedures_ = new ProcedureBox(session().panel, session().samples, columns_);
   example_ = new ExamplePane(rows_);
   columns_->addWidget(left_);
   columns_->addWidget(procedures_);
@@ -166,11 +169,20 @@ void StatProc1::Run() {
   emit CommandRequested(kRunCommand);
 }
 
+void StatProc1::RunSampling(int command) {
+  StoreWidgets();
+  const SamplingFrames::AtWork at_work(*procedures_->sampling());
+  emit CommandRequested(command);
+}
+
+ProgressPlace* StatProc1::SamplingProgress() const { return procedures_->sampling(); }
+
 void StatProc1::StoreWidgets() { control_panel_->StoreWidgets(); }
 
 void StatProc1::ShowSession() {
   control_panel_->ShowSession();
   procedures_->ShowPanel();
+  procedures_->sampling()->ShowSamples(session().data.RecordCount);
   example_->ShowPanel(session().panel);
   notes_->ShowData();
   const DataSet& shown = session().data;
@@ -191,6 +203,14 @@ void StatProc1::PanelChanged() {
   emit SessionChanged();
 }
 
+// A sample has a button of its own, and iterations take the variable that is picked in the list.
+QString StatProc1::SamplingWords() const {
+  const ProcedurePanel& panel = session().panel;
+  if (panel.selected == Procedure::kRandomSample) return "Random Sample: press Create Sample";
+  if (panel.PickedVariable == 0) return "Repeated Sampling: choose a variable in the list";
+  return "Repeated Sampling: " + Names(session().data, {panel.PickedVariable});
+}
+
 // What Run is about to do, or what it still needs.
 void StatProc1::ShowSummary() {
   const ProcedurePanel& panel = session().panel;
@@ -201,7 +221,7 @@ void StatProc1::ShowSummary() {
   if (!row) {
     text = panel.SelectedVariables.empty() ? "Choose variables and a procedure" : "Choose a procedure";
   } else if (row->first_heading.empty()) {
-    text = ToQt(row->caption);
+    text = SamplingWords();
   } else if (panel.SelectedVariables.empty()) {
     text = ToQt(FindProcedureRow(panel.selected)->caption) + ": choose a variable for " + ToQt(row->first_heading);
   } else {

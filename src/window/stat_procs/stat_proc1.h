@@ -18,6 +18,7 @@ class ControlPanel;
 class ExamplePane;
 class NotesPage;
 class ProcedureBox;
+class ProgressPlace;
 class StatisticsPage;
 
 // The faces of the procedure panel, in the order of Viewbar1.
@@ -40,6 +41,9 @@ class StatProc1 : public ViewForm {
 
   void ShowFace(Face face);
   bool IsFaceShown(Face face) const;
+
+  // Where samples show how far they are.
+  ProgressPlace* SamplingProgress() const;
 
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
@@ -67,6 +71,8 @@ class StatProc1 : public ViewForm {
   void ProcedureSelected();
   void PanelChanged();
   void Run();
+  void RunSampling(int command);
+  QString SamplingWords() const;
 
   QWidget* viewbar_ = nullptr;
   std::array<QToolButton*, kFaces> face_buttons_{};

@@ -30,6 +30,7 @@
 #include "window/system/plain_text_rule.h"
 #include "window/system/printer_job.h"
 #include "window/system/progress_form.h"
+#include "window/system/progress_place.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -292,7 +293,10 @@ void QtPlatform::ShowPane(std::size_t index) {
   panes_[index]->setText(ToQt(shown));
 }
 
+bool QtPlatform::ShowsProgressInPlace() const { return progress_place_ && progress_place_->Takes(); }
+
 void QtPlatform::ShowProgress(double minimum, double maximum, const std::string& caption) {
+  if (ShowsProgressInPlace()) return progress_place_->Open(minimum, maximum, ToQt(caption));
   if (!progress_) progress_ = std::make_unique<ProgressForm>(frame_);
   progress_->Open(minimum, maximum, ToQt(caption));
 }
@@ -304,8 +308,16 @@ void QtPlatform::ShowNote(const std::string& text) {
   ShowPane(kNotePane - 1);
 }
 
-bool QtPlatform::UpdateProgress(double value) { return !progress_ || progress_->Step(value); }
-void QtPlatform::HideProgress() { progress_.reset(); }
+bool QtPlatform::UpdateProgress(double value) {
+  if (!ShowsProgressInPlace()) return !progress_ || progress_->Step(value);
+  progress_place_->Step(value);
+  return true;
+}
+
+void QtPlatform::HideProgress() {
+  if (ShowsProgressInPlace()) progress_place_->Close();
+  progress_.reset();
+}
 
 // Other programs end their lines in LF alone, or Qt has made it so.
 std::string QtPlatform::ClipboardText() {

@@ -22,6 +22,7 @@ class QWidget;
 namespace tessara {
 
 class PlainTextRule;
+class ProgressPlace;
 class ProgressForm;
 
 struct PlatformFolders {
@@ -45,6 +46,9 @@ class QtPlatform : public Platform {
   // Where PDF documents of this machine are shown; it yields false for one that cannot be. Without it, and for all
   // else, the desktop is asked.
   void ShowDocumentsIn(std::function<bool(const QString& file)> viewer) { viewer_ = std::move(viewer); }
+
+  // The view that shows the progress of the work that was begun in it; nothing takes it away again.
+  void ShowProgressIn(ProgressPlace* place) { progress_place_ = place; }
 
   // Runs an operation. False when the memory did not suffice, and then the user has been told.
   template <typename Operation>
@@ -96,6 +100,7 @@ class QtPlatform : public Platform {
 
  private:
   QWidget* DialogParent() const;
+  bool ShowsProgressInPlace() const;
   void ShowPane(std::size_t index);
   // A printer for a new job: the system's own until a dialog has chosen another one for it.
   QPrinter& NewPrinter();
@@ -113,6 +118,7 @@ class QtPlatform : public Platform {
   std::unique_ptr<PlainTextRule> plain_text_;
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<ProgressForm> progress_;
+  ProgressPlace* progress_place_ = nullptr;
   std::unique_ptr<QSoundEffect> sound_;
 };
 

@@ -71,11 +71,13 @@ TEST(DataDictionary, IsARunOfItsOwnAndMovesTheCursor) {
   data.CurrentColumn = 3;
   OutputLog output;
   output.OutputLogText = output.MostRecentText = "an earlier report";
+  output.OutputGridMode = true;
   ScriptedPlatform platform;
   CreateDataDictionary(data, output, platform);
   const std::string report = DataDictionaryText(data, platform.now.date) + std::string(kReportSeparator);
   EXPECT_EQ(output.OutputLogText, "an earlier report" + report);
   EXPECT_EQ(output.MostRecentText, report);
+  EXPECT_FALSE(output.OutputGridMode);
   EXPECT_EQ(data.CurrentRow, 0u);
   EXPECT_EQ(data.CurrentColumn, 1u);
   EXPECT_EQ(platform.most_wait_cursors, 1);

@@ -78,6 +78,7 @@ TEST(RunIterations, ReplacesTheDataByTheDistribution) {
 TEST(RunIterations, ReportsTheMeansBehindTheFrame) {
   Iterations iterations;
   iterations.output.MostRecentText = "an earlier run";
+  iterations.output.OutputGridMode = true;
   ASSERT_EQ(iterations.Run(" 2 ", "3", 2), IterationsOutcome::kRun);
   const std::string rule = std::string(79, '-');
   EXPECT_EQ(iterations.output.OutputLogText,
@@ -112,6 +113,7 @@ TEST(RunIterations, ReportsTheMeansBehindTheFrame) {
                 "\r\n" +
                 std::string(kReportSeparator));
   EXPECT_EQ(iterations.output.MostRecentText, iterations.output.OutputLogText);
+  EXPECT_FALSE(iterations.output.OutputGridMode);  // the report is what is to be seen
 }
 
 TEST(RunIterations, AVariableNameOfAnyLengthKeepsTheFrame) {
