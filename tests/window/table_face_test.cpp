@@ -55,8 +55,8 @@ class TableFaceTest : public QObject {
     for (std::size_t row = 0; row < rows.size(); ++row) {
       for (std::size_t column = 0; column < 4; ++column) Grid().SetText(row + 1, column + 1, rows[row][column]);
     }
-    Grid().SetRowTag(1, "heading categorical");
-    Grid().SetRowTag(2, "group categorical Sex");
+    Grid().SetRowTag(1, std::string(kCategoricalBlock));
+    Grid().SetRowTag(2, std::string(kCategoricalBlock) + "3:Sex0:heading");
     Grid().FitColumns();
   }
   void ShowTable() {
@@ -67,71 +67,6 @@ class TableFaceTest : public QObject {
   }
 
  private slots:
-  void Pictures() {
-    const char* out = std::getenv("PICTURE");
-    if (!out) return;
-    if (std::getenv("DARK")) {
-      QPalette dark;
-      dark.setColor(QPalette::Window, QColor(42, 46, 50));
-      dark.setColor(QPalette::WindowText, QColor(252, 252, 252));
-      dark.setColor(QPalette::Base, QColor(27, 30, 32));
-      dark.setColor(QPalette::AlternateBase, QColor(35, 38, 41));
-      dark.setColor(QPalette::Text, QColor(252, 252, 252));
-      dark.setColor(QPalette::Button, QColor(49, 54, 59));
-      dark.setColor(QPalette::ButtonText, QColor(252, 252, 252));
-      dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
-      dark.setColor(QPalette::Mid, QColor(80, 85, 90));
-      QApplication::setPalette(dark);
-    }
-    if (const char* points = std::getenv("POINTS")) {
-      QFont font = QApplication::font();
-      font.setPointSize(atoi(points));
-      QApplication::setFont(font);
-    }
-    cleanup();
-    init();
-    const std::vector<std::vector<std::string>> rows = {
-        {"", "", "First Class", "Second Class", "Third Class"},
-        {"Total Count", "", "325", "285", "706"},
-        {"95% CI (+/-)", "", "5.4%", "5.8%", "3.7%"},
-        {"Sex of the passenger", "", "", "", ""},
-        {"Male", "Percent", "55.4%", "62.8%", "72.2%"},
-        {"", "Count", "180", "179", "510"},
-        {"Female", "Percent", "44.6%", "37.2%", "27.8%"},
-        {"", "Count", "145", "106", "196"},
-        {"Total Count", "", "325", "285", "706"},
-        {"95% CI (+/-)", "", "5.4%", "5.8%", "3.7%"},
-        {"Survived", "", "", "", ""},
-        {"Yes", "Percent", "62.5%", "41.4%", "25.2%"},
-        {"", "Count", "203", "118", "178"},
-        {"No", "Percent", "37.5%", "58.6%", "74.8%"},
-        {"", "Count", "122", "167", "528"},
-        {"", "", "All", "First Class", "Second Class"},
-        {"Age in years", "", "", "", ""},
-        {"", "Mean", "29.88", "39.16", "29.51"},
-        {"", "Count", "1046", "284", "261"},
-        {"", "Std Dev", "14.41", "14.55", "13.64"},
-        {"", "95% CI (+/-)", "0.87", "1.70", "1.66"}};
-    for (std::size_t r = 0; r < rows.size(); ++r) {
-      for (std::size_t c = 0; c < 5; ++c) Grid().SetText(r + 1, c + 1, rows[r][c]);
-    }
-    Grid().SetText(1, 1, "Control: Embarked = Southampton");
-    for (const std::size_t r : {1u, 16u}) Grid().SetRowTag(r, "heading x");
-    for (const std::size_t r : {4u, 11u, 17u}) Grid().SetRowTag(r, "group x");
-    Grid().FitColumns();
-    session().output.OutputGridMode = true;
-    window().ShowView(View::ViewOutput);
-    Sheet()->setFocus();
-    const char* size = std::getenv("SIZE");
-    if (size) window().frame().resize(653, 493); else window().frame().resize(1100, 760);
-    QTest::qWait(50);
-    GoTo(5, 3);
-    Press(Qt::Key_Right, Qt::ShiftModifier);
-    Press(Qt::Key_Down, Qt::ShiftModifier);
-    if (std::getenv("ENTRY")) { GoTo(5, 3); Type("55%"); }
-    QTest::qWait(50);
-    window().frame().grab().save(out);
-  }
   void init() {
     window_ = std::make_unique<WindowFixture>();
     window().Start();
@@ -356,6 +291,37 @@ class TableFaceTest : public QObject {
     QVERIFY(model->index(0, 2).data(Qt::FontRole).value<QFont>().bold());
     QVERIFY(model->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
     QVERIFY(!model->index(2, 0).data(Qt::FontRole).isValid());
+  }
+
+  void RowsOfARunAreKnownByWhatTheyHold() {
+    window().script().open_answers.push_back(WindowFixture::Chosen(
+        window().WriteDataFile("people.dcs", {"SEX", "AGE"}, {{"f", "20"}, {"f", "40"}, {"m", "30"}})));
+    window().Trigger(102);
+    session().panel.SelectedVariables = {1};
+    window().ShowView(View::ViewStatProcs);
+    for (const char* name : {"Reports", "Check3", "RunButton"}) window().Find<QAbstractButton>(name)->click();
+    QVERIFY(Sheet()->isVisible());
+    QCOMPARE(Shown(1, 3), "   All");
+    QCOMPARE(Shown(3, 1), "SEX");
+    const auto* model = qobject_cast<const TableModel*>(Sheet()->model());
+    const TableRowKind kinds[] = {TableRowKind::kHeading, TableRowKind::kPlain, TableRowKind::kGroup,
+                                  TableRowKind::kPlain};
+    for (int row = 0; row < 4; ++row) QCOMPARE(model->RowKind(row), kinds[row]);
+    // A run is a step like those by hand.
+    QCOMPARE(window().Command(214)->text(), "Undo Summary Table");
+    window().Trigger(214);
+    QVERIFY(Grid().empty());
+    window().Trigger(215);
+    QCOMPARE(Shown(3, 1), "SEX");
+    // Another run finds its rows and columns again, though the labels and the heading have gone.
+    GoTo(1, 1);
+    window().Trigger(209);
+    Press(Qt::Key_Space, Qt::ControlModifier);
+    window().Trigger(210);
+    window().ShowView(View::ViewStatProcs);
+    window().Find<QAbstractButton>("RunButton")->click();
+    QVERIFY(Sheet()->isVisible());
+    QVERIFY(Grid().RowCount() >= 5);
   }
 
   void TheModelKeepsItsPromises() {

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <new>
+
 #include "platform/scripted_platform.h"
+#include "platform/tests/failing_memory.h"
 #include "presentation/table_steps.h"
 
 namespace tessara {
@@ -320,6 +324,46 @@ TEST_F(TableEdit, StepsAreBoundedByTheirBytesAndTheLastOneStays) {
   EXPECT_EQ(grid.Text(1, 1).back(), 'e');
   EXPECT_TRUE(Redo());
   EXPECT_EQ(grid.Text(1, 1).back(), 'f');
+}
+
+// Whatever request of memory fails: the table, its steps and its selection are as they were.
+TEST_F(TableEdit, WithoutMemoryEverythingStays) {
+  grid.SetText(2, 3, "a text that is too long to have its place within the cell itself");
+  const std::string stands = Picture(grid);
+  const std::function<void()> changes[] = {
+      [this] { TypeIntoTable(grid, face, "another text that is too long to have its place within the cell"); },
+      [this] {
+        PasteIntoTable(grid, face, "some more texts that are too long\tfor their cells\rto have room", platform);
+      },
+      [this] { CutTableCells(grid, face, platform); },
+      [this] { DeleteTableRows(grid, face); },
+      [this] { DeleteTableColumns(grid, face); },
+      [this] { AlignTableCells(grid, face, TableAlignment::kCentre); },
+      [this] { FitTableColumn(grid, face, 4); },
+      [this] { EmptyTable(grid, face); }};
+  for (const auto& change : changes) {
+    bool came_through = false;
+    for (std::size_t allowed = 0; !came_through && allowed < 1000; ++allowed) {
+      Select(2, 3, 4, 5);
+      {
+        const FailingMemory memory(allowed);
+        try {
+          change();
+        } catch (const std::bad_alloc&) {
+        }
+        came_through = !memory.HasFailed();
+      }
+      if (came_through) break;
+      ASSERT_EQ(Picture(grid), stands) << allowed;
+      ASSERT_TRUE(face.done.empty()) << allowed;
+      ASSERT_EQ(face.selection, (TableSelection{{2, 3}, {4, 5}})) << allowed;
+    }
+    ASSERT_TRUE(came_through);
+    ASSERT_EQ(face.done.size(), 1u);
+    ASSERT_TRUE(Undo());
+    ASSERT_EQ(Picture(grid), stands);
+    face.undone.clear();
+  }
 }
 
 }  // namespace

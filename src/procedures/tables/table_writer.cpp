@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "numerics/number_text.h"
+#include "procedures/tables/table_rows.h"
 
 namespace tessara {
 namespace {
@@ -17,9 +18,6 @@ constexpr std::string_view kGroupTag = "group";
 constexpr std::string_view kLabelTag = "label";
 constexpr std::size_t kMostLabelText = 4096;  // what a table has room for, and far beyond
 
-// A part of a tag: whatever a text holds, two lists of parts are alike only when their texts are.
-std::string Part(std::string_view text) { return std::to_string(text.size()) + ":" + std::string(text); }
-
 // What stands behind the first part of a list; `part` is that part's text.
 std::string_view BehindPart(std::string_view list, std::string_view& part) {
   std::size_t size = 0;
@@ -30,7 +28,7 @@ std::string_view BehindPart(std::string_view list, std::string_view& part) {
 }
 
 std::string RowTag(const std::string& variable_tag, const WantedRow& row) {
-  return variable_tag + Part(row.category) + std::string(row.what);
+  return variable_tag + TagPart(row.category) + std::string(row.what);
 }
 
 }  // namespace
@@ -39,7 +37,7 @@ std::string VariableKey(const DataSet& data, std::size_t column) {
   const std::string name = data.VariableName(column);
   std::size_t ordinal = 1;
   for (std::size_t before = 1; before < column; ++before) ordinal += data.VariableName(before) == name ? 1 : 0;
-  return Part(std::to_string(ordinal)) + Part(name);
+  return TagPart(std::to_string(ordinal)) + TagPart(name);
 }
 
 std::string CategoryKey(const TaggedView& value) {
@@ -48,13 +46,13 @@ std::string CategoryKey(const TaggedView& value) {
 }
 
 std::string ColumnKey(std::string_view variable_key, std::string_view category_key) {
-  return std::string(variable_key) + Part(category_key);
+  return std::string(variable_key) + TagPart(category_key);
 }
 
 TableWriter::TableWriter(SummaryTable& table, TableData kind, std::string control_label)
     : table_(table),
       grid_(table.grid),
-      block_tag_(kind == TableData::kCategorical ? "categorical " : "continuous "),
+      block_tag_(kind == TableData::kCategorical ? kCategoricalBlock : kContinuousBlock),
       control_label_(std::move(control_label)),
       opens_(table.grid.empty()) {
   FreeLabelColumns();
@@ -214,7 +212,7 @@ void TableWriter::AddRows(const std::string& variable_tag, std::span<const Wante
 
 void TableWriter::WriteLabels(const std::string& variable_tag, const WantedRow& wanted, std::size_t row) {
   const bool goes_on =
-      !wanted.category.empty() && grid_.RowTag(row - 1).starts_with(variable_tag + Part(wanted.category));
+      !wanted.category.empty() && grid_.RowTag(row - 1).starts_with(variable_tag + TagPart(wanted.category));
   if (!goes_on) WriteLabel(row, 1, wanted.group);
   WriteLabel(row, kLabelColumns, wanted.label);
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "presentation/table_face.h"
+#include "shell/report_operations.h"
 #include "shell/tests/command_fixture.h"
 
 namespace tessara {
@@ -65,6 +66,24 @@ TEST_F(TableCommandTest, RowsColumnsAndAlignments) {
   EXPECT_EQ(grid().Cell(2, 2).alignment, TableAlignment::kRight);
   Run(451);
   EXPECT_EQ(grid().Cell(2, 3).alignment, TableAlignment::kLeft);
+}
+
+TEST_F(TableCommandTest, EqualWidthsAreAStep) {
+  EXPECT_FALSE(SetTableColumnWidth(session, "wide"));
+  EXPECT_TRUE(session.table.face.done.empty());
+  EXPECT_TRUE(SetTableColumnWidth(session, "900"));
+  EXPECT_EQ(grid().Width(3), 900);
+  EXPECT_EQ(State(214, View::ViewOutput).caption, "Undo Column Width");
+  Run(214);
+  EXPECT_EQ(grid().Width(3), kUsualTableWidth);
+}
+
+TEST_F(TableCommandTest, TheEmptiedTableComesBack) {
+  platform.message_answers = {Answer::kYes};
+  Run(101);
+  EXPECT_TRUE(grid().empty());
+  Run(214);
+  EXPECT_EQ(grid().Text(3, 3), "12");
 }
 
 TEST_F(TableCommandTest, TheFacesAreChosenByName) {

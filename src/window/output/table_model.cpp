@@ -27,13 +27,6 @@ Qt::Alignment AlignmentOf(TableAlignment alignment) {
 
 }  // namespace
 
-TableRowKind KindOfRow(const TableGrid& grid, std::size_t row) {
-  const std::string_view tag = grid.RowTag(row);
-  const std::string_view word = tag.substr(0, tag.find(' '));
-  if (word == "heading") return TableRowKind::kHeading;
-  return word == "group" ? TableRowKind::kGroup : TableRowKind::kPlain;
-}
-
 TableModel::TableModel(const TableGrid& grid, QObject* parent)
     : QAbstractTableModel(parent),
       grid_(grid),

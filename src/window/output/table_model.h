@@ -3,15 +3,12 @@
 #include <QAbstractTableModel>
 
 #include "presentation/table_face.h"
+#include "procedures/tables/table_rows.h"
 
 // The summary table as a model: its used area and the empty rows and columns behind it. Nothing is copied; a cell is
 // read when it is painted.
 
 namespace tessara {
-
-// What a row is by the first word of its tag.
-enum class TableRowKind { kPlain, kHeading, kGroup };
-TableRowKind KindOfRow(const TableGrid& grid, std::size_t row);
 
 class TableModel : public QAbstractTableModel {
   Q_OBJECT

@@ -112,9 +112,9 @@ void TableSheet::SelectSection(Qt::Orientation orientation, int section, bool ex
   const std::size_t number = NumberOf(section);
   const TablePlace& cursor = face_.selection.cursor;
   if (orientation == Qt::Horizontal) {
-    Select({1, extends ? cursor.column : number}, {std::max<std::size_t>(grid.RowCount(), 1), number});
+    Place({1, extends ? cursor.column : number}, {std::max<std::size_t>(grid.RowCount(), 1), number});
   } else {
-    Select({extends ? cursor.row : number, 1}, {number, std::max<std::size_t>(grid.ColumnCount(), 1)});
+    Place({extends ? cursor.row : number, 1}, {number, std::max<std::size_t>(grid.ColumnCount(), 1)});
   }
 }
 
@@ -204,12 +204,16 @@ void TableSheet::ShowSelection() {
 }
 
 void TableSheet::Select(const TablePlace& cursor, const TablePlace& end) {
+  Place(cursor, end);
+  scrollTo(model()->index(At(face_.selection.end.row), At(face_.selection.end.column)));
+}
+
+// The same where the sheet stays where it is.
+void TableSheet::Place(const TablePlace& cursor, const TablePlace& end) {
   if (cursor != face_.selection.cursor) emit Leaving();
   const TableSelection before = face_.selection;
   SelectInTable(table().grid(), face_, cursor, end);
   ShowSelection();
-  const bool whole = end.row != cursor.row && end.column != cursor.column;
-  if (!whole || dragging_) scrollTo(model()->index(At(face_.selection.end.row), At(face_.selection.end.column)));
   if (before != face_.selection) emit CursorMoved();
 }
 

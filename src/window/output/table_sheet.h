@@ -67,6 +67,7 @@ class TableSheet : public QTableView {
   TableModel& table() const;
   void BuildEdges();
   void ConnectEdge(TableEdge* edge);
+  void Place(const TablePlace& cursor, const TablePlace& end);
   void SelectSection(Qt::Orientation orientation, int section, bool extends);
   void TakeWidth();
   bool PressCommand(const QKeyEvent& event);
