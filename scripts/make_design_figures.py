@@ -134,7 +134,8 @@ def designs():
         figure.label_box(x, 185, 119, 44, *lines, fill=PALE, size=12)
         start = (85, 165, 355, 435)[i]
         figure.arrow(start, 135, x + 60, 183)
-        figure.text(start + (x + 60 - start) / 2 + (-18 if i % 2 == 0 else 18), 162, "yes" if i % 2 == 0 else "no", size=12)
+        words, aside = ("yes", -18) if i % 2 == 0 else ("no", 18)
+        figure.text((start + x + 60) / 2 + aside, 162, words, size=12)
     figure.write("designs")
 
 
@@ -185,7 +186,8 @@ def cohort():
     figure.text(190, 206, "past", size=12)
     figure.text(327, 206, "start of the study", size=12)
     figure.text(475, 206, "later", size=12)
-    rows = [("Cohort study", 327, 475, "exposure", "disease"), ("Case-control study", 327, 190, "cases and controls", "exposure"),
+    rows = [("Cohort study", 327, 475, "exposure", "disease"),
+            ("Case-control study", 327, 190, "cases and controls", "exposure"),
             ("Cross-section", 327, 327, "both at once", "")]
     for i, (caption, start, end, first, second) in enumerate(rows):
         y = 35 + i * 58
@@ -251,7 +253,8 @@ def means():
         figure.line(across(age), 215, across(age), 220)
         figure.text(across(age), 235, str(age), size=12)
     figure.text(250, 254, "age in years", size=12)
-    for n, colour, dash, label in ((1, GREY, "6 4", (62, 150)), (4, ORANGE, None, (330, 110)), (25, BLUE, None, (285, 45))):
+    curves = ((1, GREY, "6 4", (62, 150)), (4, ORANGE, None, (330, 110)), (25, BLUE, None, (285, 45)))
+    for n, colour, dash, label in curves:
         spread = deviation / math.sqrt(n)
         points = []
         for step in range(0, 371):
@@ -384,7 +387,8 @@ def far_point():
     figure.write("far-point")
 
 
-FIGURES = [roles, targets, designs, experiment, quasi, cohort, schemes, frame, means, margin, skew, axis, normal_bands, far_point]
+FIGURES = [roles, targets, designs, experiment, quasi, cohort, schemes, frame, means, margin, skew, axis,
+           normal_bands, far_point]
 
 
 def main():

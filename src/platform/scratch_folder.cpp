@@ -1,6 +1,7 @@
 #include "platform/scratch_folder.h"
 
 #include <cstdlib>
+#include <new>
 #include <string>
 #include <system_error>
 
@@ -15,6 +16,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Asks for no memory.
+void RemoveQuietly(const Path& path) {
+  std::error_code ignored;
+  if (!path.empty()) fs::remove(path, ignored);
+}
+
 // A new folder of that start, or nothing.
 Path MakeFolder(const Path& start) {
 #if defined(_WIN32)
@@ -23,7 +30,13 @@ Path MakeFolder(const Path& start) {
   return fs::create_directory(folder, error) ? folder : Path();
 #else
   std::string name = start.string() + "XXXXXX";
-  return ::mkdtemp(name.data()) ? Path(name) : Path();
+  if (!::mkdtemp(name.data())) return {};
+  try {
+    return Path(name);
+  } catch (const std::bad_alloc&) {
+    ::rmdir(name.c_str());
+    throw;
+  }
 #endif
 }
 
@@ -37,16 +50,16 @@ ScratchFolder::ScratchFolder() {
 }
 
 ScratchFolder::~ScratchFolder() {
-  std::error_code ignored;
-  if (!path_.empty()) fs::remove_all(path_, ignored);
+  RemoveQuietly(file_);
+  RemoveQuietly(path_);
 }
 
-Path ScratchFolder::FileOf(const char* name) {
-  const Path file = path_ / name;
+const Path& ScratchFolder::FileOf(const char* name) {
+  file_ = path_ / name;
   in_work_.reset();
-  file_in_work_.emplace(file);
+  file_in_work_.emplace(file_);
   in_work_.emplace(path_);
-  return file;
+  return file_;
 }
 
 }  // namespace tessara

@@ -18,11 +18,12 @@ class ScratchFolder {
 
   // Empty when the system gave none.
   const Path& path() const { return path_; }
-  // The one file that is in the folder for long; a name in it.
-  Path FileOf(const char* name);
+  // The one file that may be left in the folder: its path.
+  const Path& FileOf(const char* name);
 
  private:
   Path path_;
+  Path file_;
   std::optional<TemporaryInWork> file_in_work_;  // ahead of the folder: it goes first
   std::optional<TemporaryInWork> in_work_;
 };

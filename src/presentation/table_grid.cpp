@@ -1,6 +1,7 @@
 #include "presentation/table_grid.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessara {
 namespace {
@@ -93,6 +94,13 @@ void TableGrid::Clear() {
   widths_.clear();
   column_count_ = 0;
   ++revision_;
+}
+
+void TableGrid::Exchange(TableGrid& other) noexcept {
+  rows_.swap(other.rows_);
+  widths_.swap(other.widths_);
+  std::swap(column_count_, other.column_count_);
+  revision_ = other.revision_ = std::max(revision_, other.revision_) + 1;
 }
 
 double TableGrid::Width(std::size_t column) const {

@@ -59,6 +59,8 @@ class TableGrid {
   void RemoveRows(std::size_t first, std::size_t count);
   void RemoveColumns(std::size_t first, std::size_t count);
   void Clear();
+  // Takes the contents of another grid and gives it its own; both count as changed. Asks for no memory.
+  void Exchange(TableGrid& other) noexcept;
 
   // In hundredths of a character; a column that nobody has set has the usual width.
   double Width(std::size_t column) const;

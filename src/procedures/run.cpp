@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "presentation/table_steps.h"
 #include "procedures/cases/procedure_run.h"
 #include "procedures/compare/anova.h"
 #include "procedures/compare/crosstabulation.h"
@@ -239,13 +240,23 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
                    .control = panel.control,
                    .wants_charts = panel.SelectedVariables.size() < 2};
   const bool adds_to_table = panel.selected == Procedure::kSummaryTables;
-  SummaryTable grown = adds_to_table ? table : SummaryTable();
+  SummaryTable grown;  // the steps of the table stay where they are
+  if (adds_to_table) {
+    grown.grid = table.grid;
+    grown.columns = table.columns;
+  }
   outcome.refused = PanelRun(run, panel, grown).RunForAllVariables() == Step::kEndRun;
   if (adds_to_table) grown.grid.FitColumns();
   const std::string note = NoteOfRun(run, panel);
+  const bool table_grows = adds_to_table && !outcome.refused;
+  ReadyStep step;
+  if (table_grows) step = ReadyToReplace(table.face, std::move(grown.grid), "Summary Table");
   FinishRun(run, data, output, panel.selected == Procedure::kRegression ? BoxOfRun::kEmptied : BoxOfRun::kKept);
   charts = std::move(made);
-  if (adds_to_table && !outcome.refused) table = std::move(grown);
+  if (table_grows) {
+    TakeReadyStep(table.grid, table.face, std::move(step));
+    table.columns = std::move(grown.columns);
+  }
   if (!outcome.refused || !adds_to_table) ShowFaceOfRun(output, run, panel.selected);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "presentation/print_pages.h"
 #include "presentation/tab_delimited.h"
+#include "presentation/table_edit.h"
 #include "shell/file_questions.h"
 
 namespace tessara {
@@ -28,7 +29,7 @@ void ClearOutputAfterWarning(Session& session) {
   if (answer != Answer::kYes) return;
   PlaySoundEffect(session, "clean.wav");
   ClearOutput(session.output);
-  if (session.output.OutputGridMode) session.table.grid.Clear();
+  if (session.output.OutputGridMode) EmptyTable(session.table.grid, session.table.face);
 }
 
 void OpenText(Session& session) {

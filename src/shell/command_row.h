@@ -17,8 +17,14 @@ inline constexpr int kPrintCommand = 106;
 inline constexpr int kExitCommand = 107;
 inline constexpr int kSelectAllCommand = 204;
 inline constexpr int kCopyCommand = 205;
+inline constexpr int kPasteCommand = 206;
+inline constexpr int kDeleteRowsCommand = 209;
+inline constexpr int kDeleteColumnsCommand = 210;
 inline constexpr int kConvertCommand = 211;
 inline constexpr int kCopyOutputCommand = 212;
+inline constexpr int kCutCommand = 213;
+inline constexpr int kUndoCommand = 214;
+inline constexpr int kRedoCommand = 215;
 inline constexpr int kGoToCommand = 216;
 inline constexpr int kFormatCommand = 301;
 inline constexpr int kDictionaryCommand = 307;
@@ -37,6 +43,15 @@ inline constexpr int kResetRecodeCommand = 318;
 inline constexpr int kCreateSampleCommand = 320;
 inline constexpr int kRunIterationsCommand = 321;
 inline constexpr int kToggleOutputCommand = 350;
+// The faces of the Output view, each by its own name.
+inline constexpr int kShowMostRecentCommand = 351;
+inline constexpr int kShowLogCommand = 352;
+inline constexpr int kShowTableCommand = 353;
+// The cells and columns of its table.
+inline constexpr int kAlignLeftCommand = 451;
+inline constexpr int kAlignCentreCommand = 452;
+inline constexpr int kAlignRightCommand = 453;
+inline constexpr int kColumnWidthCommand = 454;
 inline constexpr int kToggleHelpCommand = 602;
 inline constexpr int kAboutCommand = 608;
 

@@ -6,9 +6,18 @@ namespace tessara {
 
 bool InTextMode(const Session& session, const WidgetState&) { return !session.output.OutputGridMode; }
 
+bool InGridMode(const Session& session, const WidgetState&) { return session.output.OutputGridMode; }
+
 bool TableIsEdited(const Session& session, const WidgetState&) {
   return session.output.OutputGridMode && session.panel.selected != Procedure::kExplore;
 }
+
+bool HasTable(const Session& session, const WidgetState&) {
+  return session.output.OutputGridMode || !session.table.grid.empty();
+}
+
+bool CanUndoTable(const Session& session, const WidgetState&) { return !session.table.face.done.empty(); }
+bool CanRedoTable(const Session& session, const WidgetState&) { return !session.table.face.undone.empty(); }
 
 bool ShowsLog(const Session& session, const WidgetState&) {
   return !session.output.OutputGridMode && session.output.ShowLogMode;
@@ -18,7 +27,10 @@ bool ShowsMostRecent(const Session& session, const WidgetState&) {
   return !session.output.OutputGridMode && !session.output.ShowLogMode;
 }
 
-bool HasOutputText(const Session& session, const WidgetState&) { return !session.output.BoxText().empty(); }
+bool HasOutputText(const Session& session, const WidgetState&) {
+  const bool has_table = session.output.OutputGridMode && !session.table.grid.empty();
+  return has_table || !session.output.BoxText().empty();
+}
 
 bool HasOutputToConvert(const Session& session, const WidgetState& widgets) {
   return session.output.OutputGridMode || HasOutputText(session, widgets);

@@ -7,10 +7,16 @@
 namespace tessara {
 
 bool InTextMode(const Session& session, const WidgetState& widgets);
+bool InGridMode(const Session& session, const WidgetState& widgets);
 // The summary table is the face of the Output view, and Explore, which has none, is not the procedure at hand.
 bool TableIsEdited(const Session& session, const WidgetState& widgets);
+// There is a table, or its empty face shows.
+bool HasTable(const Session& session, const WidgetState& widgets);
+bool CanUndoTable(const Session& session, const WidgetState& widgets);
+bool CanRedoTable(const Session& session, const WidgetState& widgets);
 bool ShowsLog(const Session& session, const WidgetState& widgets);
 bool ShowsMostRecent(const Session& session, const WidgetState& widgets);
+// The text of the face that shows counts, and so does the text behind the table.
 bool HasOutputText(const Session& session, const WidgetState& widgets);
 bool HasOutputToConvert(const Session& session, const WidgetState& widgets);
 // In the grid of the Output view there is a current cell at all times.

@@ -1,5 +1,7 @@
 #include "shell/report_operations.h"
 
+#include "presentation/table_edit.h"
+
 namespace tessara {
 
 void PrintTable(Session& session) { PrintReport(session.table.grid, session.report_page, session.platform); }
@@ -9,7 +11,10 @@ std::optional<PrintJob> TableJob(Session& session) {
 }
 
 bool SetTableColumnWidth(Session& session, std::string_view typed) {
-  return EqualizeColumns(session.table.grid, typed, session.platform);
+  TableGrid next = session.table.grid;
+  if (!EqualizeColumns(next, typed, session.platform)) return false;
+  ReplaceTable(session.table.grid, session.table.face, std::move(next), "Column Width");
+  return true;
 }
 
 }  // namespace tessara

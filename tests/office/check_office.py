@@ -240,6 +240,26 @@ class Table(Office):
         self.assertEqual(sheet["A5"].data_type, "s")  # a text, no formula
 
 
+    def test_a_table_of_a_run(self):
+        """Six people, one of them without a sex: two men and three women. 1.96 * 0.5 / sqrt(5) is 44 percent."""
+        self.run_script("open people.dcs", "table categorical SEX --counts --percent --decimals 0", "excel run.xlsx",
+                        "word run.docx")
+        rows = [
+            [None, None, "  All"],
+            ["Total Count", None, 5],
+            ["95% CI (+/-)", None, "44%"],
+            ["Sex of respondent", None, None],
+            ["Male", "Percent", "40%"],
+            [None, "Count", 2],
+            ["Female", "Percent", "60%"],
+            [None, "Count", 3],
+        ]
+        self.assertEqual(self.cells("run.xlsx"), rows)
+        texts = [["" if cell is None else str(cell) for cell in row] for row in rows]
+        texts[0][2] = "   All"
+        self.assertEqual(self.paragraphs("run.docx"), ["\t".join(row) for row in texts])
+
+
 class Data(Office):
     def test_records_below_their_names(self):
         self.assertEqual(self.cells("data.xlsx"), [["CODE", "KÖLN"], [7, "=1+1"], [2.5, None], ["11/5/2026", "?"]])

@@ -110,6 +110,23 @@ class PlainTextTest : public QObject {
     }
   }
 
+  void TheSummaryTableDoesNotGuess() {
+    TableGrid& grid = window().session().table.grid;
+    grid.SetText(1, 1, kLabel);  // longer than its column
+    grid.SetText(2, 3, kName);
+    window().session().output.OutputGridMode = true;
+    window().ShowView(View::ViewOutput);
+    CheckAllWidgets();
+    auto* table = window().Find<QTableView>("MSFlexGrid2");
+    const QModelIndex cut = table->model()->index(0, 0);
+    QCOMPARE(cut.data().toString(), QString(kLabel));
+    QCOMPARE(TipShownAt(table->viewport(), table->visualRect(cut).center()), QString(kLabel));
+    table->setFocus();
+    QTest::keyClick(table, Qt::Key_F2);
+    QCOMPARE(window().Find<QLineEdit>("GridText2")->text(), QString(kLabel));
+    CheckAllWidgets();
+  }
+
   void HeadingOfAColumnShowsItsLabelAsItStands() {
     OpenHostileFile();
     auto* table = window().Find<QTableView>("MSFlexGrid1");

@@ -1,4 +1,5 @@
 #include <cctype>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -7,6 +8,8 @@
 #include "batch/words/script_line.h"
 #include "platform/files.h"
 #include "presentation/print_pages.h"
+#include "presentation/report_page.h"
+#include "shell/report_operations.h"
 
 namespace tessara {
 namespace {
@@ -32,7 +35,7 @@ bool WritePlainText(const PrintJob& job, const Path& path) {
   return file.Commit() == WriteResult::kWritten;
 }
 
-PrintJob PagesOfLog(const Batch& batch, const CalendarDay& today) {
+std::optional<PrintJob> PagesOfLog(const Batch& batch, const CalendarDay& today) {
   const Settings& settings = batch.session.settings;
   return JobOfPages(
       OutputPages(batch.session.output.BoxText(), {settings.print_date(), settings.notes_caption()}, today));
@@ -44,7 +47,8 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
   const Path path = PathFromUtf8(name);
   const std::string refusal = WhyNotPrintedTo(batch, path, words.Has("--overwrite"));
   if (!refusal.empty()) return NotUnderstood(refusal);
-  if (batch.session.output.BoxText().empty()) {
+  const bool prints_table = batch.session.output.OutputGridMode;
+  if (!prints_table && batch.session.output.BoxText().empty()) {
     batch.platform.ShowMessage({"Print Aborted!", "There is no output to print."});
     return Done();
   }
@@ -55,9 +59,15 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
                                 "is not there. A name with another ending gives plain text."});
     return Done();
   }
-  const PrintJob job = PagesOfLog(batch, batch.platform.Now().date);
-  const bool written = is_pdf ? batch.platform.WritePdf(job, path) : WritePlainText(job, path);
-  if (!written) ShowPrinterError(batch.platform);
+  const auto job = prints_table ? TableJob(batch.session) : PagesOfLog(batch, batch.platform.Now().date);
+  if (!job) return Done();
+  const bool written = is_pdf ? batch.platform.WritePdf(*job, path) : WritePlainText(*job, path);
+  if (written) return Done();
+  if (prints_table) {
+    ShowReportPrinterError(batch.platform);
+  } else {
+    ShowPrinterError(batch.platform);
+  }
   return Done();
 }
 
@@ -66,11 +76,12 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
 constinit const CommandRow kPrintCommand{
     .name = "print",
     .synopsis = "PATH [--overwrite]",
-    .summary = "write the printed pages of the log",
+    .summary = "write the printed pages of the log or the table",
     .details =
         "Writes the log as pages, as the printer gets them: a PDF file when PATH ends in .pdf,\n"
         "else plain text with a form feed between pages. The script and data files are refused\n"
-        "without --overwrite. An empty log is not printed.\n",
+        "without --overwrite. An empty log is not printed. While a summary table is the latest\n"
+        "result, its pages are written in the place of the log's.\n",
     .example = "print report.txt",
     .options = kOptions,
     .most_words = 1,

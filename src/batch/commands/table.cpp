@@ -5,6 +5,7 @@
 
 #include "batch/commands/commands.h"
 #include "batch/commands/procedure_line.h"
+#include "batch/commands/table_page.h"
 #include "batch/words/nearest_word.h"
 #include "batch/words/script_line.h"
 #include "presentation/tab_delimited.h"
@@ -24,6 +25,12 @@ constexpr OptionRow kOptions[] = {
     {"--se", "", "continuous: the standard error", OptionValue::kNone},
     {"--ci", "", "continuous: the 95 percent interval", OptionValue::kNone},
     {"--decimals", "N", "0 to 4 decimals, 1 without it", OptionValue::kNeeded},
+    {"--header", "TEXT", "page: the line above; #date# and pg# stand for date and page number", OptionValue::kNeeded},
+    {"--footer", "TEXT", "page: the line below", OptionValue::kNeeded},
+    {"--header-align", "WHERE", "page: left, center or right", OptionValue::kNeeded},
+    {"--footer-align", "WHERE", "page: left, center or right", OptionValue::kNeeded},
+    {"--header-rule", "", "page: a line under the header", OptionValue::kNone},
+    {"--footer-rule", "", "page: a line over the footer", OptionValue::kNone},
 };
 
 // The output format as the panel offers it; nothing when the word is none of 0 to 4.
@@ -74,15 +81,18 @@ CommandResult ClearTable(Batch& batch, const CommandWords&) {
 struct TableWord {
   std::string_view name;
   std::string_view options;  // between blanks
-  bool takes_variables;
+  std::size_t most_words;
+  std::string_view needed_word;  // empty for one that takes no words
   CommandResult (*run)(Batch& batch, const CommandWords& words);
 };
 
 constexpr TableWord kTableWords[] = {
-    {"categorical", " --counts --percent --decimals ", true, AddCategorical},
-    {"continuous", " --count --mean --sum --sd --se --ci --decimals ", true, AddContinuous},
-    {"print", "", false, PrintTable},
-    {"clear", "", false, ClearTable},
+    {"categorical", " --counts --percent --decimals ", kAnyNumber, "VAR", AddCategorical},
+    {"continuous", " --count --mean --sum --sd --se --ci --decimals ", kAnyNumber, "VAR", AddContinuous},
+    {"print", "", 0, {}, PrintTable},
+    {"page", " --header --footer --header-align --footer-align --header-rule --footer-rule ", 0, {}, RunTablePage},
+    {"width", "", 1, "NUMBER", RunTableWidth},
+    {"clear", "", 0, {}, ClearTable},
 };
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
@@ -99,9 +109,11 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
   }
   CommandWords rest = words;
   rest.words.erase(rest.words.begin());
-  if (rest.words.empty() && word->takes_variables) return NotUnderstood("VAR is missing");
-  if (!rest.words.empty() && !word->takes_variables) {
-    return NotUnderstood(Quoted(rest.words.front()) + " is a word too many");
+  if (rest.words.empty() && !word->needed_word.empty()) {
+    return NotUnderstood(std::string(word->needed_word) + " is missing");
+  }
+  if (rest.words.size() > word->most_words) {
+    return NotUnderstood(Quoted(rest.words[word->most_words]) + " is a word too many");
   }
   return word->run(batch, rest);
 }
@@ -110,18 +122,22 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
 
 constinit const CommandRow kTableCommand{
     .name = "table",
-    .synopsis = "categorical|continuous|print|clear [VAR... [by VAR...]] [OPTION...]",
+    .synopsis = "categorical|continuous|print|page|width|clear [VAR... [by VAR...]] [OPTION...]",
     .summary = "build a summary table",
     .details =
         "\"table categorical VAR... by VAR...\" adds counts and percents of the categories of each\n"
         "variable ahead of \"by\" to the table, for all cases and for each category of those behind\n"
         "it; \"table continuous\" adds means and deviations. The table grows from line to line.\n"
-        "\"table print\" writes it to the log as tab-delimited text, its last column twice, and\n"
-        "\"table clear\" empties it. Only error messages of a table go to the log.\n",
+        "\"table print\" writes it to the log as tab-delimited text, its last column twice. Only\n"
+        "error messages of a table go to the log. \"table page\" prints its pages, with a form feed\n"
+        "between them, and keeps header and footer for later lines; the log gets nothing from it.\n"
+        "\"table width NUMBER\" makes all columns of figures equally wide, 100 for a character.\n"
+        "\"table clear\" empties the table. While a table is the latest result, print, word and\n"
+        "excel write it in the place of the log.\n",
     .example = "table categorical SURVIVED by CLASS --counts --percent",
     .options = kOptions,
     .most_words = kAnyNumber,
-    .needed_word = "\"categorical\", \"continuous\", \"print\" or \"clear\"",
+    .needed_word = "\"categorical\", \"continuous\", \"print\", \"page\", \"width\" or \"clear\"",
     .run = Run,
 };
 

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <new>
-#include <utility>
 
 #include "platform/files.h"
 #include "platform/safe_file_writer.h"
@@ -47,8 +46,11 @@ bool IsNumberedCharacter(std::string_view text) {
 
 std::string SheetUtf8(std::string_view bytes) {
   std::string text = PlainUtf8(bytes);
+  constexpr std::string_view kUnderline = "_x005F_";
   for (std::size_t at = text.find("_x"); at != text.npos; at = text.find("_x", at + 1)) {
-    if (IsNumberedCharacter(std::string_view(text).substr(at))) text.replace(at, 1, "_x005F_");
+    if (!IsNumberedCharacter(std::string_view(text).substr(at))) continue;
+    text.replace(at, 1, kUnderline);
+    at += kUnderline.size() - 1;
   }
   return text;
 }
@@ -87,7 +89,7 @@ Workbook::Workbook(const DateTime& created) {
   std::string folder = folder_.path().string();
   // The library keeps copies of both texts.
   lxw_workbook_options options = {.constant_memory = LXW_TRUE, .tmpdir = folder.data(), .use_zip64 = LXW_FALSE};
-  workbook_ = workbook_new_opt(file_.string().c_str(), &options);
+  workbook_.reset(workbook_new_opt(file_.string().c_str(), &options));
   if (!workbook_) throw std::bad_alloc();
   char title[] = "Tessara output";
   char author[] = "Tessara";
@@ -95,11 +97,16 @@ Workbook::Workbook(const DateTime& created) {
   properties.title = title;
   properties.author = author;
   properties.created = SecondsOf(created);
-  NoteError(workbook_set_properties(workbook_, &properties));
+  NoteError(workbook_set_properties(workbook_.get(), &properties));
 }
 
-Workbook::~Workbook() {
-  if (workbook_) lxw_workbook_free(workbook_);
+// The library leaves the temporary files of sheets open when they are not put together.
+void Workbook::Free::operator()(lxw_workbook* workbook) const {
+  lxw_worksheet* sheet = nullptr;
+  STAILQ_FOREACH(sheet, workbook->worksheets, list_pointers) {
+    if (sheet->optimize_tmpfile) std::fclose(sheet->optimize_tmpfile);
+  }
+  lxw_workbook_free(workbook);
 }
 
 void Workbook::NoteError(int error) {
@@ -110,7 +117,7 @@ void Workbook::NoteError(int error) {
 void Workbook::AddSheet(const std::string& name) {
   if (failed_) return;
   RequireRoomForLibrary();
-  sheet_ = workbook_add_worksheet(workbook_, name.c_str());
+  sheet_ = workbook_add_worksheet(workbook_.get(), name.c_str());
   // A sheet goes by way of a temporary file of its own.
   failed_ = !sheet_ || !sheet_->optimize_tmpfile;
   if (failed_) return;
@@ -133,7 +140,8 @@ void Workbook::WriteNumber(std::size_t row, std::size_t column, const PlainNumbe
 }
 
 void Workbook::WriteField(std::size_t row, std::size_t column, std::string_view text, const CellLook& look) {
-  if (const auto number = FindPlainNumber(text)) {
+  const auto number = FindPlainNumber(text);
+  if (number && number->survives) {
     WriteNumber(row, column, *number, look);
   } else {
     WriteText(row, column, text, look);
@@ -144,7 +152,7 @@ lxw_format* Workbook::FormatOf(const CellLook& look, const std::string& mask) {
   if (!look.alignment && !look.bold && mask.empty()) return nullptr;
   lxw_format*& format = formats_[{look, mask}];
   if (format) return format;
-  format = workbook_add_format(workbook_);
+  format = workbook_add_format(workbook_.get());
   if (!format) throw std::bad_alloc();
   if (look.alignment) format_set_align(format, AlignmentOf(*look.alignment));
   if (look.bold) format_set_bold(format);
@@ -166,7 +174,7 @@ bool Workbook::Save(const Path& path, Status& status) {
   for (lxw_worksheet* sheet : sheets_) failed_ = failed_ || std::ferror(sheet->optimize_tmpfile) != 0;
   if (failed_) return false;
   RequireRoomForLibrary();
-  NoteError(workbook_close(std::exchange(workbook_, nullptr)));
+  NoteError(workbook_close(workbook_.release()));
   // Not every failing write to its temporary files comes back from the library: what a full disk has cut is seen here.
   if (failed_ || !IsWholeArchive(file_, "xl/worksheets/sheet", "<c ", cells_)) return false;
   SafeFileWriter writer(path);

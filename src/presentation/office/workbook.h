@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,7 +42,6 @@ struct CellLook {
 class Workbook {
  public:
   explicit Workbook(const DateTime& created);
-  ~Workbook();
   Workbook(const Workbook&) = delete;
   Workbook& operator=(const Workbook&) = delete;
 
@@ -50,7 +50,7 @@ class Workbook {
   // Bytes of the code page; an empty text leaves no cell.
   void WriteText(std::size_t row, std::size_t column, std::string_view text, const CellLook& look = {});
   void WriteNumber(std::size_t row, std::size_t column, const PlainNumber& number, const CellLook& look = {});
-  // A number where the text is one, else the text.
+  // A number where the text is one that the file holds to its last digit, else the text.
   void WriteField(std::size_t row, std::size_t column, std::string_view text, const CellLook& look = {});
   void SetColumnWidth(std::size_t column, std::size_t characters);
   // So many rows at the top stay in sight.
@@ -61,12 +61,16 @@ class Workbook {
   bool Save(const Path& path, Status& status);
 
  private:
+  struct Free {
+    void operator()(lxw_workbook* workbook) const;
+  };
+
   lxw_format* FormatOf(const CellLook& look, const std::string& mask);
   void NoteError(int error);
 
   ScratchFolder folder_;
   Path file_;
-  lxw_workbook* workbook_ = nullptr;
+  std::unique_ptr<lxw_workbook, Free> workbook_;
   lxw_worksheet* sheet_ = nullptr;
   std::map<std::tuple<CellLook, std::string>, lxw_format*> formats_;
   std::vector<lxw_worksheet*> sheets_;

@@ -13,6 +13,7 @@
 #include "procedures/compare/crosstabulation.h"
 #include "procedures/describe/frequencies.h"
 #include "procedures/tables/report_mask.h"
+#include "procedures/tables/table_rows.h"
 #include "procedures/tables/table_variables.h"
 
 namespace tessara {
@@ -20,7 +21,6 @@ namespace {
 
 constexpr std::string_view kTotal = "total";
 constexpr std::string_view kInterval = "interval";
-constexpr std::string_view kHeading = "heading";
 constexpr std::string_view kPercent = "percent";
 constexpr std::string_view kCount = "count";
 
@@ -151,7 +151,7 @@ class CountsWriter {
   std::vector<WantedRow> Rows(const DataSet& data, std::size_t variable, const CountedPart& part) const {
     std::vector<WantedRow> rows = {{.what = kTotal, .category = {}, .group = "Total Count", .label = {}}};
     if (options_.percent) rows.push_back({.what = kInterval, .category = {}, .group = "95% CI (+/-)", .label = {}});
-    rows.push_back({.what = kHeading, .category = {}, .group = VariableHeading(data, variable), .label = {}});
+    rows.push_back({.what = kGroupRow, .category = {}, .group = VariableHeading(data, variable), .label = {}});
     for (const RowCategory& category : part.categories) {
       if (options_.percent) rows.push_back({kPercent, category.key, category.label, "Percent"});
       if (options_.counts) rows.push_back({kCount, category.key, category.label, "Count"});

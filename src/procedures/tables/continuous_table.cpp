@@ -9,6 +9,7 @@
 #include "procedures/cases/accepted_cases.h"
 #include "procedures/tables/case_summary.h"
 #include "procedures/tables/report_mask.h"
+#include "procedures/tables/table_rows.h"
 #include "procedures/tables/table_variables.h"
 
 namespace tessara {
@@ -39,7 +40,7 @@ struct SummaryColumn {
 bool WriteSummaries(const DataSet& data, std::size_t variable, TableWriter& writer, const SummaryTableOptions& options,
                     const std::vector<SummaryColumn>& summaries) {
   std::vector<WantedRow> rows = {
-      {.what = "heading", .category = {}, .group = VariableHeading(data, variable), .label = {}}};
+      {.what = kGroupRow, .category = {}, .group = VariableHeading(data, variable), .label = {}}};
   for (const Figure& figure : kFigures) {
     if (options.*figure.box) rows.push_back({.what = figure.name, .category = {}, .group = {}, .label = figure.name});
   }

@@ -6,18 +6,17 @@
 #include <utility>
 
 #include "numerics/number_text.h"
+#include "procedures/tables/table_rows.h"
 
 namespace tessara {
 namespace {
 
 // Labels of a row and headings of a column stand at the right, towards their figures.
 constexpr TableAlignment kLabelAlignment = TableAlignment::kRight;
-// Of a cell that holds a label; one that the user has emptied is not written again.
+// Of the cells that hold labels, by their column; one that the user has emptied is not written again.
+constexpr std::string_view kGroupTag = "group";
 constexpr std::string_view kLabelTag = "label";
 constexpr std::size_t kMostLabelText = 4096;  // what a table has room for, and far beyond
-
-// A part of a tag: whatever a text holds, two lists of parts are alike only when their texts are.
-std::string Part(std::string_view text) { return std::to_string(text.size()) + ":" + std::string(text); }
 
 // What stands behind the first part of a list; `part` is that part's text.
 std::string_view BehindPart(std::string_view list, std::string_view& part) {
@@ -29,7 +28,7 @@ std::string_view BehindPart(std::string_view list, std::string_view& part) {
 }
 
 std::string RowTag(const std::string& variable_tag, const WantedRow& row) {
-  return variable_tag + Part(row.category) + std::string(row.what);
+  return variable_tag + TagPart(row.category) + std::string(row.what);
 }
 
 }  // namespace
@@ -38,7 +37,7 @@ std::string VariableKey(const DataSet& data, std::size_t column) {
   const std::string name = data.VariableName(column);
   std::size_t ordinal = 1;
   for (std::size_t before = 1; before < column; ++before) ordinal += data.VariableName(before) == name ? 1 : 0;
-  return Part(std::to_string(ordinal)) + Part(name);
+  return TagPart(std::to_string(ordinal)) + TagPart(name);
 }
 
 std::string CategoryKey(const TaggedView& value) {
@@ -47,13 +46,13 @@ std::string CategoryKey(const TaggedView& value) {
 }
 
 std::string ColumnKey(std::string_view variable_key, std::string_view category_key) {
-  return std::string(variable_key) + Part(category_key);
+  return std::string(variable_key) + TagPart(category_key);
 }
 
 TableWriter::TableWriter(SummaryTable& table, TableData kind, std::string control_label)
     : table_(table),
       grid_(table.grid),
-      block_tag_(kind == TableData::kCategorical ? "categorical " : "continuous "),
+      block_tag_(kind == TableData::kCategorical ? kCategoricalBlock : kContinuousBlock),
       control_label_(std::move(control_label)),
       opens_(table.grid.empty()) {
   FreeLabelColumns();
@@ -69,12 +68,14 @@ const SummaryTable::Column* TableWriter::ColumnOf(const std::string& tag) const 
 // Figures never stand in the columns of the labels, also when the user has deleted one of those.
 void TableWriter::FreeLabelColumns() {
   std::size_t missing = 0;
+  bool has_groups = false;
   for (std::size_t row = 1; row <= grid_.RowCount(); ++row) {
+    has_groups |= grid_.Cell(row, 1).tag == kGroupTag;
     for (std::size_t column = 1; column <= kLabelColumns; ++column) {
       if (ColumnOf(grid_.Cell(row, column).tag)) missing = std::max(missing, kLabelColumns + 1 - column);
     }
   }
-  if (missing > 0) grid_.InsertColumns(1, missing);
+  if (missing > 0) grid_.InsertColumns(has_groups ? kLabelColumns : 1, missing);
 }
 
 TableWriter::Survey TableWriter::FindRows(const std::string& variable_tag, std::span<const WantedRow> wanted) const {
@@ -211,7 +212,7 @@ void TableWriter::AddRows(const std::string& variable_tag, std::span<const Wante
 
 void TableWriter::WriteLabels(const std::string& variable_tag, const WantedRow& wanted, std::size_t row) {
   const bool goes_on =
-      !wanted.category.empty() && grid_.RowTag(row - 1).starts_with(variable_tag + Part(wanted.category));
+      !wanted.category.empty() && grid_.RowTag(row - 1).starts_with(variable_tag + TagPart(wanted.category));
   if (!goes_on) WriteLabel(row, 1, wanted.group);
   WriteLabel(row, kLabelColumns, wanted.label);
 }
@@ -220,7 +221,8 @@ void TableWriter::WriteLabel(std::size_t row, std::size_t column, std::string_vi
   const TableCell& there = grid_.Cell(row, column);
   if (text.empty() || !there.text.empty() || !there.tag.empty()) return;
   TableCell& cell = grid_.Edit(row, column);
-  cell = {std::string(text.substr(0, kMostLabelText)), kLabelAlignment, std::string(kLabelTag)};
+  cell = {std::string(text.substr(0, kMostLabelText)), kLabelAlignment,
+          std::string(column == 1 ? kGroupTag : kLabelTag)};
 }
 
 void TableWriter::Write(const TablePlaces& places, std::size_t row, std::size_t column, std::string text) {

@@ -61,6 +61,10 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 210 Delete Columns\n"
        " 212 Copy Output\n"
        "|211 Convert Output to Tab Delimited\n"
+       " 451 Align &Left\n"
+       " 452 Align &Center\n"
+       " 453 Align &Right\n"
+       " 454 Set Column &Width\n"
        " 350 &Output Log\n"},
       {"&Variable",
        " 301 &Format Variables\n"
@@ -117,6 +121,10 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 302 &Recode Variables\n"
             " 304 &Combine Variables\n"
             " 305 &Compute New Variable\n"
+            " 451 &Left Align Text\n"
+            " 452 &Center Text\n"
+            " 453 &Right Align Text\n"
+            " 454 &Adjust Column Width\n"
             " 106 &Print\n"
             "|602 Help &Window\n");
   const char* tooltips[] = {"New",
@@ -140,6 +148,10 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
                             "Recode Variables",
                             "Combine Two Variables",
                             "Compute New Variable",
+                            "Left Align Text",
+                            "Center Text",
+                            "Right Align Text",
+                            "Adjust Column Width",
                             "Print the active document",
                             "Show Help Window"};
   const std::set<int> with_caption = {108, 109, 202, 301, 350, 308, 106, 602};
@@ -262,18 +274,26 @@ TEST_F(CommandTest, TheCommandsOfTheGridWorkOnItsSelection) {
 
 TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
+  widgets.clipboard_has_text = true;
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-+o++oo+"}, {205, "+--+-o--"},
-      {213, "+--+-o--"}, {211, "---+----"}, {301, "+--+----"}, {350, "--------"}, {454, "---+----"}};
+      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-+o++oo+"}, {204, "+--o----"},
+      {205, "+--+-o--"}, {206, "+--+-o--"}, {209, "+--+----"}, {210, "+--+----"}, {211, "---+----"},
+      {213, "+--+-o--"}, {214, "o--o----"}, {215, "o--o----"}, {301, "+--+----"}, {350, "--------"},
+      {451, "---+----"}, {452, "---+----"}, {453, "---+----"}, {454, "---+----"}};
   for (const auto& [id, states] : expected) EXPECT_EQ(StatesByView(id), states) << id;
+  session.table.grid.SetText(1, 1, "x");
+  EXPECT_TRUE(State(204, View::ViewOutput).enabled);
   EXPECT_EQ(State(301, View::ViewOutput).caption, "Format Page");
+  session.output.OutputGridMode = false;
+  for (const int id : {209, 210, 301, 451, 452, 453, 454}) EXPECT_FALSE(State(id, View::ViewOutput).visible) << id;
 }
 
-TEST_F(CommandTest, WhileExploreIsAtHandTheTableIsNotFormatted) {
+TEST_F(CommandTest, WhileExploreIsSelectedTheTableKeepsItsShape) {
   session.output.OutputGridMode = true;
+  widgets.clipboard_has_text = true;
   session.panel.selected = Procedure::kExplore;
-  EXPECT_EQ(StatesByView(301), "+-------");
-  EXPECT_EQ(StatesByView(454), "--------");
+  for (const int id : {209, 210, 301, 451, 452, 453, 454}) EXPECT_FALSE(State(id, View::ViewOutput).visible) << id;
+  for (const int id : {205, 206, 211, 213}) EXPECT_TRUE(State(id, View::ViewOutput).enabled) << id;
 }
 
 TEST_F(CommandTest, CaptionsFollowTheView) {

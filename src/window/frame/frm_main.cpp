@@ -495,9 +495,11 @@ WidgetState FrmMain::State() const {
 void FrmMain::RefreshCommands() {
   bars_->Refresh(session_, State());
   const bool in_output = session_.ActiveView == View::ViewOutput;
+  const bool has_output =
+      session_.output.OutputGridMode ? !session_.table.grid.empty() : !session_.output.BoxText().empty();
   for (QAction* action : output_->PrintActions()) {
     action->setVisible(in_output);
-    action->setEnabled(in_output && !session_.output.BoxText().empty());
+    action->setEnabled(in_output && has_output);
   }
   const bool in_grid = session_.ActiveView == View::ViewDataGrid;
   recent_files_->menu()->menuAction()->setVisible(in_grid || session_.ActiveView == View::ViewStatProcs);

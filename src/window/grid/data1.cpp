@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLocale>
-#include <QMenu>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -17,6 +16,7 @@
 #include "window/grid/grid_text1.h"
 #include "window/grid/name_box.h"
 #include "window/grid/variable_view.h"
+#include "window/widgets/command_menu.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/segment_button.h"
 #include "window/widgets/text.h"
@@ -354,26 +354,11 @@ void Data1::GoTo(const QString& name) {
   grid_->setFocus();
 }
 
-// The commands of the frame, as far as they show in its bars.
 void Data1::ShowMenu(const QPoint& place) {
-  constexpr int kSeparator = 0;
-  constexpr int kEntries[] = {202, 203,        kSeparator, 301, 302, 303,        304, 305, 306, 307, kSeparator,
-                              204, kSeparator, 205,        206, 213, kSeparator, 207, 208, 209, 210};
-  auto* menu = new QMenu(this);
-  menu->setObjectName("GridMenu");
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const int id : kEntries) {
-    if (id == kSeparator) {
-      menu->addSeparator();
-    } else if (auto* command = window()->findChild<QAction*>(QString::number(id), Qt::FindDirectChildrenOnly)) {
-      menu->addAction(command);
-    }
-  }
-  if (menu->isEmpty()) {
-    delete menu;
-  } else {
-    menu->popup(place);
-  }
+  constexpr int kEntries[] = {
+      202, 203, kMenuSeparator, 301, 302, 303, 304, 305, 306, 307, kMenuSeparator, 204, kMenuSeparator, 205,
+      206, 213, kMenuSeparator, 207, 208, 209, 210};
+  PopUpCommands(this, "GridMenu", kEntries, place);
 }
 
 }  // namespace tessara

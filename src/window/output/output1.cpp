@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QTextCursor>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -14,6 +15,7 @@
 
 #include "presentation/print_pages.h"
 #include "shell/report_operations.h"
+#include "window/output/table_pane.h"
 #include "window/output/text_page.h"
 #include "window/system/qt_platform.h"
 #include "window/widgets/flow_layout.h"
@@ -33,6 +35,11 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   page_->SetEmptyText(
       tr("There is no output in this session.\n\n"
          "Run a procedure in Stat Procs, and its report appears here."));
+  table_ = new TablePane(the_session, this);
+  faces_ = new QStackedWidget(this);
+  faces_->setObjectName("OutputFaces");
+  faces_->addWidget(page_);
+  faces_->addWidget(table_);
   preview_ = MakeAction("PrintPreview", "document-print-preview", tr("Print Pre&view..."));
   pdf_ = MakeAction("PrintToPdf", "application-pdf", tr("Save as P&DF..."));
   connect(preview_, &QAction::triggered, this, &Output1::Preview);
@@ -42,7 +49,7 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(MakeHead());
-  layout->addWidget(page_, 1);
+  layout->addWidget(faces_, 1);
   layout->addWidget(MakeFindBar());
 
   connect(page_, &QPlainTextEdit::textChanged, this, &Output1::UserChangedText);
@@ -51,8 +58,12 @@ Output1::Output1(QtPlatform& platform, Session& the_session, QWidget* parent)
   connect(page_, &QPlainTextEdit::copyAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &QPlainTextEdit::undoAvailable, this, &ViewForm::SessionChanged);
   connect(page_, &QPlainTextEdit::redoAvailable, this, &ViewForm::SessionChanged);
+  connect(table_, &TablePane::SessionChanged, this, &ViewForm::SessionChanged);
+  connect(table_, &TablePane::CommandRequested, this, &ViewForm::CommandRequested);
+  AddFocusKey();
   connect(page_, &TextPage::ZoomChanged, this, &Output1::ShowZoom);
   ShowZoom(page_->zoom());
+  ShowFace();
 }
 
 QAction* Output1::MakeAction(const char* name, const char* icon, const QString& caption) {
@@ -61,7 +72,7 @@ QAction* Output1::MakeAction(const char* name, const char* icon, const QString& 
   return action;
 }
 
-// Both texts by name, the one that shows pressed.
+// The faces by name, the one that shows pressed.
 QToolButton* Output1::MakeSwitch(const char* name, const QString& caption, QButtonGroup* group) {
   auto* button = new SegmentButton(this);
   button->setObjectName(name);
@@ -85,7 +96,14 @@ QToolButton* Output1::MakeTool(QAction* action) {
   return button;
 }
 
-// Both texts to the left, the tools to the right or, in a narrow window, below.
+// A tool that asks for a command of the frame.
+QToolButton* Output1::MakeCommandTool(const char* name, const char* icon, const QString& caption, int command) {
+  QAction* action = MakeAction(name, icon, caption);
+  connect(action, &QAction::triggered, this, [this, command] { emit CommandRequested(command); });
+  return MakeTool(action);
+}
+
+// The faces to the left, the tools to the right or, in a narrow window, below.
 QWidget* Output1::MakeHead() {
   auto* head = new QWidget(this);
   auto* layout = new QVBoxLayout(head);
@@ -108,13 +126,20 @@ QWidget* Output1::MakeSwitches() {
   log_ = MakeSwitch("ShowOutputLog", tr("Output Log"), group);
   layout->addWidget(most_recent_);
   layout->addWidget(log_);
-  // A press on the text that does not show asks for the command that toggles.
-  connect(most_recent_, &QToolButton::clicked, this, [this] {
-    if (session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
-  });
-  connect(log_, &QToolButton::clicked, this, [this] {
-    if (!session().output.ShowLogMode) emit CommandRequested(kToggleOutputCommand);
-  });
+  summary_ = MakeSwitch("ShowSummaryTable", tr("Summary Table"), group);
+  summary_->setToolTip(tr("The table that the runs of Summary Tables fill"));
+  layout->addWidget(summary_);
+  // A press on the face that shows already asks for nothing.
+  const auto ask = [this](int command) {
+    const OutputLog& output = session().output;
+    const int shown = output.OutputGridMode ? kShowTableCommand
+                      : output.ShowLogMode  ? kShowLogCommand
+                                            : kShowMostRecentCommand;
+    if (command != shown) emit CommandRequested(command);
+  };
+  connect(most_recent_, &QToolButton::clicked, this, [ask] { ask(kShowMostRecentCommand); });
+  connect(log_, &QToolButton::clicked, this, [ask] { ask(kShowLogCommand); });
+  connect(summary_, &QToolButton::clicked, this, [ask] { ask(kShowTableCommand); });
   return switches;
 }
 
@@ -141,12 +166,17 @@ QWidget* Output1::MakeTools() {
     zoom_->setMinimumWidth(type.horizontalAdvance("400 %") + type.height() / 2);
   });
   connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
-  layout->addWidget(MakeTool(find));
+  text_tools_ = {MakeTool(find)};
+  table_tools_ = {MakeCommandTool("ClearTable", "edit-clear-all", tr("Clear the Table"), kNewCommand),
+                  MakeCommandTool("ConvertTable", "document-export-table",
+                                  tr("Convert Table to Tab Delimited (Ctrl+T)"), kConvertCommand)};
+  layout->addWidget(text_tools_.front());
   layout->addWidget(MakeTool(smaller));
   layout->addWidget(zoom_);
   layout->addWidget(MakeTool(larger));
   layout->addWidget(MakeTool(preview_));
   layout->addWidget(MakeTool(pdf_));
+  for (QWidget* tool : table_tools_) layout->addWidget(tool);
   return tools;
 }
 
@@ -182,26 +212,63 @@ QWidget* Output1::MakeFindBar() {
     auto* made = new QShortcut(keys, this);
     made->setContext(Qt::WidgetWithChildrenShortcut);
     connect(made, &QShortcut::activated, this, act);
+    return made;
   };
   shortcut(QKeySequence::Find, [this] { ShowFindBar(); });
   shortcut(Qt::Key_F3, [this] { Find(false); });
   shortcut(Qt::SHIFT | Qt::Key_F3, [this] { Find(true); });
-  shortcut(Qt::Key_Escape, [this] { HideFindBar(); });
+  escape_ = shortcut(Qt::Key_Escape, [this] { HideFindBar(); });
+  escape_->setEnabled(false);  // without the bar the key belongs to the faces
   return find_bar_;
 }
 
-// The sheet alone: the buttons above it keep their size.
-void Output1::SetZoom(int percent) { page_->SetZoom(percent); }
+// The sheets alone: the buttons above them keep their size.
+void Output1::SetZoom(int percent) {
+  page_->SetZoom(percent);
+  table_->SetZoom(percent);
+}
 
 void Output1::ShowZoom(int percent) { zoom_->setText(tr("%1 %").arg(percent)); }
 
 void Output1::ShowSession() {
   const OutputLog& output = session().output;
-  most_recent_->setChecked(!output.ShowLogMode);
-  log_->setChecked(output.ShowLogMode);
+  ShowFace();
+  table_->ShowSession();
   const BoxVersion now = output.Version();
   if (now.lineage == shown_.lineage && now.size == shown_.size) return;
   ShowBox(now);
+}
+
+void Output1::ShowFace() {
+  const OutputLog& output = session().output;
+  const bool table = output.OutputGridMode;
+  summary_->setEnabled(table || !session().table.grid.empty());
+  summary_->setChecked(table);
+  log_->setChecked(!table && output.ShowLogMode);
+  most_recent_->setChecked(!table && !output.ShowLogMode);
+  for (QWidget* tool : text_tools_) tool->setVisible(!table);
+  for (QWidget* tool : table_tools_) tool->setVisible(table);
+  QWidget* face = table ? static_cast<QWidget*>(table_) : page_;
+  if (faces_->currentWidget() == face) return;
+  const QWidget* focus = window()->focusWidget();
+  const bool had_focus = focus && faces_->isAncestorOf(focus);
+  if (table) HideFindBar();
+  faces_->setCurrentWidget(face);
+  if (had_focus) FocusFirst();
+}
+
+// The keyboard goes from the face to its switch and back.
+void Output1::AddFocusKey() {
+  auto* key = new QShortcut(Qt::Key_F6, this);
+  key->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(key, &QShortcut::activated, this, [this] {
+    const QWidget* focus = window()->focusWidget();
+    const bool in_face = focus && faces_->isAncestorOf(focus);
+    if (!in_face) return FocusFirst();
+    for (QToolButton* button : {most_recent_, log_, summary_}) {
+      if (button->isChecked()) button->setFocus(Qt::ShortcutFocusReason);
+    }
+  });
 }
 
 // A text that has only grown is lengthened by what it has gained; what took the place of another can be taken back when
@@ -233,6 +300,7 @@ void Output1::UserChangedText() {
 }
 
 void Output1::StoreWidgets() {
+  table_->StoreEntry();
   if (!edited_) return;
   edited_ = false;
   OutputLog& output = session().output;
@@ -245,7 +313,13 @@ void Output1::StoreWidgets() {
   changes_.Begin(*page_->document(), shown_.size);
 }
 
-void Output1::FocusFirst() { page_->setFocus(); }
+void Output1::FocusFirst() {
+  if (session().output.OutputGridMode) {
+    table_->FocusSheet();
+  } else {
+    page_->setFocus();
+  }
+}
 
 WidgetState Output1::State() const {
   return {.output_has_selection = page_->textCursor().hasSelection(),
@@ -274,7 +348,9 @@ void Output1::Perform(WidgetAction action) {
 }
 
 void Output1::ShowFindBar() {
+  if (session().output.OutputGridMode) return;  // the words to find are those of the text
   find_bar_->show();
+  escape_->setEnabled(true);
   const QString selected = page_->textCursor().selectedText();
   if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) find_text_->setText(selected);
   find_text_->selectAll();
@@ -284,7 +360,8 @@ void Output1::ShowFindBar() {
 void Output1::HideFindBar() {
   if (find_bar_->isHidden()) return;
   find_bar_->hide();
-  page_->setFocus();
+  escape_->setEnabled(false);
+  FocusFirst();
 }
 
 // Goes on from the other end when there is nothing further on.

@@ -9,6 +9,8 @@
 class QAction;
 class QButtonGroup;
 class QLabel;
+class QShortcut;
+class QStackedWidget;
 class QLineEdit;
 class QToolButton;
 class QVBoxLayout;
@@ -18,6 +20,7 @@ class QVBoxLayout;
 namespace tessara {
 
 class QtPlatform;
+class TablePane;
 class TextPage;
 
 class Output1 : public ViewForm {
@@ -40,6 +43,9 @@ class Output1 : public ViewForm {
   QWidget* MakeHead();
   QWidget* MakeSwitches();
   QWidget* MakeTools();
+  QToolButton* MakeCommandTool(const char* name, const char* icon, const QString& caption, int command);
+  void ShowFace();
+  void AddFocusKey();
   QWidget* MakeFindBar();
   QToolButton* MakeSwitch(const char* name, const QString& caption, QButtonGroup* group);
   QToolButton* MakeTool(QAction* action);
@@ -55,13 +61,19 @@ class Output1 : public ViewForm {
   std::optional<PrintJob> Job();
 
   QtPlatform& platform_;
+  QStackedWidget* faces_ = nullptr;
   TextPage* page_ = nullptr;
+  TablePane* table_ = nullptr;
   QToolButton* most_recent_ = nullptr;
   QToolButton* log_ = nullptr;
+  QToolButton* summary_ = nullptr;
+  QList<QWidget*> text_tools_;   // of the text alone
+  QList<QWidget*> table_tools_;  // of the table alone
   QToolButton* zoom_ = nullptr;
   QWidget* find_bar_ = nullptr;
   QLineEdit* find_text_ = nullptr;
   QLabel* find_result_ = nullptr;
+  QShortcut* escape_ = nullptr;
   QAction* preview_ = nullptr;
   QAction* pdf_ = nullptr;
 
