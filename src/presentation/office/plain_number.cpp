@@ -1,7 +1,10 @@
 #include "presentation/office/plain_number.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 
 #include "numerics/number_text.h"
 #include "numerics/text.h"
@@ -47,6 +50,13 @@ WrittenDigits DigitsOf(std::string_view number) {
   return digits;
 }
 
+// Whether the value is the same behind the 16 digits of the file.
+bool SurvivesInFile(double value) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.16G", value);
+  return std::strtod(text.data(), nullptr) == value;
+}
+
 std::size_t SignificantDigits(std::string_view whole) {
   const std::size_t first = std::min(whole.find_first_not_of("0,"), whole.size());
   return static_cast<std::size_t>(std::ranges::count_if(whole.substr(first), IsDigit));
@@ -73,7 +83,8 @@ std::optional<PlainNumber> FindPlainNumber(std::string_view text) {
   const WrittenDigits digits = DigitsOf(text);
   if (!HasThousands(digits.whole)) return std::nullopt;
   if (!digits.has_exponent && SignificantDigits(digits.whole) > kExactDigits) return std::nullopt;
-  return PlainNumber{*value, MaskOf(digits)};
+  const bool is_short = digits.whole.size() + digits.fraction.size() <= kExactDigits;
+  return PlainNumber{*value, MaskOf(digits), is_short || SurvivesInFile(*value)};
 }
 
 }  // namespace tessara

@@ -13,6 +13,8 @@ struct PlainNumber {
   // The format of the cell that shows the number as it was written, "0.0000" for 2.5000; empty where the usual one
   // does.
   std::string mask;
+  // The file keeps 16 digits; false for a number that they do not hold.
+  bool survives = true;
 };
 
 // The number that a text stands for; nothing for a text that a sheet keeps better as it is: one that fails the numeric

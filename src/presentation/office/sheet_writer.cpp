@@ -58,6 +58,7 @@ void SheetWriter::Field(std::string_view field, const CellLook& look) {
 
 void SheetWriter::Number(const PlainNumber& number, std::size_t characters, const CellLook& look) {
   MakePlace(characters);
+  rounded_ = rounded_ || !number.survives;
   workbook_.WriteNumber(row_, column_++, number, look);
 }
 
@@ -83,7 +84,9 @@ std::string SheetWriter::Note() const {
     Join(places, "rows of more than " + std::to_string(limits_.columns) + " cells in the next row");
   if (sheets_ > 1)
     Join(places, "what one sheet cannot hold in the sheets up to \"" + name_ + " " + std::to_string(sheets_) + "\"");
-  return places.empty() ? places : "the spreadsheet goes on: " + places;
+  std::string note = places.empty() ? places : "the spreadsheet goes on: " + places;
+  if (rounded_) note += (note.empty() ? "" : "; ") + std::string("it keeps 16 digits of a number, and some had more");
+  return note;
 }
 
 }  // namespace tessara

@@ -28,7 +28,7 @@ class SheetWriter {
 
   // The number of the row in its sheet, from 0.
   std::size_t row() const { return row_; }
-  // What went on elsewhere, as a sentence; empty when nothing did.
+  // What went on elsewhere and what was rounded, as a sentence; empty when nothing was.
   std::string Note() const;
 
  private:
@@ -45,6 +45,7 @@ class SheetWriter {
   std::vector<std::size_t> longest_;  // in each column of the sheet
   bool went_to_next_cell_ = false;
   bool went_to_next_row_ = false;
+  bool rounded_ = false;
 };
 
 }  // namespace tessara

@@ -140,7 +140,8 @@ void Workbook::WriteNumber(std::size_t row, std::size_t column, const PlainNumbe
 }
 
 void Workbook::WriteField(std::size_t row, std::size_t column, std::string_view text, const CellLook& look) {
-  if (const auto number = FindPlainNumber(text)) {
+  const auto number = FindPlainNumber(text);
+  if (number && number->survives) {
     WriteNumber(row, column, *number, look);
   } else {
     WriteText(row, column, text, look);

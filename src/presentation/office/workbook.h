@@ -50,7 +50,7 @@ class Workbook {
   // Bytes of the code page; an empty text leaves no cell.
   void WriteText(std::size_t row, std::size_t column, std::string_view text, const CellLook& look = {});
   void WriteNumber(std::size_t row, std::size_t column, const PlainNumber& number, const CellLook& look = {});
-  // A number where the text is one, else the text.
+  // A number where the text is one that the file holds to its last digit, else the text.
   void WriteField(std::size_t row, std::size_t column, std::string_view text, const CellLook& look = {});
   void SetColumnWidth(std::size_t column, std::size_t characters);
   // So many rows at the top stay in sight.

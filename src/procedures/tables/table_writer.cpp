@@ -13,7 +13,8 @@ namespace {
 
 // Labels of a row and headings of a column stand at the right, towards their figures.
 constexpr TableAlignment kLabelAlignment = TableAlignment::kRight;
-// Of a cell that holds a label; one that the user has emptied is not written again.
+// Of the cells that hold labels, by their column; one that the user has emptied is not written again.
+constexpr std::string_view kGroupTag = "group";
 constexpr std::string_view kLabelTag = "label";
 constexpr std::size_t kMostLabelText = 4096;  // what a table has room for, and far beyond
 
@@ -67,12 +68,14 @@ const SummaryTable::Column* TableWriter::ColumnOf(const std::string& tag) const 
 // Figures never stand in the columns of the labels, also when the user has deleted one of those.
 void TableWriter::FreeLabelColumns() {
   std::size_t missing = 0;
+  bool has_groups = false;
   for (std::size_t row = 1; row <= grid_.RowCount(); ++row) {
+    has_groups |= grid_.Cell(row, 1).tag == kGroupTag;
     for (std::size_t column = 1; column <= kLabelColumns; ++column) {
       if (ColumnOf(grid_.Cell(row, column).tag)) missing = std::max(missing, kLabelColumns + 1 - column);
     }
   }
-  if (missing > 0) grid_.InsertColumns(1, missing);
+  if (missing > 0) grid_.InsertColumns(has_groups ? kLabelColumns : 1, missing);
 }
 
 TableWriter::Survey TableWriter::FindRows(const std::string& variable_tag, std::span<const WantedRow> wanted) const {
@@ -218,7 +221,8 @@ void TableWriter::WriteLabel(std::size_t row, std::size_t column, std::string_vi
   const TableCell& there = grid_.Cell(row, column);
   if (text.empty() || !there.text.empty() || !there.tag.empty()) return;
   TableCell& cell = grid_.Edit(row, column);
-  cell = {std::string(text.substr(0, kMostLabelText)), kLabelAlignment, std::string(kLabelTag)};
+  cell = {std::string(text.substr(0, kMostLabelText)), kLabelAlignment,
+          std::string(column == 1 ? kGroupTag : kLabelTag)};
 }
 
 void TableWriter::Write(const TablePlaces& places, std::size_t row, std::size_t column, std::string text) {

@@ -61,11 +61,15 @@ TEST(SummaryTableEdits, ADeletedHeadingComesBackAboveItsColumns) {
   EXPECT_EQ(run.Texts(), kTable);
 }
 
-TEST(SummaryTableEdits, ADeletedLabelColumnLeavesTheFiguresWhereTheyBelong) {
-  TableFixture run = TwoVariables();
-  run.table.grid.RemoveColumns(1, 1);
-  run.Categorical({1}, {2});
-  EXPECT_EQ(run.Texts(), kTable);
+TEST(SummaryTableEdits, ADeletedLabelColumnComesBackAndTheFiguresStandWhereTheyBelong) {
+  for (const TableBlock& deleted :
+       {TableBlock{.first_column = 1, .last_column = 1}, TableBlock{.first_column = 2, .last_column = 2},
+        TableBlock{.first_column = 1, .last_column = 2}}) {
+    TableFixture run = TwoVariables();
+    run.table.grid.RemoveColumns(deleted.first_column, deleted.last_column - deleted.first_column + 1);
+    run.Categorical({1}, {2});
+    EXPECT_EQ(run.Texts(), kTable) << deleted.first_column << " to " << deleted.last_column;
+  }
 }
 
 TEST(SummaryTableEdits, WhatTheUserHasWrittenBesideTheTableIsNotOverwritten) {

@@ -66,5 +66,14 @@ TEST(PlainNumber, ALongTextOfZerosHasNoMask) {
   EXPECT_EQ(number->mask, "");
 }
 
+TEST(PlainNumber, TheFileHoldsSixteenDigitsOfANumber) {
+  for (const char* text : {"0.1", "1,234.5", "0.3000000000000000", "1234567890.123456", "1E+300"}) {
+    EXPECT_TRUE(FindPlainNumber(text)->survives) << text;
+  }
+  for (const char* text : {"0.30000000000000004", "10.505638061147591"}) {
+    EXPECT_FALSE(FindPlainNumber(text)->survives) << text;
+  }
+}
+
 }  // namespace
 }  // namespace tessara
