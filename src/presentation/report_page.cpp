@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr double kWidestTable = 148;  // characters
 constexpr double kWidestUpright = 106;
-constexpr double kWidestColumn = 1000 * kCharacterWidth;
+constexpr double kWidestColumn = 200 * kCharacterWidth;
 
 // A page of either orientation, in characters and lines.
 struct PageForm {

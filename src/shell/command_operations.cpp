@@ -25,7 +25,7 @@ void ClearCalculator(Session& session) {
 void ClearOutputAfterWarning(Session& session) {
   const Answer answer = session.platform.ShowMessage(
       {"Warning!", "This will clear the Output log.  Do you wish to permanently erase all your output?",
-       Buttons::kYesNo, Tone::kQuestion});
+       Buttons::kYesNo, Tone::kWarning});
   if (answer != Answer::kYes) return;
   PlaySoundEffect(session, "clean.wav");
   ClearOutput(session.output);

@@ -47,6 +47,7 @@ inline constexpr int kToggleOutputCommand = 350;
 inline constexpr int kShowMostRecentCommand = 351;
 inline constexpr int kShowLogCommand = 352;
 inline constexpr int kShowTableCommand = 353;
+inline constexpr int kEmptyTableCommand = 354;
 // The cells and columns of its table.
 inline constexpr int kAlignLeftCommand = 451;
 inline constexpr int kAlignCentreCommand = 452;

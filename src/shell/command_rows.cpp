@@ -242,6 +242,8 @@ constexpr CommandRow kEditCommands[] = {
     {.id = kShowMostRecentCommand, .uses = {{.views = ViewOutput, .run = ShowMostRecent, .in_bars = false}}},
     {.id = kShowLogCommand, .uses = {{.views = ViewOutput, .run = ShowLog, .in_bars = false}}},
     {.id = kShowTableCommand, .uses = {{.views = ViewOutput, .enabled = HasTable, .run = ShowTable, .in_bars = false}}},
+    {.id = kEmptyTableCommand,
+     .uses = {{.views = ViewOutput, .shown = InGridMode, .run = EmptyWholeTable, .in_bars = false}}},
     {.id = kAlignLeftCommand,
      .caption = "Align &Left",
      .icon = "format-justify-left",

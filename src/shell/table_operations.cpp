@@ -43,6 +43,12 @@ void PasteTable(Session& session) {
 
 void ClearTable(Session& session) { ClearTableCells(session.table.grid, session.table.face); }
 
+void EmptyWholeTable(Session& session) {
+  if (session.table.grid.empty()) return;
+  EmptyTable(session.table.grid, session.table.face);
+  session.platform.SetStatusPane(kMessagePane, "The table is empty; Undo brings it back");
+}
+
 void DeleteRowsOfTable(Session& session) { DeleteTableRows(session.table.grid, session.table.face); }
 
 void DeleteColumnsOfTable(Session& session) { DeleteTableColumns(session.table.grid, session.table.face); }

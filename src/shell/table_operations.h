@@ -21,6 +21,8 @@ void CutTable(Session& session);
 void PasteTable(Session& session);
 // The Delete key.
 void ClearTable(Session& session);
+// The whole table; a step that can be taken back.
+void EmptyWholeTable(Session& session);
 void DeleteRowsOfTable(Session& session);
 void DeleteColumnsOfTable(Session& session);
 

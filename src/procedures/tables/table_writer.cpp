@@ -11,8 +11,9 @@
 namespace tessara {
 namespace {
 
-// Labels of a row and headings of a column stand at the right, towards their figures.
+// Labels of a row stand at the right, towards their figures; what heads a group of them, and the control, at the left.
 constexpr TableAlignment kLabelAlignment = TableAlignment::kRight;
+constexpr TableAlignment kGroupAlignment = TableAlignment::kLeft;
 // Of the cells that hold labels, by their column; one that the user has emptied is not written again.
 constexpr std::string_view kGroupTag = "group";
 constexpr std::string_view kLabelTag = "label";
@@ -161,7 +162,7 @@ void TableWriter::AddHeading(const Survey& survey) {
   const std::size_t heading = survey.first == 0 ? grid_.RowCount() + 1 : survey.first;
   if (heading <= grid_.RowCount()) grid_.InsertRows(heading, 1);
   grid_.SetRowTag(heading, block_tag_);
-  if (std::exchange(opens_, false)) WriteLabel(heading, 1, control_label_);
+  if (std::exchange(opens_, false)) WriteLabel(heading, 1, control_label_, kGroupAlignment);
   if (survey.first == 0) return;
   for (std::size_t row = survey.first + 1; row <= survey.last + 1; ++row) {
     if (!grid_.RowTag(row).starts_with(block_tag_)) continue;
@@ -213,16 +214,16 @@ void TableWriter::AddRows(const std::string& variable_tag, std::span<const Wante
 void TableWriter::WriteLabels(const std::string& variable_tag, const WantedRow& wanted, std::size_t row) {
   const bool goes_on =
       !wanted.category.empty() && grid_.RowTag(row - 1).starts_with(variable_tag + TagPart(wanted.category));
-  if (!goes_on) WriteLabel(row, 1, wanted.group);
-  WriteLabel(row, kLabelColumns, wanted.label);
+  const bool heads_group = wanted.what == kGroupRow;
+  if (!goes_on) WriteLabel(row, 1, wanted.group, heads_group ? kGroupAlignment : kLabelAlignment);
+  WriteLabel(row, kLabelColumns, wanted.label, kLabelAlignment);
 }
 
-void TableWriter::WriteLabel(std::size_t row, std::size_t column, std::string_view text) {
+void TableWriter::WriteLabel(std::size_t row, std::size_t column, std::string_view text, TableAlignment alignment) {
   const TableCell& there = grid_.Cell(row, column);
   if (text.empty() || !there.text.empty() || !there.tag.empty()) return;
   TableCell& cell = grid_.Edit(row, column);
-  cell = {std::string(text.substr(0, kMostLabelText)), kLabelAlignment,
-          std::string(column == 1 ? kGroupTag : kLabelTag)};
+  cell = {std::string(text.substr(0, kMostLabelText)), alignment, std::string(column == 1 ? kGroupTag : kLabelTag)};
 }
 
 void TableWriter::Write(const TablePlaces& places, std::size_t row, std::size_t column, std::string text) {

@@ -86,7 +86,7 @@ class TableWriter {
   void AddRows(const std::string& variable_tag, std::span<const WantedRow> wanted, Survey& survey);
   void AddColumns(const Survey& survey, std::span<const WantedColumn> wanted, std::vector<std::size_t>& columns);
   void WriteLabels(const std::string& variable_tag, const WantedRow& wanted, std::size_t row);
-  void WriteLabel(std::size_t row, std::size_t column, std::string_view text);
+  void WriteLabel(std::size_t row, std::size_t column, std::string_view text, TableAlignment alignment);
   const SummaryTable::Column* ColumnOf(const std::string& tag) const;
 
   SummaryTable& table_;

@@ -228,6 +228,8 @@ TEST(SummaryTable, FiguresStandAtTheRightAndColumnsFitTheirTexts) {
   for (std::size_t column = 1; column <= 5; ++column) {
     EXPECT_EQ(run.table.grid.Cell(4, column).alignment, TableAlignment::kRight) << column;
   }
+  EXPECT_EQ(run.table.grid.Cell(2, 1).alignment, TableAlignment::kRight);
+  EXPECT_EQ(run.table.grid.Cell(3, 1).alignment, TableAlignment::kLeft);  // heads the rows of the variable
   const double character = kCharacterWidth;
   EXPECT_EQ(run.table.grid.Width(1), (19 + 2) * character);  // "Would you go again?" and a gap
   EXPECT_EQ(run.table.grid.Width(3), (6 + 2) * character);   // "   All"

@@ -110,5 +110,20 @@ TEST_F(TableCommandTest, WhatWasWrittenIntoTheTextIsKeptWhenTheOtherOneShows) {
   EXPECT_EQ(session.output.BoxText(), "recent and a remark");
 }
 
+TEST_F(TableCommandTest, TheButtonOfTheTableEmptiesTheTableAloneAndUndoBringsItBack) {
+  AppendReport(session.output, "A report of an hour's work");
+  const std::string log = session.output.OutputLogText;
+  Run(kEmptyTableCommand);
+  EXPECT_TRUE(grid().empty());
+  EXPECT_EQ(session.output.OutputLogText, log);
+  EXPECT_TRUE(session.output.OutputGridMode);
+  EXPECT_TRUE(platform.messages.empty());
+  Run(214);
+  EXPECT_EQ(grid().Text(3, 3), "12");
+  session.output.OutputGridMode = false;
+  Run(kEmptyTableCommand);
+  EXPECT_EQ(grid().Text(3, 3), "12");
+}
+
 }  // namespace
 }  // namespace tessara

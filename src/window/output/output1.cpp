@@ -167,7 +167,7 @@ QWidget* Output1::MakeTools() {
   });
   connect(zoom_, &QToolButton::clicked, this, [this] { emit ZoomAsked(0); });
   text_tools_ = {MakeTool(find)};
-  table_tools_ = {MakeCommandTool("ClearTable", "edit-clear-all", tr("Clear the Table"), kNewCommand),
+  table_tools_ = {MakeCommandTool("ClearTable", "edit-clear-all", tr("Clear the Table"), kEmptyTableCommand),
                   MakeCommandTool("ConvertTable", "document-export-table",
                                   tr("Convert Table to Tab Delimited (Ctrl+T)"), kConvertCommand)};
   layout->addWidget(text_tools_.front());

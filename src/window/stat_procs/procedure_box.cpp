@@ -307,6 +307,7 @@ void ProcedureBox::FocusFirst() {
 
 int ProcedureBox::LeastWidth() const {
   const QMargins inside = layout()->contentsMargins();
+  content_->layout()->activate();
   return content_->minimumSizeHint().width() + scroll_->verticalScrollBar()->sizeHint().width() + inside.left() +
          inside.right();
 }

@@ -195,6 +195,7 @@ void StatProc1::ShowSession() {
 void StatProc1::ProcedureSelected() {
   control_panel_->StoreWidgets();
   ShowSession();
+  ApplyFaces();  // what it offers may need more width
   emit SessionChanged();
 }
 

@@ -247,6 +247,8 @@ Answer QtPlatform::ShowMessage(const MessageBox& box) {
   QMessageBox form(BoxIcon(box.tone), ToQt(box.title), QString(), BoxButtons(box.buttons), DialogParent());
   form.setTextFormat(Qt::PlainText);
   form.setText(ToQtLines(box.text));
+  // What cannot be brought back does not go with a key that was pressed too early.
+  if (box.buttons == Buttons::kYesNo && box.tone == Tone::kWarning) form.setDefaultButton(QMessageBox::No);
   return AnswerOf(form.exec(), box.buttons);
 }
 
