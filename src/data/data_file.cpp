@@ -167,9 +167,9 @@ WriteResult WriteDataFile(DataSet& data, Platform& platform, const Path& path, s
   const WriteResult result = file.Commit();
   if (result != WriteResult::kWritten) return result;
   if (over_changed) {
-    NoteChangedFile(platform, *kept);
+    NoteChangedFile(platform, kept->path());
   } else if (over_source) {
-    NoteKeptSource(platform, *kept);
+    NoteKeptSource(platform, kept->path());
   }
   SettleWritten(data, platform, file, path, used.variables);
   return result;

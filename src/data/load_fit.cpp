@@ -67,7 +67,12 @@ std::string FitNote(const LoadFit& fit) {
   return note;
 }
 
-std::optional<Path> KeepAsFound(const Path& file) {
+KeptFile::~KeptFile() {
+  std::error_code ignored;
+  if (!file_.empty() && std::filesystem::equivalent(file_, path_, ignored)) std::filesystem::remove(path_, ignored);
+}
+
+std::optional<KeptFile> KeepAsFound(const Path& file) {
   namespace fs = std::filesystem;
   std::error_code error;
   const Path found = fs::canonical(file, error);
@@ -77,10 +82,11 @@ std::optional<Path> KeepAsFound(const Path& file) {
     name += i == 1 ? " (as found)" : " (as found " + std::to_string(i) + ")";
     name += found.extension();
     const Path kept = found.parent_path() / name;
-    if (fs::equivalent(found, kept, error)) return kept;
+    if (fs::equivalent(found, kept, error)) return KeptFile(kept);
     if (fs::exists(fs::symlink_status(kept, error))) continue;
     // A second name for the file costs nothing and keeps all that belongs to it; where there is no such thing, a copy.
-    if (CallsOfFiles().link(found, kept) || CopyFileOver(found, kept)) return kept;
+    if (CallsOfFiles().link(found, kept)) return KeptFile(kept, found);
+    if (CopyFileOver(found, kept)) return KeptFile(kept);
     return std::nullopt;
   }
   return std::nullopt;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "data/loaded_text.h"
 #include "platform/path.h"
@@ -36,9 +37,25 @@ LoadFit FitOf(const LoadedText& text, Banner banner, std::size_t records, std::s
 // What did not fit, in one sentence; empty when all did.
 std::string FitNote(const LoadFit& fit);
 
+// A file that is kept beside the one that takes its place. A second name that it was given for a save goes again when
+// the save fails, which leaves the file where it was.
+class KeptFile {
+ public:
+  explicit KeptFile(Path path) : path_(std::move(path)) {}
+  KeptFile(Path path, Path second_name_of) : path_(std::move(path)), file_(std::move(second_name_of)) {}
+  KeptFile(KeptFile&& other) noexcept : path_(std::move(other.path_)), file_(std::exchange(other.file_, Path())) {}
+  KeptFile& operator=(KeptFile&&) = delete;
+  ~KeptFile();
+
+  const Path& path() const { return path_; }
+
+ private:
+  Path path_;
+  Path file_;  // empty for a file that was kept before, and for a copy
+};
+
 // Keeps a file under the name "NAME (as found)" with its ending, in its own folder; a number is added when a file of
-// that name is there. Yields the path of what is kept; nothing when that cannot be done. A file that has been kept
-// already is not kept again.
-std::optional<Path> KeepAsFound(const Path& file);
+// that name is there. Nothing when that cannot be done. A file that has been kept already is not kept again.
+std::optional<KeptFile> KeepAsFound(const Path& file);
 
 }  // namespace tessara

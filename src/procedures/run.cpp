@@ -198,9 +198,9 @@ std::string NoteOfRun(const ProcedureRun& run, const ProcedurePanel& panel) {
 }
 
 // The face of the Output view follows what the run has made.
-void ShowFaceOfRun(OutputLog& output, const ProcedureRun& run, Procedure procedure) {
+void ShowFaceOfRun(OutputLog& output, const ProcedureRun& run, const TableGrid& table, Procedure procedure) {
   if (procedure == Procedure::kSummaryTables) {
-    output.OutputGridMode = true;
+    output.OutputGridMode = !table.empty();  // an error report alone is in the text
   } else if (!run.reports.empty()) {
     output.OutputGridMode = false;
   }
@@ -257,7 +257,7 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
     TakeReadyStep(table.grid, table.face, std::move(step));
     table.columns = std::move(grown.columns);
   }
-  if (!outcome.refused || !adds_to_table) ShowFaceOfRun(output, run, panel.selected);
+  if (!outcome.refused || !adds_to_table) ShowFaceOfRun(output, run, table.grid, panel.selected);
   // A box that was emptied for a report that did not come shows its text again, so that nobody stores back an empty
   // log.
   if (outcome.refused && panel.selected == Procedure::kRegression) RefreshOutputView(output);

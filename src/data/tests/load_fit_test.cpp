@@ -157,6 +157,16 @@ TEST_F(MisfitTest, FileThatCannotBeKeptIsNotSavedOver) {
   EXPECT_EQ(ContentOf(folder / "data.dcs"), text);
 }
 
+TEST_F(MisfitTest, ASaveThatFailsLeavesNoSecondName) {
+  const FileCalls before = CallsOfFiles();
+  CallsOfFiles().take_name = [](const Path&, const Path&) { return false; };
+  EXPECT_EQ(SaveDataFile(data, platform), SaveOutcome::kFailed);
+  CallsOfFiles() = before;
+  EXPECT_EQ(Files(), Names{"data.dcs"});
+  EXPECT_EQ(ContentOf(folder / "data.dcs"), text);
+  EXPECT_EQ(fs::hard_link_count(folder / "data.dcs"), 1u);
+}
+
 TEST_F(MisfitTest, WhereThereAreNoSecondNamesItIsCopied) {
   const FileCalls before = CallsOfFiles();
   CallsOfFiles().link = [](const Path&, const Path&) { return false; };

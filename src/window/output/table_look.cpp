@@ -41,7 +41,7 @@ void TableLook::paint(QPainter* painter, const QStyleOptionViewItem& option, con
   }
   PaintRules(*painter, cell, index);
 
-  const int margin = static_cast<int>(QFontMetricsF(cell.font).horizontalAdvance('0'));
+  const int margin = static_cast<int>(QFontMetricsF(cell.font).horizontalAdvance('0') * kAir / 2);
   const QRect words = cell.rect.adjusted(margin, 0, -margin, 0);
   painter->setFont(cell.font);
   painter->setPen(cell.palette.color(QPalette::Text));

@@ -12,6 +12,9 @@ namespace tessara {
 
 class TableModel;
 
+// A column is so many characters wider than what it has room for: half of them stand at either side of a text.
+inline constexpr double kAir = 1;
+
 // The ground of selected cells: the palette's colour for selections, thinned so that the words stay as they are.
 QColor SelectionTint(const QPalette& palette);
 

@@ -122,7 +122,7 @@ void TableSheet::SelectSection(Qt::Orientation orientation, int section, bool ex
 void TableSheet::TakeWidth() {
   const int column = std::exchange(dragged_column_, -1);
   if (column < 0) return;
-  const double characters = std::round(columnWidth(column) / QFontMetricsF(font()).horizontalAdvance('0'));
+  const double characters = std::round(columnWidth(column) / QFontMetricsF(font()).horizontalAdvance('0') - kAir);
   emit WidthAsked(NumberOf(column), std::max(characters, kLeastCharacters) * kCharacterWidth);
 }
 
@@ -174,7 +174,7 @@ void TableSheet::ShowShape() {
   const double character = QFontMetricsF(font()).horizontalAdvance('0');
   for (int column = 0; column < table().columnCount(); ++column) {
     const double characters = std::min(grid.Width(NumberOf(column)) / kCharacterWidth, kMostShownCharacters);
-    const int width = static_cast<int>(std::ceil(characters * character));
+    const int width = static_cast<int>(std::ceil((characters + kAir) * character));
     if (columnWidth(column) != width) setColumnWidth(column, width);
   }
   std::vector<int> airy;
