@@ -188,9 +188,20 @@ bool IsSubsetRequest(const DataSet& data, const ProcedurePanel& panel) {
   return ControlIsSet(panel, data) && panel.SelectedVariables.empty() && panel.IndependentVariables.empty();
 }
 
+// Whether the table began with cases under another control; a title that the user has typed tells nothing of it.
+bool HasOtherCaption(const TableGrid& table, const std::string& control_label) {
+  const std::string& caption = table.Text(1, 1);
+  return !table.empty() && caption != control_label && (caption.empty() || caption.starts_with("Control: "));
+}
+
 // What the user hears of a run whose results do not show everything; empty when there is nothing to tell.
-std::string NoteOfRun(const ProcedureRun& run, const ProcedurePanel& panel) {
-  if (panel.selected == Procedure::kSummaryTables && run.aborted) return "an error message stands in the output log";
+std::string NoteOfRun(const ProcedureRun& run, const ProcedurePanel& panel, const TableGrid& table_before) {
+  if (panel.selected == Procedure::kSummaryTables) {
+    if (run.aborted) return "an error message stands in the output log";
+    if (HasOtherCaption(table_before, ControlLabelOf(run.data, panel))) {
+      return "the caption of the table is that of its first run, which had another control";
+    }
+  }
   if (panel.selected == Procedure::kDescriptives && !panel.IndependentVariables.empty()) {
     return "Explore and Summary Tables show the statistics of each group";
   }
@@ -247,7 +258,7 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   }
   outcome.refused = PanelRun(run, panel, grown).RunForAllVariables() == Step::kEndRun;
   if (adds_to_table) grown.grid.FitColumns();
-  const std::string note = NoteOfRun(run, panel);
+  const std::string note = NoteOfRun(run, panel, table.grid);
   const bool table_grows = adds_to_table && !outcome.refused;
   ReadyStep step;
   if (table_grows) step = ReadyToReplace(table.face, std::move(grown.grid), "Summary Table");
@@ -255,6 +266,7 @@ RunOutcome Run(DataSet& data, const ProcedurePanel& panel, OutputLog& output, Ch
   charts = std::move(made);
   if (table_grows) {
     TakeReadyStep(table.grid, table.face, std::move(step));
+    output.OutputChanged = true;  // a close of the program asks for the table too
     table.columns = std::move(grown.columns);
   }
   if (!outcome.refused || !adds_to_table) ShowFaceOfRun(output, run, table.grid, panel.selected);

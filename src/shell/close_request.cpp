@@ -1,6 +1,7 @@
 #include "shell/close_request.h"
 
 #include "data/change_door.h"
+#include "presentation/tab_delimited.h"
 #include "shell/file_questions.h"
 
 namespace tessara {
@@ -22,10 +23,13 @@ bool DataMayGo(Session& session) {
 }
 
 bool OutputMayGo(Session& session) {
-  if (!session.output.OutputChanged) return true;
+  const bool shows_table = session.output.OutputGridMode && !session.table.grid.empty();
+  if (!session.output.OutputChanged && !shows_table) return true;
   const Answer answer = AskToSave(session, "Do you wish to save the contents of the Output Viewer?");
   if (answer == Answer::kYes) {
     session.wanted_view = View::ViewOutput;
+    // What is saved is text: a table becomes a part of it.
+    if (!session.table.grid.empty()) ConvertTableToTabDelimited(session.table.grid, session.output);
     AskAndSaveOutput(session);
   }
   return answer == Answer::kNo;

@@ -80,6 +80,12 @@ WidgetAction PrepareExport(Session& session) {
   return WidgetAction::kShowExport;
 }
 
+WidgetAction PrepareExcelExport(Session& session) {
+  OpenDelimitForm(session.delimit);
+  session.delimit.export_option = ExportOption::kSpreadsheet;
+  return WidgetAction::kShowExport;
+}
+
 WidgetAction PrepareSplit(Session& session) {
   ResetSplit(session.split);
   return WidgetAction::kShowSplit;

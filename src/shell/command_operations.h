@@ -27,6 +27,7 @@ void TellWhereChartsPrint(Session& session);
 // Data that come in and go out, and a part of them.
 WidgetAction PrepareImport(Session& session);
 WidgetAction PrepareExport(Session& session);
+WidgetAction PrepareExcelExport(Session& session);
 WidgetAction PrepareSplit(Session& session);
 
 void RepairPracticeFiles(Session& session);

@@ -81,7 +81,7 @@ constexpr CommandRow kFileCommands[] = {
      .caption = "&Export to Excel",
      .icon = "x-office-spreadsheet",
      .tooltip = "Export",
-     .uses = {{.views = ViewDataGrid, .run = PrepareExport}, {.views = ViewOutput, .run = SendToExcel}}},
+     .uses = {{.views = ViewDataGrid, .run = PrepareExcelExport}, {.views = ViewOutput, .run = SendToExcel}}},
     {.id = 109,
      .caption = "&Export to Word",
      .icon = "x-office-document",

@@ -1,5 +1,8 @@
 #include "presentation/office/word_export.h"
 
+#include <algorithm>
+
+#include "data/progress.h"
 #include "platform/safe_file_writer.h"
 #include "presentation/office/excel_export.h"
 #include "presentation/office/word_parts.h"
@@ -12,14 +15,18 @@ namespace {
 // The paragraphs with what stands around them.
 class DocumentText : public LongText {
  public:
-  DocumentText(LongText& paragraphs, std::string end) : paragraphs_(paragraphs), end_(std::move(end)) {}
+  // Shows how far the text is; `lines` is about how many pieces it comes in.
+  DocumentText(LongText& paragraphs, std::string end, std::size_t lines, Status& status)
+      : paragraphs_(paragraphs), end_(std::move(end)), lines_(static_cast<double>(lines)), progress_(status) {}
 
   void Restart() override {
     paragraphs_.Restart();
+    progress_.ProgressOpen(0, lines_, "Exporting to Word...", 0);
     stage_ = Stage::kStart;
   }
 
   bool Next(std::string& xml) override {
+    progress_.ProgressStep();
     switch (stage_) {
       case Stage::kStart:
         xml += WordTextStart();
@@ -41,6 +48,8 @@ class DocumentText : public LongText {
 
   LongText& paragraphs_;
   const std::string end_;
+  const double lines_;
+  Progress progress_;
   Stage stage_ = Stage::kStart;
 };
 
@@ -72,9 +81,15 @@ std::vector<ArchivePart> PartsOf(LongText& text, const std::vector<ChartPicture>
   return parts;
 }
 
-bool WriteDocument(LongText& paragraphs, const WordPage& page, const std::vector<ChartPicture>& pictures,
-                   const Path& path, Platform& platform) {
-  DocumentText text(paragraphs, EndOfText(pictures, page));
+struct Document {
+  LongText& paragraphs;
+  std::size_t lines;
+  WordPage page;
+};
+
+bool WriteDocument(const Document& document, const std::vector<ChartPicture>& pictures, const Path& path,
+                   Platform& platform) {
+  DocumentText text(document.paragraphs, EndOfText(pictures, document.page), document.lines, platform);
   const auto bytes = MakeArchive(PartsOf(text, pictures));
   SafeFileWriter writer(path);
   if (bytes) writer.Write(*bytes);
@@ -93,14 +108,16 @@ bool PrintToWord(std::string_view text, const std::vector<ChartPicture>& picture
   const WaitCursor wait(platform);
   const WordPage page = PortraitPage();
   ReportParagraphs paragraphs(text, page);
-  return WriteDocument(paragraphs, page, pictures, path, platform);
+  const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n'));
+  return WriteDocument({.paragraphs = paragraphs, .lines = lines, .page = page}, pictures, path, platform);
 }
 
 bool TableToWord(const TableGrid& grid, const std::vector<ChartPicture>& pictures, const Path& path,
                  Platform& platform) {
   const WaitCursor wait(platform);
   TableParagraphs paragraphs(grid);
-  return WriteDocument(paragraphs, paragraphs.page(), pictures, path, platform);
+  return WriteDocument({.paragraphs = paragraphs, .lines = grid.RowCount(), .page = paragraphs.page()}, pictures, path,
+                       platform);
 }
 
 }  // namespace tessara

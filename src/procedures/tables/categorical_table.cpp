@@ -43,7 +43,8 @@ struct CountedPart {
 
 RowCategory MakeRowCategory(const TaggedView& value, const ValueLabels& labels) {
   NumberBuffer buffer;
-  return {CategoryKey(value), std::string(labels.LabelOf(Trimmed(TextOf(value, buffer))))};
+  std::string label(labels.LabelOf(Trimmed(TextOf(value, buffer))));
+  return {CategoryKey(value, label), std::move(label)};
 }
 
 // The cases of one variable, counted by cell.
@@ -119,9 +120,10 @@ CountedPart PartOfCrosstabulation(const DataSet& data, const TableVariables& var
   for (const Category& row : cases.rows) part.categories.push_back(MakeRowCategory(row.value, labels));
   for (std::size_t column = 0; column < cases.columns.size(); ++column) {
     const Category& category = cases.columns[column];
-    CountedColumn counted{.column = {ColumnKey(column_variable, CategoryKey(category.value)), category.label},
-                          .total = cases.table.column_totals[column],
-                          .counts = {}};
+    CountedColumn counted{
+        .column = {ColumnKey(column_variable, CategoryKey(category.value, category.label)), category.label},
+        .total = cases.table.column_totals[column],
+        .counts = {}};
     for (std::size_t row = 0; row < cases.rows.size(); ++row) counted.counts.push_back(cases.table.Cell(row, column));
     part.columns.push_back(std::move(counted));
   }

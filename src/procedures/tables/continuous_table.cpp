@@ -85,7 +85,8 @@ void AddGroups(ProcedureRun& run, const CaseSource& source, TableWriter& writer,
   const std::string column_variable = VariableKey(run.data, roles.independent);
   std::vector<SummaryColumn> groups;
   for (const GroupStats::Group& group : stats->groups) {
-    groups.push_back({{ColumnKey(column_variable, CategoryKey(group.value)), group.label}, SummaryOf(group)});
+    groups.push_back(
+        {{ColumnKey(column_variable, CategoryKey(group.value, group.label)), group.label}, SummaryOf(group)});
   }
   if (!WriteSummaries(run.data, roles.main, writer, options, groups)) refuse(kTableIsFull);
 }

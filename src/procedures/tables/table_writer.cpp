@@ -41,9 +41,9 @@ std::string VariableKey(const DataSet& data, std::size_t column) {
   return TagPart(std::to_string(ordinal)) + TagPart(name);
 }
 
-std::string CategoryKey(const TaggedView& value) {
-  if (value.is_number()) return "number " + GeneralText(value.number());
-  return "text " + std::string(value.text());
+std::string CategoryKey(const TaggedView& value, std::string_view label) {
+  if (value.is_number()) return "number " + TagPart(label) + GeneralText(value.number());
+  return "text " + TagPart(label) + std::string(value.text());
 }
 
 std::string ColumnKey(std::string_view variable_key, std::string_view category_key) {

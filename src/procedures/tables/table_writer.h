@@ -24,8 +24,9 @@ inline constexpr std::size_t kMostTableCategories = 10000;
 
 // A variable is known by its name, and by its place among the variables of the same name.
 std::string VariableKey(const DataSet& data, std::size_t column);
-// A category is known by its stored value; a number and a text of the same look are two.
-std::string CategoryKey(const TaggedView& value);
+// A category is known by its stored value and its label: in another file the same value may stand for something else. A
+// number and a text of the same look are two.
+std::string CategoryKey(const TaggedView& value, std::string_view label);
 // A column is known by its variable and the category; the column of all cases by nothing.
 std::string ColumnKey(std::string_view variable_key, std::string_view category_key);
 

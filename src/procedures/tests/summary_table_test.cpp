@@ -221,6 +221,51 @@ TEST(SummaryTable, VariablesOfOneNameAreToldApart) {
   EXPECT_EQ(run.Row(1).size(), 5u);
 }
 
+TEST(SummaryTable, AValueThatStandsForSomethingElseNowHasARowOfItsOwn) {
+  TableFixture run = Survey();
+  run.options().counts = true;
+  run.options().output_format = "0";
+  run.Categorical({1});
+  run.data = MakeTestData({{.name = "ANSWER",
+                            .cells = Texts({"1", "2", "2"}),
+                            .label = "Would you go again?",
+                            .value_labels = {"1=No", "2=Yes"}}});
+  run.Categorical({1});
+  EXPECT_EQ(run.Texts(), (TableTexts{{"", "", "   All"},
+                                     {"Total Count", "", "3"},
+                                     {"Would you go again?", "", ""},
+                                     {"Yes", "Count", "0"},
+                                     {"No", "Count", "0"},
+                                     {"3", "Count", "0"},
+                                     {"No", "Count", "1"},
+                                     {"Yes", "Count", "2"}}));
+}
+
+TEST(SummaryTable, ARunUnderAnotherControlThanTheCaptionIsTold) {
+  TableFixture run = Survey();
+  run.options().counts = true;
+  run.Categorical({1});
+  EXPECT_TRUE(run.platform.notes.empty());
+  run.panel.control_variable.column = 2;
+  run.Categorical({1});
+  EXPECT_EQ(run.platform.notes,
+            std::vector<std::string>{"the caption of the table is that of its first run, which had another control"});
+  run.platform.notes.clear();
+  run.table.grid.SetText(1, 1, "My table");
+  run.Categorical({1});
+  EXPECT_TRUE(run.platform.notes.empty());
+}
+
+TEST(SummaryTable, AnErrorReportAloneLeavesTheTextInFront) {
+  TableFixture run = Survey();
+  run.options().counts = true;
+  run.panel.control_variable.column = 3;
+  run.panel.control = {.relation = ControlRelation::kGreaterThan, .value = "99"};
+  EXPECT_TRUE(run.Categorical({1}).aborted);
+  EXPECT_FALSE(run.output.OutputGridMode);
+  EXPECT_TRUE(run.table.grid.empty());
+}
+
 TEST(SummaryTable, FiguresStandAtTheRightAndColumnsFitTheirTexts) {
   TableFixture run = Survey();
   run.options().counts = true;

@@ -145,5 +145,21 @@ TEST_F(CloseTest, YesAtTheSecondQuestionKeepsTheChangedData) {
   EXPECT_FALSE(session.output.OutputChanged);
 }
 
+TEST_F(CloseTest, ASummaryTableIsAskedForAndSavedAsText) {
+  session.table.grid.SetText(1, 3, "All");
+  session.table.grid.SetText(2, 1, "Sex");
+  session.output.OutputGridMode = true;
+  platform.message_answers = {Answer::kYes};
+  platform.save_answers = {Chosen(folder / "output.txt")};
+  EXPECT_FALSE(RequestClose(session));
+  ExpectBoxes({output_question});
+  const std::string saved = ContentOf(folder / "output.txt");
+  EXPECT_NE(saved.find("Summary Report Results - Tab Delimited\t\tAll\tAll\r\nSex\t\t\t\r\n"), std::string::npos)
+      << saved;
+  platform.messages.clear();
+  EXPECT_TRUE(RequestClose(session));
+  ExpectBoxes({});
+}
+
 }  // namespace
 }  // namespace tessara

@@ -165,6 +165,10 @@ QWidget* Delimit::BuildExportPage() {
   for (int i = 0; i < 3; ++i) {
     layout->addWidget(AddOption(export_options_, i, QString("Option6(%1)").arg(i), kExportOptions[i], page));
   }
+  // The command may have chosen already.
+  if (const auto& chosen = session_.delimit.export_option) {
+    export_options_->button(static_cast<int>(*chosen))->setChecked(true);
+  }
   layout->addStretch();
   return page;
 }

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "window/stat_procs/control_panel.h"
@@ -195,7 +196,8 @@ void StatProc1::ShowSession() {
 void StatProc1::ProcedureSelected() {
   control_panel_->StoreWidgets();
   ShowSession();
-  ApplyFaces();  // what it offers may need more width
+  // What it offers may need more width, which is known when it has been laid out.
+  QTimer::singleShot(0, this, &StatProc1::ApplyFaces);
   emit SessionChanged();
 }
 
