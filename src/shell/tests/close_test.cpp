@@ -153,7 +153,9 @@ TEST_F(CloseTest, ASummaryTableIsAskedForAndSavedAsText) {
   platform.save_answers = {Chosen(folder / "output.txt")};
   EXPECT_FALSE(RequestClose(session));
   ExpectBoxes({output_question});
-  const std::string saved = ContentOf(folder / "output.txt");
+  const auto content = ReadWholeFile(folder / "output.txt");
+  ASSERT_TRUE(content);
+  const std::string saved(content->text());
   EXPECT_NE(saved.find("Summary Report Results - Tab Delimited\t\tAll\tAll\r\nSex\t\t\t\r\n"), std::string::npos)
       << saved;
   platform.messages.clear();
