@@ -13,7 +13,8 @@ bool TableIsEdited(const Session& session, const WidgetState&) {
 }
 
 bool HasTable(const Session& session, const WidgetState&) {
-  return session.output.OutputGridMode || !session.table.grid.empty();
+  // A table that was emptied can be brought back from its face.
+  return session.output.OutputGridMode || !session.table.grid.empty() || !session.table.face.done.empty();
 }
 
 bool CanUndoTable(const Session& session, const WidgetState&) { return !session.table.face.done.empty(); }

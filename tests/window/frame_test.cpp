@@ -340,9 +340,11 @@ class FrameTest : public QObject {
 
   void WhatCannotBePrintedYetSaysSoInTheStatusBar() {
     window().Start(WriteScores());
-    window().ShowView(View::ViewStatProcs);
+    window().ShowView(View::ViewGlossary);
     QVERIFY(!window().Command(106)->isEnabled());
-    QCOMPARE(window().Command(106)->statusTip(), "The data dictionary is not part of this version");
+    QCOMPARE(window().Command(106)->statusTip(), "The glossary is not part of this version");
+    window().ShowView(View::ViewStatProcs);
+    QVERIFY(window().Command(106)->isEnabled());
     window().ShowView(View::ViewCharts);
     QVERIFY(window().Command(106)->isEnabled());
     QCOMPARE(window().Command(106)->statusTip(), "");

@@ -42,11 +42,8 @@ class HelpPaneTest : public QObject {
 
   // The real pages of the product.
   void CopyHelpPages() {
-    const Path from = Path(TESSARA_SOURCE_DIR) / "installed" / "Help";
-    for (const auto& entry : std::filesystem::directory_iterator(from)) {
-      std::filesystem::copy_file(entry.path(), window().program_folder() / "Help" / entry.path().filename(),
-                                 std::filesystem::copy_options::overwrite_existing);
-    }
+    std::filesystem::copy(Path(TESSARA_SOURCE_DIR) / "installed" / "Help", window().program_folder() / "Help",
+                          std::filesystem::copy_options::overwrite_existing | std::filesystem::copy_options::recursive);
   }
 
  private slots:

@@ -122,7 +122,10 @@ CommandResult Run(Batch& batch, const CommandWords& words) {
 
 constinit const CommandRow kTableCommand{
     .name = "table",
-    .synopsis = "categorical|continuous|print|page|width|clear [VAR... [by VAR...]] [OPTION...]",
+    .synopsis =
+        "categorical|continuous|print|page|width|clear [VAR... [by VAR...]] [--counts] [--percent] [--count] [--mean] "
+        "[--sum] [--sd] [--se] [--ci] [--decimals N] [--header TEXT] [--footer TEXT] [--header-align WHERE] "
+        "[--footer-align WHERE] [--header-rule] [--footer-rule]",
     .summary = "build a summary table",
     .details =
         "\"table categorical VAR... by VAR...\" adds counts and percents of the categories of each\n"

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "presentation/table_face.h"
+#include "shell/command_rules.h"
 #include "shell/report_operations.h"
 #include "shell/tests/command_fixture.h"
 
@@ -122,6 +123,16 @@ TEST_F(TableCommandTest, TheButtonOfTheTableEmptiesTheTableAloneAndUndoBringsItB
   EXPECT_EQ(grid().Text(3, 3), "12");
   session.output.OutputGridMode = false;
   Run(kEmptyTableCommand);
+  EXPECT_EQ(grid().Text(3, 3), "12");
+}
+
+TEST_F(TableCommandTest, AnEmptiedTableIsReachedFromTheTextToBeBroughtBack) {
+  Run(kEmptyTableCommand);
+  Run(kShowLogCommand);
+  EXPECT_FALSE(session.output.OutputGridMode);
+  EXPECT_TRUE(HasTable(session, widgets));
+  Run(kShowTableCommand);
+  Run(214);
   EXPECT_EQ(grid().Text(3, 3), "12");
 }
 

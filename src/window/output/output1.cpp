@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "presentation/print_pages.h"
+#include "shell/command_rules.h"
 #include "shell/report_operations.h"
 #include "window/output/table_pane.h"
 #include "window/output/text_page.h"
@@ -242,7 +243,7 @@ void Output1::ShowSession() {
 void Output1::ShowFace() {
   const OutputLog& output = session().output;
   const bool table = output.OutputGridMode;
-  summary_->setEnabled(table || !session().table.grid.empty());
+  summary_->setEnabled(HasTable(session(), {}));
   summary_->setChecked(table);
   log_->setChecked(!table && output.ShowLogMode);
   most_recent_->setChecked(!table && !output.ShowLogMode);
