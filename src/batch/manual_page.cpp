@@ -102,7 +102,8 @@ constexpr std::string_view kDescription =
 constexpr std::string_view kBehindOptions =
     ".PP\n"
     "With \\fB\\-\\-output\\fR the log is written at the end. What \\fBrecent\\fR, \\fBtab\\-delimited\\fR,\n"
-    "\\fBcharts\\fR and \\fBbrevarum\\fR with an option print goes to standard output all the same.\n"
+    "\\fBcharts\\fR, \\fBtable page\\fR and \\fBbrevarum\\fR with an option print goes to standard output all the\n"
+    "same.\n"
     ".PP\n"
     "Without \\fB\\-\\-overwrite\\fR neither the log nor \\fBprint\\fR replaces the script or a data\n"
     "file that the run has opened or saved, whatever links lead to it, and \\fBsave\\fR does not\n"
