@@ -306,7 +306,7 @@ void ProcedureBox::FocusFirst() {
 }
 
 int ProcedureBox::LeastWidth() const {
-  const QMargins inside = layout()->contentsMargins();
+  const QMargins inside = contentsMargins() + layout()->contentsMargins();  // the frame's and the layout's
   content_->layout()->activate();
   return content_->minimumSizeHint().width() + scroll_->verticalScrollBar()->sizeHint().width() + inside.left() +
          inside.right();
