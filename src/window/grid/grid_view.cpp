@@ -35,7 +35,7 @@ class GridView::Placing {
 };
 
 GridView::GridView(DataSet& data_set, QWidget* parent)
-    : QTableView(parent), data_(data_set), hint_(new QLabel(viewport())) {
+    : TypingView(parent), data_(data_set), hint_(new QLabel(viewport())) {
   BuildHeaders();
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
@@ -323,22 +323,8 @@ void GridView::PressKey(QKeyEvent* event) {
     default:
       break;
   }
-  const QString text = TypedText(*event);
-  if (text.isNull()) {
-    event->ignore();
-  } else {
-    emit Typed(text);
-  }
+  TypeKey(*event);
 }
-
-// Characters that are composed of several keys.
-void GridView::inputMethodEvent(QInputMethodEvent* event) {
-  if (!event->commitString().isEmpty()) emit Typed(event->commitString());
-  event->accept();
-}
-
-// Typed characters start an entry; they never make the cursor jump to a cell that begins so.
-void GridView::keyboardSearch(const QString& search) { Q_UNUSED(search); }
 
 // The mouse.
 

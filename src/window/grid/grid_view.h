@@ -2,11 +2,11 @@
 
 #include <QBasicTimer>
 #include <QLabel>
-#include <QTableView>
 
 #include "data/data_set.h"
 #include "data/edit/grid_block.h"
 #include "window/grid/grid_header.h"
+#include "window/grid/typing_view.h"
 
 // The table of the Data Grid, with its own headings, which mark the current cell. The cursor is that of the data set;
 // the selection is a block with the cursor in one of its corners. The view writes nothing: what a user wants to do to
@@ -16,7 +16,7 @@ namespace tessara {
 
 class GridModel;
 
-class GridView : public QTableView {
+class GridView : public TypingView {
   Q_OBJECT
 
  public:
@@ -46,7 +46,6 @@ class GridView : public QTableView {
 
   void setModel(QAbstractItemModel* grid_model) override;
   void selectAll() override;
-  void keyboardSearch(const QString& search) override;
 
  signals:
   void CopyAsked();
@@ -55,8 +54,6 @@ class GridView : public QTableView {
   void Pressed();
   // The user is about to take the cursor elsewhere.
   void Leaving();
-  // A character that begins an entry; an empty text begins an empty one.
-  void Typed(const QString& text);
   void EditAsked();
   // Enter or Escape, which begin no entry.
   void IdleKey();
@@ -68,7 +65,6 @@ class GridView : public QTableView {
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void inputMethodEvent(QInputMethodEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

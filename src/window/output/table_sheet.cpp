@@ -30,7 +30,7 @@ bool Shifted(const QKeyEvent& event) { return (event.modifiers() & Qt::ShiftModi
 
 }  // namespace
 
-TableSheet::TableSheet(const TableGrid& grid, TableFace& face, QWidget* parent) : QTableView(parent), face_(face) {
+TableSheet::TableSheet(const TableGrid& grid, TableFace& face, QWidget* parent) : TypingView(parent), face_(face) {
   auto* model = new TableModel(grid, this);
   setObjectName("MSFlexGrid2");
   setAccessibleName(tr("Summary table"));
@@ -301,22 +301,8 @@ void TableSheet::PressKey(QKeyEvent* event) {
       break;
   }
   if (PressSpace(*event)) return;
-  const QString text = TypedText(*event);
-  if (text.isNull()) {
-    event->ignore();
-  } else {
-    emit Typed(text);
-  }
+  TypeKey(*event);
 }
-
-// Characters that are composed of several keys.
-void TableSheet::inputMethodEvent(QInputMethodEvent* event) {
-  if (!event->commitString().isEmpty()) emit Typed(event->commitString());
-  event->accept();
-}
-
-// Typed characters start an entry; they never make the cursor jump to a cell that begins so.
-void TableSheet::keyboardSearch(const QString& search) { Q_UNUSED(search); }
 
 // The mouse.
 

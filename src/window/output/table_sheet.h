@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QTableView>
 #include <vector>
 
 #include "presentation/table_face.h"
+#include "window/grid/typing_view.h"
 
 class QLabel;
 
@@ -16,7 +16,7 @@ namespace tessara {
 class TableEdge;
 class TableModel;
 
-class TableSheet : public QTableView {
+class TableSheet : public TypingView {
   Q_OBJECT
 
  public:
@@ -31,14 +31,11 @@ class TableSheet : public QTableView {
   void SetZoom(int percent);
 
   void selectAll() override;
-  void keyboardSearch(const QString& search) override;
 
  signals:
   void CursorMoved();
   // The user is about to take the cursor elsewhere.
   void Leaving();
-  // A character that begins an entry; an empty text begins an empty one.
-  void Typed(const QString& text);
   void EditAsked();
   void ClearAsked();
   void CommandAsked(int id);
@@ -52,7 +49,6 @@ class TableSheet : public QTableView {
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void inputMethodEvent(QInputMethodEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
