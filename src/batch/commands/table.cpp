@@ -9,6 +9,7 @@
 #include "batch/words/nearest_word.h"
 #include "batch/words/script_line.h"
 #include "presentation/tab_delimited.h"
+#include "shell/table_operations.h"
 
 // The summary table: what its first word names is done with the words behind it.
 
@@ -72,7 +73,7 @@ CommandResult PrintTable(Batch& batch, const CommandWords&) {
 }
 
 CommandResult ClearTable(Batch& batch, const CommandWords&) {
-  batch.session.table.grid.Clear();
+  EmptyWholeTable(batch.session);
   batch.session.output.OutputGridMode = false;
   return Done();
 }

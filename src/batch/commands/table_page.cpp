@@ -6,6 +6,7 @@
 
 #include "batch/words/script_line.h"
 #include "presentation/report_page.h"
+#include "shell/report_operations.h"
 
 namespace tessara {
 namespace {
@@ -47,7 +48,7 @@ CommandResult RunTablePage(Batch& batch, const CommandWords& words) {
   ReportPage page = session.report_page;
   if (const std::string refusal = TakePageOptions(words, page); !refusal.empty()) return NotUnderstood(refusal);
   session.report_page = std::move(page);
-  const auto job = ReportJob(session.table.grid, session.report_page, batch.platform);
+  const auto job = TableJob(session);
   if (!job) return Done();
   std::string text;
   for (const Sheet& sheet : job->sheets) text.append(text.empty() ? "" : "\f").append(sheet.text);
@@ -56,7 +57,7 @@ CommandResult RunTablePage(Batch& batch, const CommandWords& words) {
 }
 
 CommandResult RunTableWidth(Batch& batch, const CommandWords& words) {
-  EqualizeColumns(batch.session.table.grid, HeldText(words.words.front()), batch.platform);
+  SetTableColumnWidth(batch.session, HeldText(words.words.front()));
   return Done();
 }
 
