@@ -113,6 +113,13 @@ WidgetAction OpenHelp(Session& session) {
   return WidgetAction::kOpenHelp;
 }
 
+WidgetAction ShowProductPage(Session& session, ProductPage page) {
+  constexpr const char* kPages[] = {"Download.html", "Home.html", "Updates.html"};
+  session.handbook.wanted_page = kPages[static_cast<std::size_t>(page)];
+  session.help_pane_visible = true;
+  return WidgetAction::kShowHelpPage;
+}
+
 WidgetAction ToggleHelpPane(Session& session) {
   session.help_pane_visible = !session.help_pane_visible;
   return WidgetAction::kToggleHelpPane;

@@ -39,6 +39,13 @@ void OpenDocumentation(Session& session) {
 }
 
 WidgetAction OpenHelp(Session& session);
+// The product's own pages, in the help pane: where the documents come from, the product, its updates.
+enum class ProductPage { kDownload, kHome, kUpdates };
+WidgetAction ShowProductPage(Session& session, ProductPage page);
+template <ProductPage page>
+WidgetAction ShowProductPage(Session& session) {
+  return ShowProductPage(session, page);
+}
 WidgetAction ToggleHelpPane(Session& session);
 
 }  // namespace tessara

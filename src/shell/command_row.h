@@ -26,6 +26,7 @@ inline constexpr int kCutCommand = 213;
 inline constexpr int kUndoCommand = 214;
 inline constexpr int kRedoCommand = 215;
 inline constexpr int kGoToCommand = 216;
+inline constexpr int kPaletteCommand = 217;
 inline constexpr int kFormatCommand = 301;
 inline constexpr int kDictionaryCommand = 307;
 inline constexpr int kRunCommand = 308;
@@ -53,8 +54,23 @@ inline constexpr int kAlignLeftCommand = 451;
 inline constexpr int kAlignCentreCommand = 452;
 inline constexpr int kAlignRightCommand = 453;
 inline constexpr int kColumnWidthCommand = 454;
+inline constexpr int kDefaultSizeCommand = 401;
+inline constexpr int kCalculatorCommand = 404;
+inline constexpr int kOptionsCommand = 405;
+inline constexpr int kDownloadCommand = 501;
 inline constexpr int kToggleHelpCommand = 602;
+inline constexpr int kUpdatesCommand = 606;
 inline constexpr int kAboutCommand = 608;
+inline constexpr int kHomePageCommand = 609;
+// Of the glossary and the handbook.
+inline constexpr int kAddNoteCommand = 801;
+inline constexpr int kDeleteNoteCommand = 802;
+inline constexpr int kResetSearchCommand = 803;
+inline constexpr int kSelectNoteCommand = 805;  // a line of the list; no menu has it
+inline constexpr int kGoBackCommand = 901;
+inline constexpr int kGoForwardCommand = 902;
+inline constexpr int kGoHomeCommand = 903;
+inline constexpr int kTopicBoxCommand = 904;
 
 // What the rules need to know of the front end's widgets.
 struct WidgetState {
@@ -62,6 +78,9 @@ struct WidgetState {
   bool clipboard_has_text = false;
   bool can_undo = false;  // in the text of the Output view
   bool can_redo = false;
+  bool note_has_selection = false;  // in one of the two boxes of the Glossary view
+  bool page_can_go_back = false;    // of the Handbook view's browser
+  bool page_can_go_forward = false;
 };
 
 // What is left to the front end, because only it has the widget.
@@ -89,6 +108,15 @@ enum class WidgetAction {
   kFormatPage,
   kSetColumnWidth,
   kShowRecodePanel,
+  kGoBack,
+  kGoForward,
+  kGoHome,
+  kShowTopic,  // the page that the handbook's state names
+  kShowCalculator,
+  kShowOptions,
+  kApplyAppearance,
+  kShowHelpPage,  // the page that the handbook's state names, in the help pane
+  kShowPalette,
 };
 
 // The views that one part of a row speaks of.

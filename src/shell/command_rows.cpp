@@ -353,8 +353,60 @@ constexpr CommandRow kRecodeCommands[] = {
     {.id = kResetRecodeCommand, .uses = {{.views = kEveryView, .run = ResetRecode, .in_bars = false}}},
 };
 
+constexpr CommandRow kGlossaryCommands[] = {
+    {.id = kAddNoteCommand,
+     .caption = "&Add Record",
+     .icon = "list-add",
+     .tooltip = "Add a Record",
+     .uses = {{.views = ViewGlossary, .reason = kNoGlossary}}},
+    {.id = kDeleteNoteCommand,
+     .caption = "&Delete Current Record",
+     .icon = "edit-delete",
+     .tooltip = "Delete Current Record",
+     .uses = {{.views = ViewGlossary, .reason = kNoGlossary}}},
+};
+
+constexpr CommandRow kHandbookCommands[] = {
+    {.id = kGoBackCommand,
+     .caption = "&Back",
+     .icon = "go-previous",
+     .shortcut = "Alt+Left",
+     .tooltip = "Go Back",
+     .uses = {{.views = ViewHandbook, .reason = kNoHandbook}}},
+    {.id = kGoForwardCommand,
+     .caption = "&Forward",
+     .icon = "go-next",
+     .shortcut = "Alt+Right",
+     .tooltip = "Go Forward",
+     .uses = {{.views = ViewHandbook, .reason = kNoHandbook}}},
+    {.id = kGoHomeCommand,
+     .caption = "&Home Page",
+     .icon = "go-home",
+     .shortcut = "Alt+Home",
+     .tooltip = "Go to Home Page",
+     .uses = {{.views = ViewHandbook, .reason = kNoHandbook}}},
+    {.id = kTopicBoxCommand,
+     .caption = "Topic",
+     .uses = {{.views = ViewGlossary, .reason = kNoGlossary}, {.views = ViewHandbook, .reason = kNoHandbook}}},
+};
+
 constexpr CommandRow kOptionsCommands[] = {
-    {.id = 401,
+    {.id = kOptionsCommand,
+     .caption = "Options Panel",
+     .icon = "configure",
+     .uses = {{.views = kEveryView, .run = WidgetAction::kShowOptions}}},
+    {.id = kCalculatorCommand,
+     .caption = "Calculator",
+     .icon = "accessories-calculator",
+     .tooltip = "Show Calculator",
+     .uses = {{.views = kEveryView, .run = WidgetAction::kShowCalculator}}},
+    {.id = kPaletteCommand,
+     .caption = "Find a Command or Topic",
+     .icon = "system-search",
+     .shortcut = "Ctrl+K",
+     .tooltip = "Find a command, a procedure, a variable or a topic",
+     .uses = {{.views = kEveryView, .run = WidgetAction::kShowPalette}}},
+    {.id = kDefaultSizeCommand,
      .caption = "Default &Size",
      .icon = "view-restore",
      .uses = {{.views = kEveryView, .run = WidgetAction::kDefaultSize}}},
@@ -377,6 +429,11 @@ constexpr CommandRow DocumentRow(int id, std::string_view caption) {
 }
 
 constexpr CommandRow kDocumentationCommands[] = {
+    {.id = kDownloadCommand,
+     .caption = "Download/Update pdf Documentation",
+     .icon = "download",
+     .uses = {{.views = kEveryView,
+               .run = static_cast<WidgetAction (*)(Session&)>(ShowProductPage<ProductPage::kDownload>)}}},
     {.id = 502,
      .caption = "Refresh Documentation List",
      .icon = "view-refresh",
@@ -400,6 +457,16 @@ constexpr CommandRow kHelpCommands[] = {
      .tooltip = "Show Help Window",
      .checked = HelpPaneIsVisible,
      .uses = {{.views = kEveryView, .run = ToggleHelpPane}}},
+    {.id = kHomePageCommand,
+     .caption = "Tessara &Home Page",
+     .icon = "go-home",
+     .uses = {{.views = kEveryView,
+               .run = static_cast<WidgetAction (*)(Session&)>(ShowProductPage<ProductPage::kHome>)}}},
+    {.id = kUpdatesCommand,
+     .caption = "Check for &Updates",
+     .icon = "system-software-update",
+     .uses = {{.views = kEveryView,
+               .run = static_cast<WidgetAction (*)(Session&)>(ShowProductPage<ProductPage::kUpdates>)}}},
     {.id = kAboutCommand,
      .caption = "About Tessara",
      .icon = "help-about",
@@ -410,8 +477,8 @@ constexpr CommandRow kHelpCommands[] = {
 
 const CommandRow* FindCommand(int id) {
   for (const std::span<const CommandRow> rows : std::initializer_list<std::span<const CommandRow>>{
-           kFileCommands, kEditCommands, kVariableCommands, kFormatCommands, kRecodeCommands, kOptionsCommands,
-           kDocumentationCommands, kHelpCommands}) {
+           kFileCommands, kEditCommands, kVariableCommands, kFormatCommands, kRecodeCommands, kGlossaryCommands,
+           kHandbookCommands, kOptionsCommands, kDocumentationCommands, kHelpCommands}) {
     for (const CommandRow& row : rows) {
       if (row.id == id) return &row;
     }

@@ -42,14 +42,14 @@ const std::vector<CommandMenu>& MenuBar() {
       {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {109}, {106, kGroup}, {107, kGroup}}},
       {"&Edit",
        {
-           {214},         {215}, {201, kGroup}, {202},         {803}, {203}, {216}, {204, kGroup},
-           {205, kGroup}, {206}, {213},         {207, kGroup}, {208}, {209}, {210}, {212},
-           {211, kGroup}, {451}, {452},         {453},         {454}, {350},
+           {214}, {215},         {201, kGroup}, {202}, {803}, {203}, {216},         {204, kGroup}, {205, kGroup}, {206},
+           {213}, {207, kGroup}, {208},         {209}, {210}, {212}, {211, kGroup}, {451},         {452},         {453},
+           {454}, {801, kGroup}, {802},         {901}, {902}, {903}, {350},         {217, kGroup},
        }},
       {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {307, kGroup}, {308, kGroup}}},
-      {"&Options", {{401}, {402}}},
-      {"&Documentation", {{502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
-      {"&Help", {{601}, {602}, {608, kGroup}}},
+      {"&Options", {{405}, {401}, {402}, {404, kGroup}}},
+      {"&Documentation", {{501}, {502}, {503, kGroup}, {504}, {505}, {506, kGroup}, {507}}},
+      {"&Help", {{601}, {602}, {609}, {606, kGroup}, {608, kGroup}}},
   };
   return menus;
 }
@@ -58,6 +58,9 @@ const std::vector<BarEntry>& Toolbar() {
   constexpr bool kGroup = true;
   constexpr auto kText = CommandStyle::kIconAndCaption;
   static const std::vector<BarEntry> entries = {
+      {.id = 901},
+      {.id = 902},
+      {.id = 903, .caption = "&Home"},
       {.id = 101},
       {.id = 102, .word = "Open"},
       {.id = 103, .caption = "&Save", .word = "Save"},
@@ -67,7 +70,10 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 205},
       {.id = 212, .begin_group = kGroup, .caption = "&Copy Output"},
       {.id = 206},
+      {.id = 801, .begin_group = kGroup, .caption = "&Add a Record"},
+      {.id = 802},
       {.id = 803, .begin_group = kGroup},
+      {.id = 904},
       {.id = 202, .caption = "&Find", .style = kText},
       {.id = 207, .begin_group = kGroup, .caption = "Add Rows"},
       {.id = 208, .caption = "Add Columns"},
@@ -83,6 +89,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 452, .caption = "&Center Text"},
       {.id = 453, .caption = "&Right Align Text"},
       {.id = 454, .caption = "&Adjust Column Width"},
+      {.id = 404, .begin_group = kGroup, .caption = "&Calculator"},
       {.id = 106, .style = kText, .word = "Print"},
       {.id = 602, .begin_group = kGroup, .caption = "Help &Window", .style = kText},
   };

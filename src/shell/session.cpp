@@ -33,6 +33,7 @@ void ShowLoadOutcome(Session& session, LoadOutcome outcome, const Path& path) {
 void PrepareSession(Session& session) {
   ReadSettings(session.settings, session.settings_store, session.platform);
   TestDocumentationFiles(session);
+  session.handbook.topics = ReadHelpIndex(session.platform.ProgramFolder() / "Help");
   session.help_pane_visible = session.settings.help_pane_at_start();
   MakeEmptyDataSet(session.data);
   session.data.DataFilePath = session.settings.Op14;
@@ -172,6 +173,10 @@ void RefreshStatus(Session& session) {
   switch (session.ActiveView) {
     case View::ViewBrevarum:
       platform.SetStatusPane(2, " Enter summary data");
+      platform.SetStatusPane(3, ShortDate(platform.Now().date));
+      break;
+    case View::ViewGlossary:
+      platform.SetStatusPane(2, std::to_string(session.glossary.notes) + " Notes");
       platform.SetStatusPane(3, ShortDate(platform.Now().date));
       break;
     case View::ViewHandbook:

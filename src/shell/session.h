@@ -14,6 +14,7 @@
 #include "data/exchange/import.h"
 #include "data/exchange/split.h"
 #include "data/recode/recode_panel.h"
+#include "deskcalc/desk_calculator.h"
 #include "numerics/random_numbers.h"
 #include "platform/platform.h"
 #include "platform/settings_store.h"
@@ -24,6 +25,9 @@
 #include "procedures/run.h"
 #include "procedures/samples/sample_panel.h"
 #include "procedures/tables/summary_table.h"
+#include "reference/glossary.h"
+#include "reference/handbook_topics.h"
+#include "shell/options_form.h"
 #include "shell/settings.h"
 
 // One session of the system: all its state, owned by the front end, and the operations that a command or a view calls.
@@ -70,6 +74,10 @@ struct Session {
   SummaryTable table;  // the other face of the Output view
   ReportPage report_page;
   ChartStore charts;
+  Glossary glossary;
+  Handbook handbook;
+  DeskCalculator calculator;
+  OptionsForm options;
 
   View ActiveView = View::ViewDataGrid;
   bool help_pane_visible = false;

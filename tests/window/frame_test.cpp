@@ -340,9 +340,9 @@ class FrameTest : public QObject {
 
   void WhatCannotBePrintedYetSaysSoInTheStatusBar() {
     window().Start(WriteScores());
-    window().ShowView(View::ViewGlossary);
+    window().ShowView(View::ViewBrevarum);
     QVERIFY(!window().Command(106)->isEnabled());
-    QCOMPARE(window().Command(106)->statusTip(), "The glossary is not part of this version");
+    QCOMPARE(window().Command(106)->statusTip(), "There is no result yet");
     window().ShowView(View::ViewStatProcs);
     QVERIFY(window().Command(106)->isEnabled());
     window().ShowView(View::ViewCharts);

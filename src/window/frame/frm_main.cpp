@@ -17,19 +17,14 @@
 
 #include "platform/files.h"
 #include "shell/close_request.h"
-#include "shell/report_operations.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
-#include "window/frame/about_box.h"
 #include "window/frame/command_bars.h"
+#include "window/frame/frame_forms.h"
 #include "window/frame/frm_splash2.h"
 #include "window/frame/recent_files.h"
 #include "window/grid/data1.h"
-#include "window/grid/delimit.h"
-#include "window/grid/split_data.h"
 #include "window/output/output1.h"
-#include "window/output/report_form.h"
-#include "window/output/rpt_options.h"
 #include "window/reference/help_pane.h"
 #include "window/reference/page_view.h"
 #include "window/reference/tips.h"
@@ -105,6 +100,9 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   bars_->InsertBehind(kOpenCommand, {recent_files_->menu()->menuAction()});
   bars_->InsertBehind(kPrintCommand, output_->PrintActions());
   BuildHelpPane();
+  forms_ = new FrameForms(
+      platform, session_, [this](const auto& operation) { RunForForm(operation); }, this);
+  connect(forms_, &FrameForms::HelpAsked, this, &FrmMain::ShowHelpPage);
   ConnectClipboard();
   FocusOutline::Watch(this);
   AddViewKeys();
@@ -361,18 +359,12 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kToggleHelpPane:
     case WidgetAction::kOpenHelp:
       return ShowHelpPane(action == WidgetAction::kOpenHelp ? "Index.html" : PageOfView());
-    case WidgetAction::kShowAbout:
-      return ShowAbout();
-    case WidgetAction::kShowImport:
-    case WidgetAction::kShowExport:
-      return ShowDelimit(action == WidgetAction::kShowImport);
-    case WidgetAction::kShowSplit:
-      return ShowSplit();
-    case WidgetAction::kFormatPage:
-      return ShowPageOptions();
-    case WidgetAction::kSetColumnWidth:
-      return ShowColumnWidth();
+    case WidgetAction::kShowHelpPage:
+      return ShowHelpPane(session_.handbook.wanted_page);
     case WidgetAction::kNone:
+      return;
+    default:
+      forms_->Show(action);
       return;
   }
 }
@@ -422,54 +414,6 @@ void FrmMain::ApplyZoom() {
     if (form) form->SetZoom(zoom_->percent());
   }
   ZoomType(help_pane_->widget(), zoom_->percent());
-}
-
-void FrmMain::ShowAbout() {
-  auto* box = new AboutBox(this);
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->open();
-}
-
-void FrmMain::ShowDelimit(bool to_import) {
-  if (form_) return form_->raise();
-  auto* form = new Delimit(
-      session_, to_import ? Delimit::Page::kImport : Delimit::Page::kExport,
-      [this](const auto& operation) { RunForForm(operation); }, this);
-  connect(form, &Delimit::HelpAsked, this, &FrmMain::ShowHelpPage);
-  OpenForm(form);
-}
-
-void FrmMain::ShowPageOptions() {
-  if (form_) return form_->raise();
-  auto* form = new RptOptions(session_.report_page, this);
-  connect(form, &RptOptions::HelpAsked, this, &FrmMain::ShowHelpPage);
-  connect(form, &RptOptions::Applied, this,
-          [this] { platform_.SetStatusPane(kMessagePane, "Header and footer are set"); });
-  OpenForm(form);
-}
-
-void FrmMain::ShowColumnWidth() {
-  if (form_) return form_->raise();
-  const auto apply = [this](const std::string& typed) {
-    bool applied = false;
-    RunForForm([&] { applied = SetTableColumnWidth(session_, typed); });
-    return applied;
-  };
-  OpenForm(new ReportForm(apply, session_.table.grid.Width(kLabelColumns + 1), this));
-}
-
-void FrmMain::ShowSplit() {
-  if (form_) return form_->raise();
-  auto* form = new SplitData(
-      session_, [this](const auto& operation) { RunForForm(operation); }, this);
-  connect(form, &SplitData::HelpAsked, this, &FrmMain::ShowHelpPage);
-  OpenForm(form);
-}
-
-void FrmMain::OpenForm(QDialog* form) {
-  form_ = form;
-  form->setAttribute(Qt::WA_DeleteOnClose);
-  form->open();
 }
 
 void FrmMain::RunForForm(const std::function<void()>& operation) {

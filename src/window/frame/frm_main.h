@@ -10,7 +10,6 @@
 #include "window/frame/frame_place.h"
 #include "window/widgets/view_form.h"
 
-class QDialog;
 class QLabel;
 class QTabWidget;
 class QTimer;
@@ -21,6 +20,7 @@ class QTimer;
 namespace tessara {
 
 class CommandBars;
+class FrameForms;
 class FrmSplash2;
 class HelpPane;
 class Output1;
@@ -91,12 +91,6 @@ class FrmMain : public QMainWindow {
   void ShowHelpPage(const QString& page);
   void AddViewKeys();
   void ApplyZoom();
-  void ShowAbout();
-  void ShowDelimit(bool to_import);
-  void ShowSplit();
-  void ShowPageOptions();
-  void ShowColumnWidth();
-  void OpenForm(QDialog* form);
   // Runs what a form over the frame asks for, as a command is run.
   void RunForForm(const std::function<void()>& operation);
   void NoteRecentFile();
@@ -112,14 +106,14 @@ class FrmMain : public QMainWindow {
   QTimer* timer2_ = nullptr;
   std::unique_ptr<RecentFiles> recent_files_;
   std::unique_ptr<CommandBars> bars_;
+  FrameForms* forms_ = nullptr;
   HelpPane* help_pane_ = nullptr;
   Zoom* zoom_ = nullptr;
   Output1* output_ = nullptr;
   std::unique_ptr<FrmSplash2> splash_;
   Path noted_file_;
   bool clipboard_has_text_ = false;
-  QPointer<QDialog> form_;  // over the frame
-  int busy_ = 0;            // operations that run now
+  int busy_ = 0;  // operations that run now
 };
 
 }  // namespace tessara

@@ -13,6 +13,7 @@ namespace tessara {
 namespace {
 
 constexpr int kPageMargin = 10;
+constexpr const char* kVersionToken = "#version#";  // in a page that tells which version it belongs to
 
 }  // namespace
 
@@ -64,7 +65,11 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
               "<p>The page would be <i>%1</i> in the folder Help of the program.</p>")
         .arg(QFileInfo(target.path()).fileName().toHtmlEscaped());
   }
-  return QTextBrowser::loadResource(type, name);
+  const QVariant loaded = QTextBrowser::loadResource(type, name);
+  if (type != QTextDocument::HtmlResource) return loaded;
+  QByteArray page = loaded.toByteArray();
+  if (!page.contains(kVersionToken)) return loaded;
+  return page.replace(kVersionToken, TESSARA_VERSION);
 }
 
 BrowserButtons MakeBrowserButtons(QWidget* parent) {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/path.h"
+
+// The topics of the handbook: titles and the pages of the Help folder that they stand on.
+
+namespace tessara {
+
+inline constexpr const char* kHandbookHome = "Index.html";
+inline constexpr std::size_t kMostTopicBytes = std::size_t{1} << 20;  // of a list that is read
+
+struct HandbookTopic {
+  std::string title;  // in the system's code page
+  std::string page;   // a file of the Help folder without its ending
+
+  friend bool operator==(const HandbookTopic&, const HandbookTopic&) = default;
+};
+
+struct Handbook {
+  std::vector<HandbookTopic> topics;
+  int chosen_row = 0;       // of the topic box, counted from 1; 0 for none
+  std::string wanted_page;  // what a command asks the view to show
+};
+
+// The pairs of title and page of a topic list: lines of two fields with a comma between them, as UTF-8 or in the code
+// page. A line without a page is left out.
+std::vector<HandbookTopic> TopicsOf(std::string_view text);
+
+// Those of the file "Index.log" in a Help folder; none when it cannot be read.
+std::vector<HandbookTopic> ReadHelpIndex(const Path& help_folder);
+
+// The file of the chosen topic; empty when the row is none of the list's.
+std::string PageOfTopic(const Handbook& handbook, int row);
+
+}  // namespace tessara

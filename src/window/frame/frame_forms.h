@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+
+#include "shell/command_row.h"
+
+class QDialog;
+class QWidget;
+
+// The dialogs that stand over the frame, one at a time: made when an action asks for them, gone when they are closed.
+
+namespace tessara {
+
+class QtPlatform;
+
+class FrameForms : public QObject {
+  Q_OBJECT
+
+ public:
+  // How a form runs an operation: with all that the frame does around a command.
+  using Run = std::function<void(const std::function<void()>&)>;
+
+  FrameForms(QtPlatform& platform, Session& session, Run run, QWidget* frame);
+
+  // Shows the form of an action; false when no form belongs to it.
+  bool Show(WidgetAction action);
+
+ signals:
+  // A form's key for help: a page, or a section of one.
+  void HelpAsked(const QString& page);
+
+ private:
+  QDialog* Make(WidgetAction action);
+  QDialog* MakeDelimit(bool to_import);
+  QDialog* MakeSplit();
+  QDialog* MakePageOptions();
+  QDialog* MakeColumnWidth();
+
+  QtPlatform& platform_;
+  Session& session_;
+  Run run_;
+  QWidget* frame_;
+  QPointer<QDialog> form_;
+};
+
+}  // namespace tessara
