@@ -3,7 +3,7 @@
 
 For every page of INSTALLED-FOLDER/Help: the tags are balanced, each relative link leads to a file and an anchor that
 are there, each link "glossary:Subject" to a note of the default glossary, each picture is there and has an alternative
-text, and the lines of each <pre class="run"> block are printed by TESSARA-CLI, without a gap and unchanged. The comment
+text, each topic of Index.log has a page, and the lines of each <pre class="run"> block are printed by TESSARA-CLI, without a gap and unchanged. The comment
 that opens such a block names the sample file and the commands of the script, with "; " between them:
 
     <pre class="run"><!-- sleep.dcs: control DRUG --eq 1; descriptives EXTRA -->
@@ -123,6 +123,7 @@ class Checker:
             for line, link in page.links:
                 self._check_link(path, line, link)
             self._check_blocks(path, texts[path])
+        self._check_topics(self._help / "Index.log")
         return len(texts)
 
     def _find(self, path, finding):
@@ -149,6 +150,17 @@ class Checker:
                 self._find(path, f'{line}: "{link}" leads to no anchor')
         elif not parts.path:
             self._find(path, f"{line}: a link leads nowhere")
+
+    def _check_topics(self, path):
+        """Each line of the topic list is a title, a comma and the name of a page; no title stands twice."""
+        titles = set()
+        for number, line in enumerate(path.read_text(encoding="cp1252").splitlines(), 1):
+            title, _, page = line.partition(",")
+            if not title or title in titles:
+                self._find(path, f'{number}: "{title}" is no title, or stands twice')
+            titles.add(title)
+            if (self._help / f"{page}.html").resolve() not in self._pages:
+                self._find(path, f'{number}: "{page}" is no page')
 
     def _check_blocks(self, path, text):
         for match in BLOCK.finditer(text):
