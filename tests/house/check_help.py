@@ -3,8 +3,9 @@
 
 For every page of INSTALLED-FOLDER/Help: the tags are balanced, each relative link leads to a file and an anchor that
 are there, each link "glossary:Subject" to a note of the default glossary, each picture is there and has an alternative
-text, each topic of Index.log has a page, and the lines of each <pre class="run"> block are printed by TESSARA-CLI, without a gap and unchanged. The comment
-that opens such a block names the sample file and the commands of the script, with "; " between them:
+text, and the lines of each <pre class="run"> block are printed by TESSARA-CLI, without a gap and unchanged. Each topic
+of Index.log has a page. The comment that opens a block names the sample file and the commands of the script, with "; "
+between them:
 
     <pre class="run"><!-- sleep.dcs: control DRUG --eq 1; descriptives EXTRA -->
 
