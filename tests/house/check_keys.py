@@ -2,7 +2,7 @@
 """Checks the page of commands and keys: usage: check_keys.py SOURCE-FOLDER
 
 Every key of a command, and every caption under which a menu shows one, stands on installed/Help/keys.html. The commands
-are read from src/shell/command_rows.cpp, the menus from src/shell/command_table.cpp. A key may stand with another one
+are read from the files command_rows*.cpp of src/shell, the menus from its command_table.cpp. A key may stand with another one
 ("Ctrl+I, Ctrl+E"), a caption without its access letter and its dots. Documents that are opened by a menu of their own
 need no mention. Every finding is printed; the status is 1 when there is one.
 """
@@ -15,6 +15,10 @@ import sys
 KEY = re.compile(r'\.(?:second_)?shortcut = "([^"]+)"')
 CAPTION = re.compile(r'\.caption = "([^"]+)"')
 DOCUMENT_MENU = "&Documentation"
+
+
+def text_of(files):
+    return "\n".join(file.read_text(encoding="utf-8") for file in sorted(files))
 
 
 def number_of(word, header):
@@ -53,8 +57,8 @@ def main(arguments):
     shell = root / "src" / "shell"
     page = (root / "installed" / "Help" / "keys.html").read_text(encoding="ascii")
     words = " ".join(html.unescape(re.sub(r"<[^>]*>", " ", page)).split())
-    rows = rows_of((shell / "command_rows.cpp").read_text(), (shell / "command_row.h").read_text())
-    menus = menus_of((shell / "command_table.cpp").read_text())
+    rows = rows_of(text_of(shell.glob("command_rows*.cpp")), text_of(shell.glob("command_*.h")))
+    menus = menus_of(text_of([shell / "command_table.cpp"]))
     findings = []
     keys = {key for row in rows.values() for key in KEY.findall(row)}
     for key in sorted(keys):
