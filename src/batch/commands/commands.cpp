@@ -53,6 +53,7 @@ constexpr const CommandRow* kCommands[] = {
     &kListCommand,
     &kTableCommand,
     &kBrevarumCommand,
+    &kGlossaryCommand,
     &kChartsCommand,
     &kRecentCommand,
     &kTabDelimitedCommand,
@@ -64,7 +65,6 @@ constexpr const CommandRow* kCommands[] = {
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
     "calculator",
-    "glossary",
 };
 
 }  // namespace

@@ -75,7 +75,6 @@ TEST(ReadCommandLine, TellsWhatIsWrong) {
       {{"a.dcs", "---x"}, "unknown option \"---x\""},
       {{"a.dcs", "frequences", "A"}, "unknown command \"frequences\"; the nearest is \"frequencies\""},
       {{"a.dcs", "calculator", "1"}, "the command \"calculator\" is not available in this version"},
-      {{"glossary"}, "the command \"glossary\" is not available in this version"},
       {{"-s"}, "--script needs a value"},
       {{"-s", "a", "-s", "b"}, "--script is given twice"},
       {{"-s", "a", "new", "-s", "b"}, "--script is given twice"},
