@@ -156,7 +156,9 @@ void FrmMain::BuildWorkspace() {
   workspace_->setDocumentMode(true);
   workspace_->setIconSize(QSize(kSmallIcon, kSmallIcon));
   output_ = new Output1(platform_, session_);
-  AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
+  auto* grid = new Data1(session_);
+  connect(grid, &Data1::FileAsked, this, &FrmMain::OpenFile);
+  AddView(grid, "Data1", tr("Data Grid"), "view-grid");
   auto* procedures = new StatProc1(session_);
   platform_.ShowProgressIn(procedures->SamplingProgress());
   AddView(procedures, "StatProc1", tr("Stat Procs"), "view-statistics");
@@ -416,6 +418,7 @@ void FrmMain::ApplyZoom() {
     if (form) form->SetZoom(zoom_->percent());
   }
   ZoomType(help_pane_->widget(), zoom_->percent());
+  forms_->SetZoom(zoom_->percent());
 }
 
 void FrmMain::RunForForm(const std::function<void()>& operation) {
