@@ -31,6 +31,7 @@
 #include "window/reference/tips.h"
 #include "window/stat_procs/stat_proc1.h"
 #include "window/system/qt_platform.h"
+#include "window/widgets/accessible_parts.h"
 #include "window/widgets/focus_outline.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
@@ -83,7 +84,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   setAcceptDrops(true);
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
-  UseHintsOfPalette();
+  UseLegibleColours();
   setWindowIcon(LogoIcon(palette()));
   place_.BoundLeastSize();
   setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
@@ -107,6 +108,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(forms_, &FrameForms::AppearanceChanged, this, &FrmMain::ApplyBars);
   ConnectClipboard();
   FocusOutline::Watch(this);
+  new AccessibleParts(this);
   AddViewKeys();
   zoom_ = new Zoom(store, this);
   connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
@@ -510,7 +512,7 @@ void FrmMain::changeEvent(QEvent* event) {
     QMetaObject::invokeMethod(
         this,
         [this] {
-          UseHintsOfPalette();
+          UseLegibleColours();
           ApplyBars();
         },
         Qt::QueuedConnection);
