@@ -57,4 +57,7 @@ bool HasCalculation(const Session& session, const WidgetState&) { return CanCopy
 
 bool HelpPaneIsVisible(const Session& session, const WidgetState&) { return session.help_pane_visible; }
 
+bool PageCanGoBack(const Session&, const WidgetState& widgets) { return widgets.page_can_go_back; }
+bool PageCanGoForward(const Session&, const WidgetState& widgets) { return widgets.page_can_go_forward; }
+
 }  // namespace tessara

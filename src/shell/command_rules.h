@@ -31,6 +31,8 @@ bool ClipboardHasText(const Session& session, const WidgetState& widgets);
 bool SearchIsGoing(const Session& session, const WidgetState& widgets);
 bool HasCalculation(const Session& session, const WidgetState& widgets);
 bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);
+bool PageCanGoBack(const Session& session, const WidgetState& widgets);
+bool PageCanGoForward(const Session& session, const WidgetState& widgets);
 
 template <Document document>
 bool DocumentIsThere(const Session& session, const WidgetState&) {

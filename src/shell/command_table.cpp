@@ -6,11 +6,11 @@
 namespace tessara {
 namespace {
 
-// The part of a row that holds in the view at hand; nullptr when there is none.
-const CommandUse* UseOf(const CommandRow* row, const Session& session, const WidgetState& widgets) {
+// The part of a row that holds in a view; nullptr when there is none.
+const CommandUse* UseOf(const CommandRow* row, View view, const Session& session, const WidgetState& widgets) {
   if (!row) return nullptr;
   const auto holds = [&](const CommandUse& use) {
-    return use.views.contains(session.ActiveView) && (!use.shown || use.shown(session, widgets));
+    return use.views.contains(view) && (!use.shown || use.shown(session, widgets));
   };
   const auto* const found = std::ranges::find_if(row->uses, holds);
   return found == std::end(row->uses) ? nullptr : found;
@@ -73,7 +73,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 801, .begin_group = kGroup, .caption = "&Add a Record"},
       {.id = 802},
       {.id = 803, .begin_group = kGroup},
-      {.id = 904},
+      {.id = 904, .begin_group_in = View::ViewGlossary},
       {.id = 202, .caption = "&Find", .style = kText},
       {.id = 207, .begin_group = kGroup, .caption = "Add Rows"},
       {.id = 208, .caption = "Add Columns"},
@@ -103,8 +103,12 @@ std::string_view CaptionOf(const BarEntry& entry) {
 }
 
 CommandState UpdateCommand(const Session& session, int id, const WidgetState& widgets) {
+  return UpdateCommandIn(session, session.ActiveView, id, widgets);
+}
+
+CommandState UpdateCommandIn(const Session& session, View view, int id, const WidgetState& widgets) {
   const CommandRow* row = FindCommand(id);
-  const CommandUse* use = UseOf(row, session, widgets);
+  const CommandUse* use = UseOf(row, view, session, widgets);
   if (!use || !use->in_bars) return {};
   CommandState state;
   state.visible = true;
@@ -118,7 +122,7 @@ CommandState UpdateCommand(const Session& session, int id, const WidgetState& wi
 
 WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets) {
   const WaitCursor wait(session.platform);
-  const CommandUse* use = UseOf(FindCommand(id), session, widgets);
+  const CommandUse* use = UseOf(FindCommand(id), session.ActiveView, session, widgets);
   if (!use) return WidgetAction::kNone;
   BeginOperation(session);
   const WidgetAction left = std::visit(Runner{session, widgets}, use->run);

@@ -143,7 +143,10 @@ RunOutcome RunPanel(Session& session) {
   return outcome;
 }
 
-void ActivateView(Session& session, View view) { session.ActiveView = view; }
+void ActivateView(Session& session, View view) {
+  session.ActiveView = view;
+  if (view == View::ViewHandbook) session.platform.SetStatusPane(kMessagePane, kReady);
+}
 
 std::string_view HelpPage(View view) {
   switch (view) {

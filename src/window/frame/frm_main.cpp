@@ -19,6 +19,7 @@
 #include "shell/close_request.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
+#include "window/frame/bar_paint.h"
 #include "window/frame/command_bars.h"
 #include "window/frame/frame_forms.h"
 #include "window/frame/frm_splash2.h"
@@ -103,6 +104,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   forms_ = new FrameForms(
       platform, session_, [this](const auto& operation) { RunForForm(operation); }, this);
   connect(forms_, &FrameForms::HelpAsked, this, &FrmMain::ShowHelpPage);
+  connect(forms_, &FrameForms::AppearanceChanged, this, &FrmMain::ApplyBars);
   ConnectClipboard();
   FocusOutline::Watch(this);
   AddViewKeys();
@@ -457,9 +459,13 @@ void FrmMain::ShowTitle() {
 }
 
 void FrmMain::ApplyAppearance() {
-  const bool large = session_.settings.Op13 == 1;
-  bars_->UseIconSize(large ? kLargeIcon : kSmallIcon);
+  ApplyBars();
   place_.ApplySize();
+}
+
+void FrmMain::ApplyBars() {
+  bars_->UseIconSize(session_.settings.large_icons() ? kLargeIcon : kSmallIcon);
+  PaintBars(*this, session_.settings.Op6);
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -499,9 +505,17 @@ void FrmMain::changeEvent(QEvent* event) {
     UseIconsOfPalette(palette());
     // When the change has reached every widget: one within it would be overtaken by it.
     QMetaObject::invokeMethod(
-        this, [] { UseHintsOfPalette(); }, Qt::QueuedConnection);
+        this,
+        [this] {
+          UseHintsOfPalette();
+          ApplyBars();
+        },
+        Qt::QueuedConnection);
   }
-  if (event->type() == QEvent::ApplicationFontChange && zoom_) ApplyZoom();
+  if (event->type() == QEvent::ApplicationFontChange && zoom_) {
+    ApplyZoom();
+    ApplyBars();
+  }
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
