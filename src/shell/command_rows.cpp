@@ -9,6 +9,7 @@
 #include "shell/grid_operations.h"
 #include "shell/handbook_operations.h"
 #include "shell/office_operations.h"
+#include "shell/options_operations.h"
 #include "shell/recode_operations.h"
 #include "shell/report_operations.h"
 #include "shell/sample_operations.h"
@@ -396,7 +397,7 @@ constexpr CommandRow kOptionsCommands[] = {
     {.id = kOptionsCommand,
      .caption = "Options Panel",
      .icon = "configure",
-     .uses = {{.views = kEveryView, .run = WidgetAction::kShowOptions}}},
+     .uses = {{.views = kEveryView, .run = OpenOptions}}},
     {.id = kCalculatorCommand,
      .caption = "Calculator",
      .icon = "accessories-calculator",

@@ -53,6 +53,7 @@ constexpr const CommandRow* kCommands[] = {
     &kListCommand,
     &kTableCommand,
     &kBrevarumCommand,
+    &kCalculatorCommand,
     &kChartsCommand,
     &kRecentCommand,
     &kTabDelimitedCommand,
@@ -63,7 +64,6 @@ constexpr const CommandRow* kCommands[] = {
 
 // Commands of the language that this version does not have.
 constexpr std::string_view kLaterCommands[] = {
-    "calculator",
     "glossary",
 };
 

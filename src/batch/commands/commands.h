@@ -66,6 +66,7 @@ extern const CommandRow kDiagnosticCommand;
 extern const CommandRow kListCommand;
 extern const CommandRow kTableCommand;
 extern const CommandRow kBrevarumCommand;
+extern const CommandRow kCalculatorCommand;
 extern const CommandRow kChartsCommand;
 extern const CommandRow kRecentCommand;
 extern const CommandRow kTabDelimitedCommand;

@@ -74,7 +74,7 @@ TEST(ReadCommandLine, TellsWhatIsWrong) {
       {{"-5", "new"}, "unknown option \"-5\""},
       {{"a.dcs", "---x"}, "unknown option \"---x\""},
       {{"a.dcs", "frequences", "A"}, "unknown command \"frequences\"; the nearest is \"frequencies\""},
-      {{"a.dcs", "calculator", "1"}, "the command \"calculator\" is not available in this version"},
+      {{"a.dcs", "glossary", "1"}, "the command \"glossary\" is not available in this version"},
       {{"glossary"}, "the command \"glossary\" is not available in this version"},
       {{"-s"}, "--script needs a value"},
       {{"-s", "a", "-s", "b"}, "--script is given twice"},

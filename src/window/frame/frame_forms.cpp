@@ -6,6 +6,7 @@
 #include "window/frame/about_box.h"
 #include "window/grid/delimit.h"
 #include "window/grid/split_data.h"
+#include "window/options/frm_options.h"
 #include "window/output/report_form.h"
 #include "window/output/rpt_options.h"
 #include "window/system/qt_platform.h"
@@ -41,6 +42,8 @@ QDialog* FrameForms::Make(WidgetAction action) {
       return MakePageOptions();
     case WidgetAction::kSetColumnWidth:
       return MakeColumnWidth();
+    case WidgetAction::kShowOptions:
+      return MakeOptions();
     default:
       return nullptr;
   }
@@ -63,6 +66,13 @@ QDialog* FrameForms::MakePageOptions() {
   connect(form, &RptOptions::HelpAsked, this, &FrameForms::HelpAsked);
   connect(form, &RptOptions::Applied, this,
           [this] { platform_.SetStatusPane(kMessagePane, "Header and footer are set"); });
+  return form;
+}
+
+QDialog* FrameForms::MakeOptions() {
+  auto* form = new FrmOptions(session_, run_, frame_);
+  connect(form, &FrmOptions::HelpAsked, this, &FrameForms::HelpAsked);
+  connect(form, &FrmOptions::AppearanceChanged, this, &FrameForms::AppearanceChanged);
   return form;
 }
 

@@ -30,6 +30,8 @@ class FrameForms : public QObject {
  signals:
   // A form's key for help: a page, or a section of one.
   void HelpAsked(const QString& page);
+  // The settings of icons and style have changed.
+  void AppearanceChanged();
 
  private:
   QDialog* Make(WidgetAction action);
@@ -37,6 +39,7 @@ class FrameForms : public QObject {
   QDialog* MakeSplit();
   QDialog* MakePageOptions();
   QDialog* MakeColumnWidth();
+  QDialog* MakeOptions();
 
   QtPlatform& platform_;
   Session& session_;

@@ -20,6 +20,7 @@
 #include "shell/palette.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
+#include "window/frame/bar_paint.h"
 #include "window/frame/command_bars.h"
 #include "window/frame/frame_forms.h"
 #include "window/frame/frame_palette.h"
@@ -105,6 +106,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(forms_, &FrameForms::HelpAsked, this, &FrmMain::ShowHelpPage);
   palette_ = new FramePalette(*this, [this](const auto& operation) { RunOperation(operation); });
   ConnectTerms();
+  connect(forms_, &FrameForms::AppearanceChanged, this, &FrmMain::ApplyBars);
   ConnectClipboard();
   FocusOutline::Watch(this);
   AddViewKeys();
@@ -494,9 +496,13 @@ void FrmMain::ShowTitle() {
 }
 
 void FrmMain::ApplyAppearance() {
-  const bool large = session_.settings.Op13 == 1;
-  bars_->UseIconSize(large ? kLargeIcon : kSmallIcon);
+  ApplyBars();
   place_.ApplySize();
+}
+
+void FrmMain::ApplyBars() {
+  bars_->UseIconSize(session_.settings.large_icons() ? kLargeIcon : kSmallIcon);
+  PaintBars(*this, session_.settings.Op6);
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
@@ -536,9 +542,17 @@ void FrmMain::changeEvent(QEvent* event) {
     UseIconsOfPalette(palette());
     // When the change has reached every widget: one within it would be overtaken by it.
     QMetaObject::invokeMethod(
-        this, [] { UseHintsOfPalette(); }, Qt::QueuedConnection);
+        this,
+        [this] {
+          UseHintsOfPalette();
+          ApplyBars();
+        },
+        Qt::QueuedConnection);
   }
-  if (event->type() == QEvent::ApplicationFontChange && zoom_) ApplyZoom();
+  if (event->type() == QEvent::ApplicationFontChange && zoom_) {
+    ApplyZoom();
+    ApplyBars();
+  }
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {

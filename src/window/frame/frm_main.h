@@ -60,8 +60,10 @@ class FrmMain : public QMainWindow {
   void OpenFile(const Path& path);
   // Asks the rules for the state of each command and shows panes, title and pages anew.
   void RefreshCommands();
-  // The toolbar's icon size and the frame's size, by the settings.
+  // The toolbar's icon size and style and the frame's size, by the settings.
   void ApplyAppearance();
+  // The icon size and the style alone.
+  void ApplyBars();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
