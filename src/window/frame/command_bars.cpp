@@ -118,6 +118,7 @@ void CommandBars::Refresh(const Session& session, const WidgetState& widgets) {
   for (const auto& [id, made] : actions_) ShowState(made, id, UpdateCommand(session, id, widgets));
   for (QMenu* menu : menus_) menu->menuAction()->setVisible(AnyVisible(*menu));
   ShowSeparators(toolbar_entries_, session.ActiveView);
+  toolbar_->setVisible(ToolbarIsVisible(session.ActiveView));
 }
 
 void CommandBars::ShowState(QAction* action, int id, const CommandState& state) {

@@ -35,6 +35,7 @@
 #include "window/reference/tips.h"
 #include "window/stat_procs/stat_proc1.h"
 #include "window/system/qt_platform.h"
+#include "window/widgets/accessible_parts.h"
 #include "window/widgets/focus_outline.h"
 #include "window/widgets/text.h"
 #include "window/widgets/theme.h"
@@ -81,7 +82,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   setAcceptDrops(true);
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
-  UseHintsOfPalette();
+  UseLegibleColours();
   setWindowIcon(LogoIcon(palette()));
   place_.BoundLeastSize();
   setCursor(start.splash ? Qt::WaitCursor : Qt::ArrowCursor);
@@ -109,6 +110,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(forms_, &FrameForms::AppearanceChanged, this, &FrmMain::ApplyBars);
   ConnectClipboard();
   FocusOutline::Watch(this);
+  new AccessibleParts(this);
   AddViewKeys();
   zoom_ = new Zoom(store, this);
   connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);
@@ -158,7 +160,9 @@ void FrmMain::BuildWorkspace() {
   workspace_->setDocumentMode(true);
   workspace_->setIconSize(QSize(kSmallIcon, kSmallIcon));
   output_ = new Output1(platform_, session_);
-  AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
+  auto* grid = new Data1(session_);
+  connect(grid, &Data1::FileAsked, this, &FrmMain::OpenFile);
+  AddView(grid, "Data1", tr("Data Grid"), "view-grid");
   auto* procedures = new StatProc1(session_);
   platform_.ShowProgressIn(procedures->SamplingProgress());
   AddView(procedures, "StatProc1", tr("Stat Procs"), "view-statistics");
@@ -425,6 +429,7 @@ void FrmMain::ApplyZoom() {
     if (form) form->SetZoom(zoom_->percent());
   }
   ZoomType(help_pane_->widget(), zoom_->percent());
+  forms_->SetZoom(zoom_->percent());
 }
 
 void FrmMain::RunForForm(const std::function<void()>& operation) {
@@ -544,7 +549,7 @@ void FrmMain::changeEvent(QEvent* event) {
     QMetaObject::invokeMethod(
         this,
         [this] {
-          UseHintsOfPalette();
+          UseLegibleColours();
           ApplyBars();
         },
         Qt::QueuedConnection);

@@ -13,7 +13,7 @@ QString Hint() { return QStringLiteral("Enter Search String..."); }
 
 SearchBox::SearchBox(QWidget* parent) : QLineEdit(parent) {
   setMaxLength(kMostTyped);
-  setText(Hint());
+  ShowText({});
   connect(this, &QLineEdit::textEdited, this, [this] { emit Typed(Text()); });
   connect(this, &QLineEdit::returnPressed, this, [this] {
     if (!Text().isEmpty()) emit SearchAsked();

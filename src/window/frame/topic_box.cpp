@@ -14,7 +14,7 @@ namespace tessara {
 namespace {
 
 constexpr int kColumns = 30;       // characters that the box has room for
-constexpr int kLeastColumns = 10;  // and in a narrow window
+constexpr int kLeastColumns = 12;  // and in a narrow window
 constexpr int kColumnsOfList = 44;
 constexpr int kRowsOfList = 24;
 constexpr std::size_t kMostOfTitle = 200;  // bytes

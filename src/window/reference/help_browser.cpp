@@ -1,5 +1,7 @@
 #include "window/reference/help_browser.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScrollBar>
@@ -21,6 +23,7 @@ constexpr const char* kVersionToken = "#version#";  // in a page that tells whic
 HelpBrowser::HelpBrowser(QtPlatform& platform, QWidget* parent) : QTextBrowser(parent), platform_(platform) {
   setOpenLinks(false);
   setFrameShape(QFrame::NoFrame);
+  link_colour_ = QApplication::palette().color(QPalette::Link);
   document()->setDocumentMargin(kPageMargin);
   document()->setDefaultStyleSheet("h1 { font-size: x-large; } h2 { font-size: large; } h3 { font-size: medium; }");
   connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::Follow);
@@ -34,6 +37,20 @@ void HelpBrowser::resizeEvent(QResizeEvent* event) {
   if (!at_anchor) return;
   scrollToAnchor(source().fragment());
   anchored_at_ = verticalScrollBar()->value();
+}
+
+// A page takes the colour of its links when it is read: it is read anew for another palette.
+void HelpBrowser::changeEvent(QEvent* event) {
+  QTextBrowser::changeEvent(event);
+  const bool palette_changed =
+      event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange;
+  const QColor links = QApplication::palette().color(QPalette::Link);
+  if (!palette_changed || links == link_colour_) return;
+  link_colour_ = links;
+  if (source().isEmpty()) return;
+  const int place = verticalScrollBar()->value();
+  reload();
+  verticalScrollBar()->setValue(place);
 }
 
 QString HelpBrowser::HelpFolder() const { return PathToQt(platform_.ProgramFolder() / "Help"); }

@@ -31,6 +31,7 @@ class HelpBrowser : public QTextBrowser {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void Follow(const QUrl& link);
@@ -38,6 +39,7 @@ class HelpBrowser : public QTextBrowser {
 
   QtPlatform& platform_;
   int anchored_at_ = 0;  // where the page was scrolled to when it was shown
+  QColor link_colour_;   // of the links of the page that is shown
 };
 
 // The buttons back, forward and print of a browser: Image1(0) to Image1(2).
