@@ -139,10 +139,8 @@ void StartEntry(DeskCalculator& calculator, char character) {
 }  // namespace
 
 void PressKey(DeskCalculator& calculator, CalcKey key) {
-  if (key <= CalcKey::k9) return PressDigit(calculator, RowOf(key).word.front());
+  if (key <= CalcKey::kPoint) return PressDigit(calculator, RowOf(key).word.front());
   switch (key) {
-    case CalcKey::kPoint:
-      return PressPoint(calculator);
     case CalcKey::kBackspace:
       return PressBackspace(calculator);
     case CalcKey::kAdd:
@@ -162,12 +160,6 @@ void PressKey(DeskCalculator& calculator, CalcKey key) {
 void PressDigit(DeskCalculator& calculator, char digit) {
   if (calculator.CalcNewEntry || calculator.CalcEntry == "0") return StartEntry(calculator, digit);
   Append(calculator, digit);
-}
-
-// A zero that was typed ahead of the point stays.
-void PressPoint(DeskCalculator& calculator) {
-  if (calculator.CalcNewEntry) return StartEntry(calculator, '.');
-  Append(calculator, '.');
 }
 
 // Also edits a result, which is being typed from there on.

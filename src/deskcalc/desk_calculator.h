@@ -83,9 +83,8 @@ std::optional<CalcKey> KeyOfWord(std::string_view word);
 
 void PressKey(DeskCalculator& calculator, CalcKey key);
 
-// The operations behind the keys. A digit is '0' to '9'.
+// The operations behind the keys. A digit is '0' to '9' or the decimal point, which takes the place of a "0" as they do.
 void PressDigit(DeskCalculator& calculator, char digit);
-void PressPoint(DeskCalculator& calculator);
 void PressBackspace(DeskCalculator& calculator);
 void PressOperator(DeskCalculator& calculator, CalcOperator pressed);
 void PressEqual(DeskCalculator& calculator);

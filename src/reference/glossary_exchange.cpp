@@ -95,7 +95,7 @@ bool WriteLines(const Path& glossary_file, const std::vector<int>& numbers, Safe
 
 int SearchGlossary(Glossary& glossary, std::string_view text, Platform& platform) {
   glossary.found.reset();
-  if (text.empty() || glossary.LastRecord < kFirstNote) return 0;
+  if (glossary.LastRecord < kFirstNote) return 0;
   if (!LeaveNote(glossary, platform)) return 0;
   auto listing = ListGlossary(glossary.GlossaryFile, text);
   if (!listing) {
@@ -111,7 +111,7 @@ int SearchGlossary(Glossary& glossary, std::string_view text, Platform& platform
   std::string searched(text);
   glossary.List = std::move(listing->List);
   glossary.notes = listing->notes;
-  glossary.search_is_on = true;
+  glossary.search_is_on = !searched.empty();  // the empty text stands in every note
   glossary.searched = std::move(searched);
   ++glossary.revision;
   ++glossary.list_revision;

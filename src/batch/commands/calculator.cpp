@@ -60,6 +60,7 @@ constinit const CommandRow kCalculatorCommand{
         "ends. In a shell the keys \"*\" and \"n!\" want quotes around them.\n",
     .example = "calculator 12.5 + 3 =",
     .most_words = kAnyNumber,
+    .needed_word = "KEY",
     .run = Run,
 };
 

@@ -73,13 +73,16 @@ void PrintList(const GlossaryLine& line) {
   line.batch.stream.PrintText(text);
 }
 
-// Shows the record that a word names. One that is none is refused in a box.
+// Shows the record that a word names.
 CommandResult SelectRecord(GlossaryLine& line) {
   const std::string& word = line.Word(2);
   int number = 0;
   const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
   if (error != std::errc() || end != word.data() + word.size()) {
     return NotUnderstood(Quoted(word) + " is not the number of a record");
+  }
+  if (number < kFirstNote || number > line.glossary.LastRecord) {
+    return NotUnderstood(NameOf(line.path) + " has no record " + word);
   }
   if (ShowRecord(line.glossary, number, line.platform())) return Done();
   return {BatchStatus::kRefused, {}};

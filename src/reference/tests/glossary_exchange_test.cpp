@@ -51,9 +51,16 @@ TEST_F(GlossarySearch, ResetBringsTheWholeListBack) {
   EXPECT_FALSE(glossary.found.has_value());
 }
 
+TEST_F(GlossarySearch, TheEmptyTextStandsInEveryNote) {
+  Open(GlossaryBytes(kWords));
+  SearchGlossary(glossary, "Sum", platform);
+  EXPECT_EQ(SearchGlossary(glossary, "", platform), 3);
+  EXPECT_EQ(List(), "3 Geometric mean, 2 Mean, 4 Sum");
+  EXPECT_FALSE(glossary.search_is_on);
+}
+
 TEST_F(GlossarySearch, NothingToSearchIsSilent) {
   Open(GlossaryBytes(kWords));
-  EXPECT_EQ(SearchGlossary(glossary, "", platform), 0);
   glossary.LastRecord = 1;
   EXPECT_EQ(SearchGlossary(glossary, "Mean", platform), 0);
   ExpectSilence();

@@ -13,9 +13,7 @@ class CalculatorOperations : public SessionFixture {
   // -12.5 in three lines and the rule above the last.
   void Compute() {
     PressOperator(calculator(), CalcOperator::kSubtract);
-    for (const char digit : {'1', '2'}) PressDigit(calculator(), digit);
-    PressPoint(calculator());
-    PressDigit(calculator(), '5');
+    for (const char digit : {'1', '2', '.', '5'}) PressDigit(calculator(), digit);
     PressEqual(calculator());
   }
   const Path copy_sound() const { return folder / "program" / "Media" / "copy.wav"; }
