@@ -11,6 +11,7 @@
 #include <QStorageInfo>
 #include <QTreeView>
 
+#include "window/widgets/focus_outline.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
@@ -68,6 +69,8 @@ FolderPanel::FolderPanel(QWidget* parent) : QFrame(parent), model_(new QFileSyst
   drive_->setMinimumContentsLength(kColumnsOfNames / 2);
   folders_ = new QTreeView(this);
   folders_->setObjectName("Dir1");
+  folders_->setAccessibleName(tr("Folder"));
+  FocusOutline::AskFor(folders_);
   folders_->setModel(model_);
   folders_->setHeaderHidden(true);
   folders_->setUniformRowHeights(true);
