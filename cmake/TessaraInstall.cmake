@@ -5,6 +5,9 @@ set(TESSARA_PROGRAM_FOLDER "." CACHE STRING "Program folder below the install pr
 
 install(TARGETS tessara-cli RUNTIME DESTINATION "${TESSARA_PROGRAM_FOLDER}")
 if(TARGET tessara)
+  foreach(document UserManual Handbook Workbook)
+    install(FILES "${TESSARA_BUILT_PROGRAM_FOLDER}/${document}.pdf" DESTINATION "${TESSARA_PROGRAM_FOLDER}")
+  endforeach()
   install(TARGETS tessara tessara-print tessara-charts
           RUNTIME DESTINATION "${TESSARA_PROGRAM_FOLDER}"
           LIBRARY DESTINATION "${TESSARA_PROGRAM_FOLDER}")

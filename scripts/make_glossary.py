@@ -7,7 +7,8 @@ record and nothing else; every other record holds its own number. It needs Pytho
 
 The terms stand in text files, in the order of their subjects. A line "# Subject" begins a term. What follows are
 paragraphs with an empty line between them; a line that begins with four blanks is a formula and stays a line of its
-own. The last paragraph may be "See also ...": subjects with ", " between them and a full stop at the end.
+own. A paragraph may be "Handbook: ...": topics of installed/Help/Index.log. The last paragraph may be "See also ...":
+subjects. Both have ", " between the names and a full stop at the end.
 """
 
 import pathlib
@@ -16,6 +17,7 @@ import struct
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SOURCE = ROOT / "scripts" / "glossary"
 TARGET = ROOT / "installed" / "Lexicards.lx1"
+TOPICS = ROOT / "installed" / "Help" / "Index.log"
 SUBJECT_SIZE = 60
 TEXT_SIZE = 3000
 RESERVED = bytes(18)
@@ -24,6 +26,7 @@ RECORD_SIZE = 2 + SUBJECT_SIZE + TEXT_SIZE + len(RESERVED)
 SUBJECT_SIGN = "# "
 FORMULA_SIGN = "    "
 CROSS_REFERENCE = "See also "
+HANDBOOK_TOPICS = "Handbook: "
 LINE_END = "\r\n"
 
 
@@ -58,14 +61,28 @@ def terms_in(path):
     return [(subject, text_of(lines)) for subject, lines in parts]
 
 
+def names_in(paragraph, sign):
+    """The names that stand behind the sign of a paragraph; none when it has another beginning."""
+    if not paragraph.startswith(sign):
+        return []
+    if not paragraph.endswith("."):
+        raise Fault(f"no full stop: {paragraph}")
+    return paragraph[len(sign):-1].split(", ")
+
+
 def cross_references(text):
     """The subjects that the last paragraph of a text names."""
-    last = text.split(LINE_END)[-1]
-    if not last.startswith(CROSS_REFERENCE):
-        return []
-    if not last.endswith("."):
-        raise Fault(f"no full stop: {last}")
-    return last[len(CROSS_REFERENCE):-1].split(", ")
+    return names_in(text.split(LINE_END)[-1], CROSS_REFERENCE)
+
+
+def handbook_topics(text):
+    """The topics of the handbook that a text names."""
+    return [topic for paragraph in text.split(LINE_END) for topic in names_in(paragraph, HANDBOOK_TOPICS)]
+
+
+def topic_titles():
+    """The titles of the topic list, each ahead of the comma of its line."""
+    return {line.partition(",")[0] for line in TOPICS.read_text(encoding="cp1252").splitlines()}
 
 
 def field(text, size):
@@ -84,8 +101,10 @@ def order(subject):
 
 
 def check(terms):
-    """Subjects in order and each there once, cross references that lead to a term, and not to their own."""
+    """Subjects in order and each there once, cross references that lead to a term, and not to their own, and topics
+    that the handbook has."""
     subjects = [subject for subject, _ in terms]
+    topics = topic_titles()
     for one, two in zip(subjects, subjects[1:]):
         if order(one) >= order(two):
             raise Fault(f"out of order: {one}, {two}")
@@ -96,6 +115,9 @@ def check(terms):
         for other in named:
             if other not in subjects or other == subject or named.count(other) > 1:
                 raise Fault(f"{subject}: See also {other}")
+        for topic in handbook_topics(text):
+            if topic not in topics:
+                raise Fault(f"{subject}: the handbook has no topic {topic}")
 
 
 def main():

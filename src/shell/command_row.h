@@ -15,6 +15,7 @@ inline constexpr int kNewCommand = 101;
 inline constexpr int kOpenCommand = 102;
 inline constexpr int kPrintCommand = 106;
 inline constexpr int kExitCommand = 107;
+inline constexpr int kFindCommand = 202;
 inline constexpr int kSelectAllCommand = 204;
 inline constexpr int kCopyCommand = 205;
 inline constexpr int kPasteCommand = 206;
@@ -127,12 +128,16 @@ class ViewSet {
   constexpr ViewSet(View first, Views... others) : bits_((Bit(first) | ... | Bit(others))) {}
 
   constexpr bool contains(View view) const { return (bits_ & Bit(view)) != 0; }
+  friend constexpr bool operator==(ViewSet, ViewSet) = default;
 
  private:
   static constexpr unsigned Bit(View view) { return 1u << static_cast<unsigned>(view); }
 
   unsigned bits_ = 0;
 };
+
+inline constexpr ViewSet kEveryView = {View::ViewDataGrid, View::ViewStatProcs, View::ViewBrevarum, View::ViewOutput,
+                                       View::ViewCharts,   View::ViewGlossary,  View::ViewHandbook, View::ViewTips};
 
 // No rule at all means always.
 using Rule = bool (*)(const Session& session, const WidgetState& widgets);

@@ -8,7 +8,9 @@
 #include "shell/format_operations.h"
 #include "shell/glossary_operations.h"
 #include "shell/grid_operations.h"
+#include "shell/handbook_operations.h"
 #include "shell/office_operations.h"
+#include "shell/options_operations.h"
 #include "shell/recode_operations.h"
 #include "shell/report_operations.h"
 #include "shell/sample_operations.h"
@@ -21,10 +23,6 @@ namespace {
 
 using enum View;
 
-constexpr ViewSet kEveryView = {ViewDataGrid, ViewStatProcs, ViewBrevarum, ViewOutput,
-                                ViewCharts,   ViewGlossary,  ViewHandbook, ViewTips};
-
-constexpr std::string_view kNoHandbook = "The handbook is not part of this version";
 constexpr std::string_view kNothingToUndo = "There is nothing to undo";
 constexpr std::string_view kNothingToRedo = "There is nothing to redo";
 constexpr std::string_view kNoOutput = "There is no output yet";
@@ -98,8 +96,7 @@ constexpr CommandRow kFileCommands[] = {
               {.views = ViewOutput, .run = PrintTable},
               {.views = ViewCharts, .run = TellWhereChartsPrint},
               {.views = ViewGlossary, .run = PrintShownNote},
-              {.views = ViewHandbook, .reason = kNoHandbook},
-              {.views = ViewTips, .run = WidgetAction::kPrintPage}}},
+              {.views = {ViewHandbook, ViewTips}, .run = WidgetAction::kPrintPage}}},
     {.id = kExitCommand,
      .caption = "&Exit",
      .icon = "application-exit",
@@ -374,29 +371,35 @@ constexpr CommandRow kHandbookCommands[] = {
      .icon = "go-previous",
      .shortcut = "Alt+Left",
      .tooltip = "Go Back",
-     .uses = {{.views = ViewHandbook, .reason = kNoHandbook}}},
+     .uses = {{.views = ViewHandbook,
+               .enabled = PageCanGoBack,
+               .run = WidgetAction::kGoBack,
+               .reason = "There is no page to go back to"}}},
     {.id = kGoForwardCommand,
      .caption = "&Forward",
      .icon = "go-next",
      .shortcut = "Alt+Right",
      .tooltip = "Go Forward",
-     .uses = {{.views = ViewHandbook, .reason = kNoHandbook}}},
+     .uses = {{.views = ViewHandbook,
+               .enabled = PageCanGoForward,
+               .run = WidgetAction::kGoForward,
+               .reason = "There is no page to go forward to"}}},
     {.id = kGoHomeCommand,
      .caption = "&Home Page",
      .icon = "go-home",
      .shortcut = "Alt+Home",
      .tooltip = "Go to Home Page",
-     .uses = {{.views = ViewHandbook, .reason = kNoHandbook}}},
+     .uses = {{.views = ViewHandbook, .run = WidgetAction::kGoHome}}},
     {.id = kTopicBoxCommand,
      .caption = "Topic",
-     .uses = {{.views = ViewGlossary, .run = SearchNotes}, {.views = ViewHandbook, .reason = kNoHandbook}}},
+     .uses = {{.views = ViewGlossary, .run = SearchNotes}, {.views = ViewHandbook, .run = ShowChosenTopic}}},
 };
 
 constexpr CommandRow kOptionsCommands[] = {
     {.id = kOptionsCommand,
      .caption = "Options Panel",
      .icon = "configure",
-     .uses = {{.views = kEveryView, .run = WidgetAction::kShowOptions}}},
+     .uses = {{.views = kEveryView, .run = OpenOptions}}},
     {.id = kCalculatorCommand,
      .caption = "Calculator",
      .icon = "accessories-calculator",

@@ -59,4 +59,7 @@ bool HasNoteSelection(const Session&, const WidgetState& widgets) { return widge
 
 bool HelpPaneIsVisible(const Session& session, const WidgetState&) { return session.help_pane_visible; }
 
+bool PageCanGoBack(const Session&, const WidgetState& widgets) { return widgets.page_can_go_back; }
+bool PageCanGoForward(const Session&, const WidgetState& widgets) { return widgets.page_can_go_forward; }
+
 }  // namespace tessara

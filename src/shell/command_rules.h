@@ -33,6 +33,8 @@ bool HasCalculation(const Session& session, const WidgetState& widgets);
 // In one of the two boxes of a note.
 bool HasNoteSelection(const Session& session, const WidgetState& widgets);
 bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);
+bool PageCanGoBack(const Session& session, const WidgetState& widgets);
+bool PageCanGoForward(const Session& session, const WidgetState& widgets);
 
 template <Document document>
 bool DocumentIsThere(const Session& session, const WidgetState&) {

@@ -6,11 +6,11 @@
 namespace tessara {
 namespace {
 
-// The part of a row that holds in the view at hand; nullptr when there is none.
-const CommandUse* UseOf(const CommandRow* row, const Session& session, const WidgetState& widgets) {
+// The part of a row that holds in a view; nullptr when there is none.
+const CommandUse* UseOf(const CommandRow* row, View view, const Session& session, const WidgetState& widgets) {
   if (!row) return nullptr;
   const auto holds = [&](const CommandUse& use) {
-    return use.views.contains(session.ActiveView) && (!use.shown || use.shown(session, widgets));
+    return use.views.contains(view) && (!use.shown || use.shown(session, widgets));
   };
   const auto* const found = std::ranges::find_if(row->uses, holds);
   return found == std::end(row->uses) ? nullptr : found;
@@ -42,9 +42,10 @@ const std::vector<CommandMenu>& MenuBar() {
       {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {109}, {106, kGroup}, {107, kGroup}}},
       {"&Edit",
        {
-           {214}, {215},         {201, kGroup}, {202}, {803}, {203}, {216},         {204, kGroup}, {205, kGroup}, {206},
-           {213}, {207, kGroup}, {208},         {209}, {210}, {212}, {211, kGroup}, {451},         {452},         {453},
-           {454}, {801, kGroup}, {802},         {901}, {902}, {903}, {350},         {217, kGroup},
+           {214},         {215},         {201, kGroup}, {202, kGroup}, {803},         {203}, {216},
+           {204, kGroup}, {205, kGroup}, {206},         {213},         {207, kGroup}, {208}, {209},
+           {210},         {212},         {211, kGroup}, {451},         {452},         {453}, {454},
+           {801, kGroup}, {802},         {901},         {902},         {903},         {350}, {217, kGroup},
        }},
       {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {307, kGroup}, {308, kGroup}}},
       {"&Options", {{405}, {401}, {402}, {404, kGroup}}},
@@ -73,8 +74,8 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 801, .begin_group = kGroup, .caption = "&Add a Record"},
       {.id = 802},
       {.id = 803, .begin_group = kGroup},
-      {.id = 904},
-      {.id = 202, .caption = "&Find", .style = kText},
+      {.id = 904, .begin_group_in = View::ViewGlossary},
+      {.id = 202, .begin_group = kGroup, .caption = "&Find", .style = kText},
       {.id = 207, .begin_group = kGroup, .caption = "Add Rows"},
       {.id = 208, .caption = "Add Columns"},
       {.id = 209},
@@ -96,6 +97,10 @@ const std::vector<BarEntry>& Toolbar() {
   return entries;
 }
 
+bool ToolbarIsVisible(View view) {
+  return view != View::ViewStatProcs && view != View::ViewCharts && view != View::ViewTips;
+}
+
 std::string_view CaptionOf(const BarEntry& entry) {
   if (!entry.caption.empty()) return entry.caption;
   const CommandRow* row = FindCommand(entry.id);
@@ -103,8 +108,12 @@ std::string_view CaptionOf(const BarEntry& entry) {
 }
 
 CommandState UpdateCommand(const Session& session, int id, const WidgetState& widgets) {
+  return UpdateCommandIn(session, session.ActiveView, id, widgets);
+}
+
+CommandState UpdateCommandIn(const Session& session, View view, int id, const WidgetState& widgets) {
   const CommandRow* row = FindCommand(id);
-  const CommandUse* use = UseOf(row, session, widgets);
+  const CommandUse* use = UseOf(row, view, session, widgets);
   if (!use || !use->in_bars) return {};
   CommandState state;
   state.visible = true;
@@ -118,7 +127,7 @@ CommandState UpdateCommand(const Session& session, int id, const WidgetState& wi
 
 WidgetAction ExecuteCommand(Session& session, int id, const WidgetState& widgets) {
   const WaitCursor wait(session.platform);
-  const CommandUse* use = UseOf(FindCommand(id), session, widgets);
+  const CommandUse* use = UseOf(FindCommand(id), session.ActiveView, session, widgets);
   if (!use) return WidgetAction::kNone;
   BeginOperation(session);
   const WidgetAction left = std::visit(Runner{session, widgets}, use->run);

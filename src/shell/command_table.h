@@ -19,7 +19,8 @@ struct BarEntry {
   bool begin_group = false;
   std::string_view caption = {};  // empty: that of the row
   CommandStyle style = CommandStyle::kIcon;
-  std::string_view word = {};  // a shorter caption beside the icon, whatever the style
+  std::string_view word = {};   // a shorter caption beside the icon, whatever the style
+  ViewSet begin_group_in = {};  // the views in which a separator comes before it, besides begin_group
 };
 
 struct CommandMenu {
@@ -29,6 +30,8 @@ struct CommandMenu {
 
 const std::vector<CommandMenu>& MenuBar();
 const std::vector<BarEntry>& Toolbar();
+// Views with keys of their own for what they do go without the toolbar.
+bool ToolbarIsVisible(View view);
 // The caption of an entry, "&" ahead of its access letter.
 std::string_view CaptionOf(const BarEntry& entry);
 
@@ -41,6 +44,8 @@ struct CommandState {
 };
 
 CommandState UpdateCommand(const Session& session, int id, const WidgetState& widgets);
+// The same as if that view stood in front, with the state of its widgets.
+CommandState UpdateCommandIn(const Session& session, View view, int id, const WidgetState& widgets);
 
 // Runs a command under the wait cursor. A command that no row names does nothing, as does one in a view that its row
 // does not name.

@@ -4,6 +4,7 @@
 
 #include "numerics/code_page.h"
 #include "platform/files.h"
+#include "shell/options_operations.h"
 
 namespace tessara {
 namespace {
@@ -12,7 +13,7 @@ constexpr std::string_view kDataFolder = "Data";
 
 Path DialogFolder(const Session& session) {
   const Path& path = session.data.DataFilePath;
-  return path.empty() ? session.platform.ProgramFolder() / kDataFolder : path;
+  return FolderToBegin(session, path.empty() ? session.platform.ProgramFolder() / kDataFolder : path);
 }
 
 std::string TitleAsName(std::string title) {
@@ -34,6 +35,7 @@ std::optional<Path> AskOpenPath(Session& session) {
     session.data.DataFileSize = 0;  // set ahead of the question, and not put back
     return std::nullopt;
   }
+  session.options.folder_is_new = false;
   return chosen->path;
 }
 
@@ -46,11 +48,12 @@ std::optional<Path> AskSavePath(Session& session) {
                        .default_extension = "dcs",
                        .overwrite_prompt = true};
   if (data.NamedAtTheStart) {
-    dialog.initial_folder = data.LoadedFile.parent_path();
+    dialog.initial_folder = FolderToBegin(session, data.LoadedFile.parent_path());
     dialog.initial_name = FromUtf8(PathToUtf8(data.LoadedFile.filename()));
   }
   const auto chosen = session.platform.AskSaveFile(dialog);
   if (!chosen) return std::nullopt;
+  session.options.folder_is_new = false;
   return chosen->path;
 }
 

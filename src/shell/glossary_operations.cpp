@@ -1,9 +1,11 @@
 #include "shell/glossary_operations.h"
 
+#include <algorithm>
 #include <optional>
 #include <system_error>
 
 #include "reference/glossary_exchange.h"
+#include "shell/palette_search.h"
 
 namespace tessara {
 namespace {
@@ -36,6 +38,18 @@ ImportedGlossary ImportAsTemporary(Session& session, const Path& text_file) {
   std::error_code ignored;  // without the folder the import tells
   std::filesystem::create_directories(folder, ignored);
   return ImportGlossary(session.glossary, text_file, folder / kTemporaryGlossary, platform);
+}
+
+// The line of the list with that subject, or else with the same words.
+std::optional<int> LineOf(const Glossary& glossary, std::string_view subject) {
+  auto found = std::ranges::find(glossary.List, subject, &GlossarySubject::subject);
+  if (found == glossary.List.end()) {
+    const std::string words = SearchKey(subject);
+    found = std::ranges::find_if(glossary.List,
+                                 [&](const GlossarySubject& line) { return SearchKey(line.subject) == words; });
+  }
+  if (found == glossary.List.end()) return std::nullopt;
+  return static_cast<int>(found - glossary.List.begin());
 }
 
 }  // namespace
@@ -117,6 +131,22 @@ void SearchNotes(Session& session) {
 }
 
 void ResetNoteSearch(Session& session) { ResetSearch(session.glossary); }
+
+void ShowGlossaryTerm(Session& session, std::string_view subject) {
+  Glossary& glossary = session.glossary;
+  if (!glossary.opened) OpenDefaultGlossary(glossary, session.settings.Op15, session.platform);
+  session.wanted_view = View::ViewGlossary;
+  auto line = LineOf(glossary, subject);
+  if (!line && glossary.search_is_on) {
+    ResetSearch(glossary);
+    line = LineOf(glossary, subject);
+  }
+  if (line) {
+    SelectNote(glossary, *line, session.platform);
+  } else {
+    session.platform.SetStatusPane(kMessagePane, "The glossary has no note \"" + std::string(subject) + "\"");
+  }
+}
 
 bool NoteMayGo(Session& session) {
   if (LeaveNote(session.glossary, session.platform)) return true;

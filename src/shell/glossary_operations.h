@@ -24,6 +24,10 @@ void SelectChosenNote(Session& session);
 void SearchNotes(Session& session);
 void ResetNoteSearch(Session& session);
 
+// Brings the Glossary view to the front with the note of that subject, whatever its case; what a search has left out
+// is back in the list then. Pane 1 says when there is no such note.
+void ShowGlossaryTerm(Session& session, std::string_view subject);
+
 // Whether the program may close as far as the note on show goes: an edited one is saved.
 bool NoteMayGo(Session& session);
 

@@ -3,7 +3,10 @@
 #include <array>
 #include <string>
 
-// The inputs of the options dialog. Paths are texts as they are typed, in the code page.
+#include "platform/path.h"
+
+// The inputs of the options dialog. Paths are texts as they are typed, in UTF-8: not every folder has a name in the
+// code page.
 
 namespace tessara {
 
@@ -17,6 +20,12 @@ struct OptionsForm {
   int Option2 = 0;    // the toolbar style, 0 to 4
   std::string Text1;  // the folder of data files
   std::string Text2;  // the glossary file
+
+  // What the two texts stand for as long as nobody edits them: a name may be bytes that are no text.
+  Path shown_folder;
+  Path shown_glossary;
+  // The folder of data files is another one since the last file was chosen: the next file dialog begins there.
+  bool folder_is_new = false;
 };
 
 }  // namespace tessara

@@ -146,6 +146,7 @@ RunOutcome RunPanel(Session& session) {
 
 void ActivateView(Session& session, View view) {
   session.ActiveView = view;
+  if (view == View::ViewHandbook) session.platform.SetStatusPane(kMessagePane, kReady);
   if (view == View::ViewGlossary && !session.glossary.opened) {
     OpenDefaultGlossary(session.glossary, session.settings.Op15, session.platform);
   }

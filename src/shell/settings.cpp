@@ -165,6 +165,13 @@ void WriteSetting(SettingsStore& store, Platform& platform, const std::string& n
   if (!store.Write(name, value)) ShowStoreRefused(platform);
 }
 
+bool WriteSettings(SettingsStore& store, Platform& platform, std::span<const SettingValue> values) {
+  bool all_written = true;
+  for (const auto& [name, value] : values) all_written = store.Write(name, value) && all_written;
+  if (!all_written) ShowStoreRefused(platform);
+  return all_written;
+}
+
 FrameSize FrameSizeToApply(const Settings& settings) {
   if (settings.Op7 == kMinimisedHeight) return {};
   return {std::max(settings.Op8, kMinFrameWidth), std::max(settings.Op7, kMinFrameHeight)};

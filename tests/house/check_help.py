@@ -2,9 +2,10 @@
 """Checks the help pages: usage: check_help.py TESSARA-CLI INSTALLED-FOLDER
 
 For every page of INSTALLED-FOLDER/Help: the tags are balanced, each relative link leads to a file and an anchor that
-are there, each picture is there and has an alternative text, and the lines of each <pre class="run"> block are
-printed by TESSARA-CLI, without a gap and unchanged. The comment that opens such a block names the sample file and the
-commands of the script, with "; " between them:
+are there, each link "glossary:Subject" to a note of the default glossary, each picture is there and has an alternative
+text, and the lines of each <pre class="run"> block are printed by TESSARA-CLI, without a gap and unchanged. Each topic
+of Index.log has a page. The comment that opens a block names the sample file and the commands of the script, with "; "
+between them:
 
     <pre class="run"><!-- sleep.dcs: control DRUG --eq 1; descriptives EXTRA -->
 
@@ -26,6 +27,17 @@ BLOCK_START = '<pre class="run">'
 BLOCK = re.compile(re.escape(BLOCK_START) + r"(.*?)</pre>", re.DOTALL)
 RECIPE = re.compile(r"\s*<!--\s*([^\s:/\\]+\.dcs):\s*(.*?)\s*-->(.*)", re.DOTALL)
 SECONDS_A_RUN = 60
+GLOSSARY_SCHEME = "glossary"
+RECORD_SIZE = 3080
+SUBJECT = slice(2, 62)
+
+
+def subjects_of(glossary):
+    """The subjects of a glossary file. Its first record holds the count of records and no note."""
+    data = glossary.read_bytes()
+    count = int.from_bytes(data[:2], "little", signed=True)
+    records = [data[at:at + RECORD_SIZE] for at in range(RECORD_SIZE, count * RECORD_SIZE, RECORD_SIZE)]
+    return {record[SUBJECT].decode("cp1252").strip(" ") for record in records} - {""}
 
 
 class Page(HTMLParser):
@@ -87,6 +99,7 @@ class Checker:
         self._program = program
         self._data = installed / "Data"
         self._help = installed / "Help"
+        self._subjects = subjects_of(installed / "Lexicards.lx1")
         self._pages = {}
         self._printed = {}
         self.findings = []
@@ -111,6 +124,7 @@ class Checker:
             for line, link in page.links:
                 self._check_link(path, line, link)
             self._check_blocks(path, texts[path])
+        self._check_topics(self._help / "Index.log")
         return len(texts)
 
     def _find(self, path, finding):
@@ -118,6 +132,10 @@ class Checker:
 
     def _check_link(self, path, line, link):
         parts = urllib.parse.urlsplit(link)
+        if parts.scheme == GLOSSARY_SCHEME:
+            if urllib.parse.unquote(link.partition(":")[2]) not in self._subjects:
+                self._find(path, f'{line}: "{link}" leads to no note of the glossary')
+            return
         if parts.scheme or parts.netloc:
             return
         target = path
@@ -133,6 +151,17 @@ class Checker:
                 self._find(path, f'{line}: "{link}" leads to no anchor')
         elif not parts.path:
             self._find(path, f"{line}: a link leads nowhere")
+
+    def _check_topics(self, path):
+        """Each line of the topic list is a title, a comma and the name of a page; no title stands twice."""
+        titles = set()
+        for number, line in enumerate(path.read_text(encoding="cp1252").splitlines(), 1):
+            title, _, page = line.partition(",")
+            if not title or title in titles:
+                self._find(path, f'{number}: "{title}" is no title, or stands twice')
+            titles.add(title)
+            if (self._help / f"{page}.html").resolve() not in self._pages:
+                self._find(path, f'{number}: "{page}" is no page')
 
     def _check_blocks(self, path, text):
         for match in BLOCK.finditer(text):

@@ -47,7 +47,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 214 &Undo\n"
        " 215 &Redo\n"
        "|201 &Split Large Data Files\n"
-       " 202 &Find Cell Data\n"
+       "|202 &Find Cell Data\n"
        " 803 &Reset Search\n"
        " 203 Find and &Replace Cell Data\n"
        " 216 &Go to Cell\n"
@@ -127,7 +127,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 802 &Delete Current Record\n"
             "|803 &Reset Search\n"
             " 904 Topic\n"
-            " 202 &Find\n"
+            "|202 &Find\n"
             "|207 Add Rows\n"
             " 208 Add Columns\n"
             " 209 Delete Rows\n"
@@ -187,6 +187,12 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
   }
 }
 
+TEST(Toolbar, StaysAwayFromViewsThatHaveKeysOfTheirOwn) {
+  std::string seen;
+  for (int view = 1; view <= kViews; ++view) seen += ToolbarIsVisible(static_cast<View>(view)) ? '+' : '-';
+  EXPECT_EQ(seen, "+-++-++-");
+}
+
 TEST(CommandRows, OneShortcutStandsForOneCommand) {
   std::map<std::string_view, int> commands;
   for (const CommandRow* row : MenuRows()) {
@@ -214,7 +220,7 @@ TEST(CommandRows, EveryEntryHasARowOfItsOwnThatIsWhole) {
 
 TEST_F(CommandTest, StatesByViewWithAnEmptyOutput) {
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-+o++oo+"}, {107, "++++++++"},
+      {101, "++++----"}, {102, "+--+-o--"}, {103, "+--+-o--"}, {110, "+----o--"}, {106, "-+o++o++"}, {107, "++++++++"},
       {204, "+--o----"}, {205, "+--o-o--"}, {206, "o--o-o--"}, {213, "+--o-o--"}, {211, "---o----"}, {350, "---+----"},
       {308, "-++-----"}, {212, "--o-----"}, {401, "++++++++"}, {402, "++++++++"}, {502, "++++++++"}, {503, "oooooooo"},
       {504, "oooooooo"}, {505, "oooooooo"}, {506, "oooooooo"}, {507, "oooooooo"}, {601, "++++++++"}, {602, "++++++++"},
@@ -304,7 +310,7 @@ TEST_F(CommandTest, StatesInTheGridOfTheOutputView) {
   session.output.OutputGridMode = true;
   widgets.clipboard_has_text = true;
   const std::pair<int, const char*> expected[] = {
-      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-+o++oo+"}, {204, "+--o----"},
+      {101, "++++----"}, {102, "+----o--"}, {103, "+----o--"}, {106, "-+o++o++"}, {204, "+--o----"},
       {205, "+--+-o--"}, {206, "+--+-o--"}, {209, "+--+----"}, {210, "+--+----"}, {211, "---+----"},
       {213, "+--+-o--"}, {214, "o--o----"}, {215, "o--o----"}, {301, "+--+----"}, {350, "--------"},
       {451, "---+----"}, {452, "---+----"}, {453, "---+----"}, {454, "---+----"}};

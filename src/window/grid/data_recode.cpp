@@ -15,6 +15,7 @@
 #include "window/grid/recode_pages.h"
 #include "window/grid/recode_preview.h"
 #include "window/stat_procs/variable_lists.h"
+#include "window/widgets/focus_outline.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
@@ -62,6 +63,7 @@ QWidget* DataRecode::BuildVariables() {
   list1_ = new QListView(this);
   list1_->setObjectName("List1");
   list1_->setAccessibleName("Variables");
+  FocusOutline::AskFor(list1_);
   list1_->setModel(variables_);
   list1_->setUniformItemSizes(true);
   list1_->setEditTriggers(QAbstractItemView::NoEditTriggers);

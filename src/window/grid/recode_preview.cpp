@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "data/recode/recode_refusal.h"
+#include "window/widgets/focus_outline.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
@@ -60,6 +61,7 @@ RecodePreviewTable::RecodePreviewTable(QWidget* parent)
   caption_->setTextFormat(Qt::PlainText);
   table_->setObjectName("Preview");
   table_->setAccessibleName("The first cells that change");
+  FocusOutline::AskFor(table_);
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table_->setSelectionMode(QAbstractItemView::NoSelection);
   table_->setFocusPolicy(Qt::NoFocus);

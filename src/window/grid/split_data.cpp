@@ -12,6 +12,7 @@
 
 #include "shell/exchange_questions.h"
 #include "window/stat_procs/variable_lists.h"
+#include "window/widgets/focus_outline.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
@@ -62,6 +63,8 @@ void SplitData::BuildLists() {
   list1_->setObjectName("List1");
   list1_->setModel(variables_);
   list1_->setDragEnabled(false);
+  list1_->setAccessibleName(tr("Current File Variables"));
+  FocusOutline::AskFor(list1_);
   list1_->SetHint(tr("No name or label holds this text"));
   auto* find = new QLineEdit(this);
   find->setObjectName("FindVariable");
@@ -70,6 +73,8 @@ void SplitData::BuildLists() {
   find->setClearButtonEnabled(true);
   list2_ = new QListWidget(this);
   list2_->setObjectName("List2");
+  list2_->setAccessibleName(tr("New File Variables"));
+  FocusOutline::AskFor(list2_);
   list2_->installEventFilter(this);
   auto* current = new QLabel(tr("&Current File Variables"), this);
   current->setBuddy(list1_);

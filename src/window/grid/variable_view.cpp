@@ -15,6 +15,7 @@
 #include <new>
 
 #include "window/grid/variable_table.h"
+#include "window/widgets/focus_outline.h"
 #include "window/widgets/follow_font.h"
 #include "window/widgets/text.h"
 
@@ -53,6 +54,7 @@ VariableView::VariableView(Session& session, QWidget* parent)
 void VariableView::BuildTable() {
   table_->setObjectName("VariableTable");
   table_->setAccessibleName("Variables");
+  FocusOutline::AskFor(table_);
   table_->setModel(model_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

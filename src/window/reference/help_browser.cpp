@@ -1,5 +1,7 @@
 #include "window/reference/help_browser.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScrollBar>
@@ -13,6 +15,7 @@ namespace tessara {
 namespace {
 
 constexpr int kPageMargin = 10;
+constexpr QLatin1String kGlossaryScheme("glossary");
 constexpr const char* kVersionToken = "#version#";  // in a page that tells which version it belongs to
 
 }  // namespace
@@ -20,6 +23,7 @@ constexpr const char* kVersionToken = "#version#";  // in a page that tells whic
 HelpBrowser::HelpBrowser(QtPlatform& platform, QWidget* parent) : QTextBrowser(parent), platform_(platform) {
   setOpenLinks(false);
   setFrameShape(QFrame::NoFrame);
+  link_colour_ = QApplication::palette().color(QPalette::Link);
   document()->setDocumentMargin(kPageMargin);
   document()->setDefaultStyleSheet("h1 { font-size: x-large; } h2 { font-size: large; } h3 { font-size: medium; }");
   connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::Follow);
@@ -35,6 +39,20 @@ void HelpBrowser::resizeEvent(QResizeEvent* event) {
   anchored_at_ = verticalScrollBar()->value();
 }
 
+// A page takes the colour of its links when it is read: it is read anew for another palette.
+void HelpBrowser::changeEvent(QEvent* event) {
+  QTextBrowser::changeEvent(event);
+  const bool palette_changed =
+      event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange;
+  const QColor links = QApplication::palette().color(QPalette::Link);
+  if (!palette_changed || links == link_colour_) return;
+  link_colour_ = links;
+  if (source().isEmpty()) return;
+  const int place = verticalScrollBar()->value();
+  reload();
+  verticalScrollBar()->setValue(place);
+}
+
 QString HelpBrowser::HelpFolder() const { return PathToQt(platform_.ProgramFolder() / "Help"); }
 
 void HelpBrowser::ShowPage(const QString& page) {
@@ -47,8 +65,13 @@ void HelpBrowser::PrintPage() {
   if (platform_.AskPrint({.title = "Print"})) platform_.PrintDocument(*document());
 }
 
-// Pages stay in the browser; everything else goes to the program that the system has for it.
+// Pages stay in the browser, terms are shown by the glossary; everything else goes to the program that the system has
+// for it.
 void HelpBrowser::Follow(const QUrl& link) {
+  if (link.scheme() == kGlossaryScheme) {
+    emit TermAsked(link.path(QUrl::FullyDecoded));
+    return;
+  }
   const QUrl target = source().resolved(link);
   const QString suffix = QFileInfo(target.path()).suffix().toLower();
   if (target.isLocalFile() && (suffix == "html" || suffix == "htm")) {
@@ -61,8 +84,8 @@ void HelpBrowser::Follow(const QUrl& link) {
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   const QUrl target = source().resolved(name);
   if (type == QTextDocument::HtmlResource && !QFileInfo(target.toLocalFile()).isFile()) {
-    return tr("<p>There is no help page for this view in your installation.</p>"
-              "<p>The page would be <i>%1</i> in the folder Help of the program.</p>")
+    return tr("<p>This page is not in your installation.</p>"
+              "<p>It would be <i>%1</i> in the folder Help of the program.</p>")
         .arg(QFileInfo(target.path()).fileName().toHtmlEscaped());
   }
   const QVariant loaded = QTextBrowser::loadResource(type, name);

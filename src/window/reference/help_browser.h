@@ -25,8 +25,13 @@ class HelpBrowser : public QTextBrowser {
 
   QVariant loadResource(int type, const QUrl& name) override;
 
+ signals:
+  // A link to a note of the glossary, "glossary:Mean deviation".
+  void TermAsked(const QString& subject);
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void Follow(const QUrl& link);
@@ -34,6 +39,7 @@ class HelpBrowser : public QTextBrowser {
 
   QtPlatform& platform_;
   int anchored_at_ = 0;  // where the page was scrolled to when it was shown
+  QColor link_colour_;   // of the links of the page that is shown
 };
 
 // The buttons back, forward and print of a browser: Image1(0) to Image1(2).

@@ -13,6 +13,7 @@
 #include "window/stat_procs/procedure_box.h"
 #include "window/stat_procs/sampling_frames.h"
 #include "window/stat_procs/stat_proc1_pages.h"
+#include "window/widgets/accent_button.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/flow_layout.h"
 #include "window/widgets/focus_outline.h"
@@ -138,7 +139,7 @@ QWidget* StatProc1::BuildFooter() {
   auto* footer = new QWidget(this);
   summary_ = new ElidedLabel(footer);
   summary_->setObjectName("RunSummary");
-  run_ = new QPushButton(QIcon::fromTheme("media-playback-start"), "Run", footer);
+  run_ = new AccentButton("media-playback-start", "Run", footer);
   run_->setObjectName("RunButton");
   FocusOutline::AskFor(run_);
   run_->setToolTip("Run the selected procedure (F5)");
@@ -150,12 +151,6 @@ QWidget* StatProc1::BuildFooter() {
     run_->setMinimumWidth(0);
     run_->setMinimumWidth(run_->sizeHint().width() * 3 / 2);
   });
-  QPalette accent = run_->palette();
-  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-    accent.setColor(group, QPalette::Button, palette().color(QPalette::Active, QPalette::Highlight));
-    accent.setColor(group, QPalette::ButtonText, palette().color(QPalette::Active, QPalette::HighlightedText));
-  }
-  run_->setPalette(accent);
   connect(run_, &QPushButton::clicked, this, &StatProc1::Run);
 
   auto* layout = new QHBoxLayout(footer);

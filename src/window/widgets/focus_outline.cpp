@@ -5,6 +5,8 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "window/widgets/contrast.h"
+
 namespace tessara {
 namespace {
 
@@ -49,7 +51,11 @@ void FocusOutline::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool coloured = qobject_cast<QAbstractButton*>(outlined_) != nullptr;
   const QPalette::ColorRole role = coloured ? QPalette::WindowText : QPalette::Highlight;
-  painter.setPen(QPen(palette().color(QPalette::Active, role), kWidth));
+  const QColor line = StandingOut(
+      palette().color(QPalette::Active, role),
+      {palette().color(QPalette::Active, QPalette::Window), palette().color(QPalette::Active, QPalette::Base)},
+      kContrastOfMarks);
+  painter.setPen(QPen(line, kWidth));
   const qreal inside = kWidth / 2.0;
   painter.drawRoundedRect(QRectF(rect()).adjusted(inside, inside, -inside, -inside), kWidth, kWidth);
 }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPainter>
 
+#include "window/widgets/contrast.h"
 #include "window/widgets/text.h"
 
 namespace tessara {
@@ -35,12 +36,25 @@ QColor HintColour(const QPalette& palette) {
   return colour;
 }
 
-void UseHintsOfPalette() {
-  QPalette palette = QApplication::palette();
-  const QColor hint = HintColour(palette);
-  if (palette.color(QPalette::Active, QPalette::PlaceholderText) == hint) return;
-  palette.setColor(QPalette::PlaceholderText, hint);
-  QApplication::setPalette(palette);
+void UseLegibleColours() {
+  const QPalette at_hand = QApplication::palette();
+  QPalette palette = at_hand;
+  palette.setColor(QPalette::PlaceholderText, HintColour(palette));
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    const auto colour = [&](QPalette::ColorRole role) { return palette.color(group, role); };
+    palette.setColor(group, QPalette::HighlightedText,
+                     TextOn(colour(QPalette::Highlight), colour(QPalette::HighlightedText)));
+    for (const QPalette::ColorRole link : {QPalette::Link, QPalette::LinkVisited}) {
+      palette.setColor(group, link,
+                       StandingOut(colour(link), {colour(QPalette::Base), colour(QPalette::Window)}, kContrastOfText));
+    }
+  }
+  if (palette != at_hand) QApplication::setPalette(palette);
+}
+
+QColor TextOn(const QColor& ground, const QColor& usual) {
+  if (ContrastOf(usual, ground) >= kContrastOfText) return usual;
+  return ContrastOf(Qt::white, ground) >= kContrastOfText ? Qt::white : Qt::black;
 }
 
 void PaintLogo(QPainter& painter, const QRectF& place, const QPalette& palette) {

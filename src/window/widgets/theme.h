@@ -19,8 +19,11 @@ QIcon ThemeIcon(const char* name);
 
 // The colour of hints: that of text, faint but legible on any ground.
 QColor HintColour(const QPalette& palette);
-// Gives the program's fields and labels that colour for their hints; called again when the palette changes.
-void UseHintsOfPalette();
+// Gives the program's fields and labels that colour for their hints, and what is selected and what is a link a colour
+// that can be read, where the desktop's cannot; called again when the palette changes.
+void UseLegibleColours();
+// The usual colour of text where it can be read on that ground, else white or black.
+QColor TextOn(const QColor& ground, const QColor& usual);
 
 // The mark of the product: tiles laid into rising bars, in the palette's accent colour.
 void PaintLogo(QPainter& painter, const QRectF& place, const QPalette& palette);
