@@ -325,6 +325,21 @@ bool SelectNote(Glossary& glossary, int line, Platform& platform) {
   return true;
 }
 
+bool ShowRecord(Glossary& glossary, int number, Platform& platform) {
+  if (number < kFirstNote || number > glossary.LastRecord) {
+    ShowError(platform, "Please select a record");
+    return false;
+  }
+  if (!LeaveNote(glossary, platform)) return false;
+  auto record = ReadRecord(glossary.GlossaryFile, number);
+  if (!record) {
+    ShowUnreadable(platform, glossary.GlossaryFile);
+    return false;
+  }
+  Show(glossary, NoteOf(number, *std::move(record)));
+  return true;
+}
+
 bool SaveGlossaryAs(Glossary& glossary, const Path& path, Platform& platform) {
   std::error_code ignored;
   if (std::filesystem::equivalent(path, glossary.GlossaryFile, ignored)) return SaveNote(glossary, platform);

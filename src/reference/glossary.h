@@ -80,6 +80,9 @@ bool DeleteNote(Glossary& glossary, Platform& platform);
 // Shows the note of a line of the list, counted from 0.
 bool SelectNote(Glossary& glossary, int line, Platform& platform);
 
+// Shows a record by its number, also one that the list leaves out. False, and a box, when there is none of that number.
+bool ShowRecord(Glossary& glossary, int number, Platform& platform);
+
 // Writes the file, with the note on show as it was edited, under another name and goes on with that. False, and a box,
 // when that fails.
 bool SaveGlossaryAs(Glossary& glossary, const Path& path, Platform& platform);

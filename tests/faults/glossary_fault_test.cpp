@@ -139,7 +139,9 @@ TEST_P(GlossaryFaults, FilesOfASaveUnderAnotherName) {
     EXPECT_EQ(saved, !desk.glossary.NoteDirty) << "at call " << number;
     const bool is_there = FactsOfFile(copy).has_value();
     EXPECT_TRUE(is_there || !saved);
-    if (is_there) EXPECT_EQ(ContentOf(copy), FileOf(kEdited)) << "at call " << number;
+    if (is_there) {
+      EXPECT_EQ(ContentOf(copy), FileOf(kEdited)) << "at call " << number;
+    }
     desk.ExpectNames(is_there ? std::vector<std::string>{"copy.lx1", "own.lx1", "terms.txt"} : kNames, number);
     return failed;
   });
@@ -160,8 +162,12 @@ TEST_P(GlossaryFaults, FilesOfAnImport) {
     const Path kept = desk.folder / "Temp (as found).lx1";
     const std::string bytes = ContentOf(target);
     EXPECT_TRUE(bytes == FileOf(kOld) || bytes == imported) << "at call " << number;
-    if (bytes == imported) EXPECT_EQ(ContentOf(kept), FileOf(kOld)) << "at call " << number;
-    if (outcome != ImportedGlossary::kImported) EXPECT_EQ(desk.glossary.Text2, "edited") << "at call " << number;
+    if (bytes == imported) {
+      EXPECT_EQ(ContentOf(kept), FileOf(kOld)) << "at call " << number;
+    }
+    if (outcome != ImportedGlossary::kImported) {
+      EXPECT_EQ(desk.glossary.Text2, "edited") << "at call " << number;
+    }
     EXPECT_EQ(outcome == ImportedGlossary::kRefused, !desk.platform.messages.empty()) << "at call " << number;
     return failed;
   });

@@ -73,7 +73,7 @@ void PrintList(const GlossaryLine& line) {
   line.batch.stream.PrintText(text);
 }
 
-// Shows the note of the record that a word names. A record without a note is refused in a box.
+// Shows the record that a word names. One that is none is refused in a box.
 CommandResult SelectRecord(GlossaryLine& line) {
   const std::string& word = line.Word(2);
   int number = 0;
@@ -81,14 +81,8 @@ CommandResult SelectRecord(GlossaryLine& line) {
   if (error != std::errc() || end != word.data() + word.size()) {
     return NotUnderstood(Quoted(word) + " is not the number of a record");
   }
-  const auto& list = line.glossary.List;
-  const auto found = std::ranges::find(list, number, &GlossarySubject::record);
-  if (found == list.end()) {
-    line.platform().ShowMessage({"Error", "Please select a record"});
-    return {BatchStatus::kRefused, {}};
-  }
-  SelectNote(line.glossary, static_cast<int>(found - list.begin()), line.platform());
-  return Done();
+  if (ShowRecord(line.glossary, number, line.platform())) return Done();
+  return {BatchStatus::kRefused, {}};
 }
 
 CommandResult RunList(GlossaryLine& line) {

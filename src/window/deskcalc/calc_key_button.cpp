@@ -16,6 +16,7 @@ constexpr qreal kFunctionTint = 0.07;
 constexpr qreal kOperatorTint = 0.22;
 constexpr qreal kHoverTint = 0.10;
 constexpr qreal kPressedTint = 0.24;
+constexpr int kPressedDarker = 125;  // percent
 
 QColor Mixed(const QColor& a, const QColor& b, qreal share_of_b) {
   const auto mix = [share_of_b](int x, int y) { return static_cast<int>(x + (y - x) * share_of_b); };
@@ -66,13 +67,14 @@ QColor CalcKeyButton::Ground() const {
       ground = Mixed(window, text, kFunctionTint);
       break;
   }
-  if (isDown()) return Mixed(ground, text, kPressedTint);
+  if (isDown())
+    return face_.kind == CalcKeyKind::kEqual ? ground.darker(kPressedDarker) : Mixed(ground, text, kPressedTint);
   return underMouse() && isEnabled() ? Mixed(ground, text, kHoverTint) : ground;
 }
 
 QColor CalcKeyButton::Ink() const {
   const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-  if (face_.kind == CalcKeyKind::kEqual && !isDown()) return palette().color(group, QPalette::HighlightedText);
+  if (face_.kind == CalcKeyKind::kEqual) return palette().color(group, QPalette::HighlightedText);
   return palette().color(group, face_.kind == CalcKeyKind::kDigit ? QPalette::Text : QPalette::WindowText);
 }
 

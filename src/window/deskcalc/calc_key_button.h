@@ -24,6 +24,7 @@ class CalcKeyButton : public QAbstractButton {
   void Flash();
 
   QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

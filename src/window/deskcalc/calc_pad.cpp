@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QScreen>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -143,6 +144,8 @@ QWidget* CalcPad::BuildMemory(const Memory& memory) {
   auto* row = new QWidget(pad_);
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
+  auto* caption = new QLabel(memory.caption, row);
+  layout->addWidget(caption);
   auto* label = new QLabel(row);
   label->setObjectName(memory.label);
   label->setTextFormat(Qt::PlainText);
@@ -163,7 +166,7 @@ QWidget* CalcPad::BuildMemory(const Memory& memory) {
       [this, cell] { StoreCalculatorMemory(session_, cell); });
   add(1, "MR", tr("Recall %1").arg(name), "Memory contents", [this, cell] { RecallMemory(calculator_, cell); });
   add(2, "MC", tr("Clear %1").arg(name), tr("Clear the memory"), [this, cell] { ClearMemory(calculator_, cell); });
-  layout->insertWidget(0, label, 1);
+  layout->insertWidget(1, label, 1);
   return row;
 }
 
@@ -188,6 +191,8 @@ void CalcPad::BuildTape() {
   tape_->setObjectName("List1");
   tape_->setAccessibleName(tr("Calculations"));
   tape_->setUniformItemSizes(true);
+  tape_->setTextElideMode(Qt::ElideNone);
+  tape_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   tape_->setModel(tape_model_);
   tape_->setContextMenuPolicy(Qt::CustomContextMenu);
   FocusOutline::AskFor(tape_);
@@ -206,12 +211,12 @@ void CalcPad::LayOut() {
   left->setContentsMargins(0, 0, 0, 0);
   left->addLayout(head);
   left->addWidget(display_);
-  left->addWidget(BuildMemory({CalcMemory::kFirst, "Label1", "memory 1", kFirstMemoryImage}));
-  left->addWidget(BuildMemory({CalcMemory::kSecond, "Label2", "memory 2", kFirstMemoryImage + kImagesOfMemory}));
+  left->addWidget(BuildMemory({CalcMemory::kFirst, "Label1", "M1", "memory 1", kFirstMemoryImage}));
+  left->addWidget(BuildMemory({CalcMemory::kSecond, "Label2", "M2", "memory 2", kFirstMemoryImage + kImagesOfMemory}));
   left->addSpacing(left->spacing());
   left->addWidget(BuildKeys(), 1);
   auto* layout = new QHBoxLayout(this);
-  layout->addWidget(pad_, 2);
+  layout->addWidget(pad_, 1);
   layout->addWidget(tape_, 1);
   QWidget* last = menu_button_;
   for (QWidget* next : {static_cast<QWidget*>(display_), pad_->findChild<QWidget*>("Image1(7)")}) {
@@ -230,7 +235,10 @@ void CalcPad::Measure() {
   if (font().pointSizeF() > 0) fixed.setPointSizeF(font().pointSizeF());
   tape_->setFont(fixed);
   const QFontMetrics metrics(fixed);
-  tape_->setMinimumWidth(metrics.horizontalAdvance('0') * kTapeCharacters);
+  const int bar = tape_->verticalScrollBar()->sizeHint().width();
+  tape_->setMinimumWidth(metrics.horizontalAdvance('0') * kTapeCharacters + bar + 2 * tape_->frameWidth());
+  const int icon = fontMetrics().height();
+  for (QToolButton* button : {viewbar_, menu_button_}) button->setIconSize({icon, icon});
   if (isVisible()) adjustSize();
 }
 

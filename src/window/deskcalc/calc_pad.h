@@ -46,6 +46,7 @@ class CalcPad : public QWidget {
   struct Memory {
     CalcMemory cell;
     const char* label;
+    const char* caption;
     const char* name;
     int first_image;
   };

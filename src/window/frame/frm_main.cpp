@@ -29,9 +29,9 @@
 #include "window/frame/topic_box.h"
 #include "window/grid/data1.h"
 #include "window/output/output1.h"
+#include "window/reference/glossary1.h"
 #include "window/reference/handbook1.h"
 #include "window/reference/help_pane.h"
-#include "window/reference/page_view.h"
 #include "window/reference/tips.h"
 #include "window/stat_procs/stat_proc1.h"
 #include "window/system/qt_platform.h"
@@ -47,12 +47,6 @@ namespace {
 constexpr int kLargeIcon = 32;
 constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
-
-PageText GlossaryPage() {
-  return {"view-list-text", QObject::tr("Glossary"),
-          QObject::tr("A glossary of statistical terms has its place here, one note for each term, which you can "
-                      "search and extend with notes of your own.")};
-}
 
 // The data file of a drag, if it brings one.
 Path DroppedFile(const QMimeData& data) {
@@ -169,7 +163,7 @@ void FrmMain::BuildWorkspace() {
   AddView(output_, "Output1", tr("Output"), "text-x-generic");
   AddView(new Charts1(platform_, session_), "Charts1", tr("Charts"), "office-chart-bar");
   AddView(new Brevarum1(platform_, session_), "Brevarum1", tr("Brevarum"), "accessories-calculator");
-  AddView(new PageView(session_, View::ViewGlossary, GlossaryPage()), "Glossary1", tr("Glossary"), "view-list-text");
+  AddView(new Glossary1(session_), "Glossary1", tr("Glossary"), "view-list-text");
   AddView(new Handbook1(platform_, session_), "Handbook1", tr("Handbook"), "documentation");
   if (session_.settings.Op16 == 0) {
     AddView(new Tips(platform_, session_), "Tips", tr("Tips"), "help-hint");
@@ -278,8 +272,8 @@ void FrmMain::TabChanged() {
   if (!form) return;
   const bool by_user = busy_ == 0;
   if (by_user) StoreViews();
-  ActivateView(session_, form->view());
   const Busy busy(*this);
+  platform_.WithinMemory([&] { ActivateView(session_, form->view()); });
   form->ShowSession();
   if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
   // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.

@@ -60,6 +60,7 @@ FirstSteps::FirstSteps(Path samples, QWidget* parent) : QFrame(parent), samples_
       AddOffer("ReadFirstSteps", tr("Read the first steps"), "help-contents", tr("From data to a report"));
   connect(read, &QPushButton::clicked, this, [this] { emit HelpAsked("Index.html#first"); });
 
+  for (int column = 0; column < kColumns; ++column) layout->setColumnStretch(column, 1);
   auto* hint = new QLabel("Open a data file (Ctrl+O) or drop one here", this);
   hint->setObjectName("GridHint");
   hint->setAlignment(Qt::AlignCenter);
@@ -68,6 +69,7 @@ FirstSteps::FirstSteps(Path samples, QWidget* parent) : QFrame(parent), samples_
     const int line = fontMetrics().height();
     layout->setContentsMargins(line * 3 / 2, line, line * 3 / 2, line);
     layout->setSpacing(line / 2);
+    for (QPushButton* offer : buttons_) offer->setIconSize({line, line});
   });
   connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &FirstSteps::LookAtClipboard);
 }

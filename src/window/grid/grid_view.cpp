@@ -189,13 +189,16 @@ void GridView::ShowBlock() {
   TellFocus();
 }
 
+int GridView::SpokenPart(const GridPlace& place) const {
+  return static_cast<int>(place.row) * (model()->columnCount() + 1) + static_cast<int>(place.column);
+}
+
 // A heading or a record number is no cell of the model, so that nobody else tells those who have the grid read to them.
 void GridView::TellFocus() {
   const GridPlace cursor = CursorOf(data_);
   if (!QAccessible::isActive() || (cursor.row != 0 && cursor.column != 0)) return;
   QAccessibleEvent event(this, QAccessible::Focus);
-  // Row by row, headings and record numbers among them.
-  event.setChild(static_cast<int>(cursor.row) * (model()->columnCount() + 1) + static_cast<int>(cursor.column));
+  event.setChild(SpokenPart(cursor));
   QAccessible::updateAccessibility(&event);
 }
 

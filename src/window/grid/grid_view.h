@@ -40,6 +40,9 @@ class GridView : public TypingView {
     QRect place;
   };
   EntryPlace PlaceOfEntry(const GridPlace& cell);
+  // The number under which a reader of the screen has a place among the grid's parts: row by row, the headings and the
+  // record numbers first.
+  int SpokenPart(const GridPlace& place) const;
   // Keeps a widget on the grid in its middle, over the cells.
   void StandInMiddle(QWidget* widget);
 
