@@ -42,7 +42,7 @@ std::vector<OptionRow> RowsOf(const CommandRow& command) {
   return rows;
 }
 
-bool IsCommandName(std::string_view word) { return FindCommand(word) || IsLaterCommand(word); }
+bool IsCommandName(std::string_view word) { return FindCommand(word) != nullptr; }
 
 // Walks the command line. Each step that cannot understand its words leaves an error.
 class CommandLineReader {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <string>
 
 #if defined(_WIN32)
@@ -38,6 +39,7 @@ int Open(const Path& path, FileUse use) {
 std::int64_t Read(int file, char* bytes, std::size_t size) {
   return ::_read(file, bytes, static_cast<unsigned>(std::min(size, kMostAtOnce)));
 }
+bool GoTo(int file, std::int64_t place) { return ::_lseeki64(file, place, SEEK_SET) == place; }
 std::int64_t Write(int file, const char* bytes, std::size_t size) {
   return ::_write(file, bytes, static_cast<unsigned>(std::min(size, kMostAtOnce)));
 }
@@ -81,6 +83,8 @@ int Open(const Path& path, FileUse use) {
 }
 
 std::int64_t Read(int file, char* bytes, std::size_t size) { return ::read(file, bytes, std::min(size, kMostAtOnce)); }
+
+bool GoTo(int file, std::int64_t place) { return ::lseek(file, place, SEEK_SET) == place; }
 
 std::int64_t Write(int file, const char* bytes, std::size_t size) {
   return ::write(file, bytes, std::min(size, kMostAtOnce));
@@ -146,8 +150,8 @@ bool KeepAttribute(const Path&, const char*, int) { return true; }
 }  // namespace
 
 FileCalls SystemFileCalls() {
-  return {Open,        Read,   Write,     FlushFile, Close,    TakeName,     Link,
-          FlushFolder, Remove, KeepOwner, KeepGroup, KeepMode, KeepAttribute};
+  return {Open, Read,        GoTo,   Write,     FlushFile, Close,    TakeName,
+          Link, FlushFolder, Remove, KeepOwner, KeepGroup, KeepMode, KeepAttribute};
 }
 
 FileCalls& CallsOfFiles() {

@@ -20,6 +20,7 @@ enum class FileUse {
 struct FileCalls {
   int (*open)(const Path& path, FileUse use);  // -1 when it fails
   std::int64_t (*read)(int file, char* bytes, std::size_t size);
+  bool (*go_to)(int file, std::int64_t place);  // where the next read begins
   std::int64_t (*write)(int file, const char* bytes, std::size_t size);
   bool (*flush)(int file);
   bool (*close)(int file);

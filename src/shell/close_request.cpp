@@ -3,6 +3,7 @@
 #include "data/change_door.h"
 #include "presentation/tab_delimited.h"
 #include "shell/file_questions.h"
+#include "shell/glossary_operations.h"
 
 namespace tessara {
 namespace {
@@ -39,7 +40,7 @@ bool OutputMayGo(Session& session) {
 
 bool RequestClose(Session& session) {
   const bool data_changed = session.data.DataDirty;
-  if (!DataMayGo(session) || !OutputMayGo(session)) return false;
+  if (!DataMayGo(session) || !OutputMayGo(session) || !NoteMayGo(session)) return false;
   if (data_changed) DropData(session.data);
   session.data.DataDirty = false;
   session.output.OutputChanged = false;

@@ -6,6 +6,7 @@
 #include "shell/command_rules.h"
 #include "shell/file_questions.h"
 #include "shell/format_operations.h"
+#include "shell/glossary_operations.h"
 #include "shell/grid_operations.h"
 #include "shell/handbook_operations.h"
 #include "shell/office_operations.h"
@@ -22,7 +23,6 @@ namespace {
 
 using enum View;
 
-constexpr std::string_view kNoGlossary = "The glossary is not part of this version";
 constexpr std::string_view kNothingToUndo = "There is nothing to undo";
 constexpr std::string_view kNothingToRedo = "There is nothing to redo";
 constexpr std::string_view kNoOutput = "There is no output yet";
@@ -48,7 +48,7 @@ constexpr CommandRow kFileCommands[] = {
      .tooltip = "Open an existing file",
      .uses = {{.views = ViewDataGrid, .caption = "Open Data File", .run = AskAndOpenData},
               {.views = ViewOutput, .caption = "Open Text File", .shown = InTextMode, .run = OpenText},
-              {.views = ViewGlossary, .caption = "Open Glossary File", .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .caption = "Open Glossary File", .run = AskAndOpenGlossary}}},
     {.id = 103,
      .caption = "&Save Data",
      .icon = "document-save",
@@ -56,25 +56,25 @@ constexpr CommandRow kFileCommands[] = {
      .tooltip = "Save the active file",
      .uses = {{.views = ViewDataGrid, .caption = "Save Data", .run = SaveDataOrAsk},
               {.views = ViewOutput, .caption = "Save Output", .shown = InTextMode, .run = SaveText},
-              {.views = ViewGlossary, .caption = "Save Note", .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .caption = "Save Note", .run = SaveShownNote}}},
     {.id = 110,
      .caption = "&Save Glossary As",
      .icon = "document-save-as",
      .shortcut = "Ctrl+Shift+S",
      .uses = {{.views = ViewDataGrid, .caption = "Save Data As...", .run = AskAndSaveData},
-              {.views = ViewGlossary, .caption = "Save Glossary As...", .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .caption = "Save Glossary As...", .run = SaveGlossaryUnderName}}},
     {.id = 104,
      .caption = "&Import Data",
      .icon = "document-import",
      .shortcut = "Ctrl+I",
      .uses = {{.views = ViewDataGrid, .caption = "Import Data", .run = PrepareImport},
-              {.views = ViewGlossary, .caption = "Import Tab Delimited File", .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .caption = "Import Tab Delimited File", .run = AskAndImportGlossary}}},
     {.id = 105,
      .caption = "&Export Data",
      .icon = "document-export",
      .shortcut = "Ctrl+E",
      .uses = {{.views = ViewDataGrid, .caption = "Export Data", .run = PrepareExport},
-              {.views = ViewGlossary, .caption = "Export Tab Delimited File", .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .caption = "Export Tab Delimited File", .run = AskAndExportGlossary}}},
     {.id = 108,
      .caption = "&Export to Excel",
      .icon = "x-office-spreadsheet",
@@ -95,7 +95,7 @@ constexpr CommandRow kFileCommands[] = {
               {.views = ViewOutput, .shown = InTextMode, .run = PrintText},
               {.views = ViewOutput, .run = PrintTable},
               {.views = ViewCharts, .run = TellWhereChartsPrint},
-              {.views = ViewGlossary, .reason = kNoGlossary},
+              {.views = ViewGlossary, .run = PrintShownNote},
               {.views = {ViewHandbook, ViewTips}, .run = WidgetAction::kPrintPage}}},
     {.id = kExitCommand,
      .caption = "&Exit",
@@ -173,11 +173,12 @@ constexpr CommandRow kEditCommands[] = {
      .icon = "edit-copy",
      .shortcut = "Ctrl+C",
      .tooltip = "Copy Selection",
-     .uses = {{.views = ViewDataGrid, .run = CopyCells},
-              {.views = ViewBrevarum, .run = CopyCalculation, .in_bars = false},
-              {.views = ViewOutput, .shown = InGridMode, .run = CopyTable},
-              {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCopy, .reason = kNoSelection},
-              {.views = ViewGlossary, .reason = kNoGlossary}}},
+     .uses =
+         {{.views = ViewDataGrid, .run = CopyCells},
+          {.views = ViewBrevarum, .run = CopyCalculation, .in_bars = false},
+          {.views = ViewOutput, .shown = InGridMode, .run = CopyTable},
+          {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCopy, .reason = kNoSelection},
+          {.views = ViewGlossary, .enabled = HasNoteSelection, .run = WidgetAction::kCopy, .reason = kNoSelection}}},
     {.id = kPasteCommand,
      .caption = "&Paste",
      .icon = "edit-paste",
@@ -187,7 +188,7 @@ constexpr CommandRow kEditCommands[] = {
          {{.views = ViewDataGrid, .enabled = ClipboardHasText, .run = PasteCells, .reason = kNoText},
           {.views = ViewOutput, .shown = InGridMode, .enabled = ClipboardHasText, .run = PasteTable, .reason = kNoText},
           {.views = ViewOutput, .enabled = ClipboardHasText, .run = WidgetAction::kPaste, .reason = kNoText},
-          {.views = ViewGlossary, .reason = kNoGlossary}}},
+          {.views = ViewGlossary, .enabled = ClipboardHasText, .run = WidgetAction::kPaste, .reason = kNoText}}},
     {.id = kCutCommand,
      .caption = "&Cut",
      .icon = "edit-cut",
@@ -196,7 +197,7 @@ constexpr CommandRow kEditCommands[] = {
      .uses = {{.views = ViewDataGrid, .run = CutCells},
               {.views = ViewOutput, .shown = InGridMode, .run = CutTable},
               {.views = ViewOutput, .enabled = HasOutputSelection, .run = WidgetAction::kCut, .reason = kNoSelection},
-              {.views = ViewGlossary, .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .enabled = HasNoteSelection, .run = WidgetAction::kCut, .reason = kNoSelection}}},
     {.id = 207,
      .caption = "Add &Rows",
      .icon = "edit-table-insert-row-below",
@@ -310,13 +311,13 @@ constexpr CommandRow kRecodeCommands[] = {
      .shortcut = "Ctrl+F",
      .tooltip = "Find Requested Item",
      .uses = {{.views = ViewDataGrid, .caption = "Find Cell Data", .run = OpenRecodeMode<RecodeMode::kFind>},
-              {.views = ViewGlossary, .caption = "Search Glossary", .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .caption = "Search Glossary", .run = SearchNotes}}},
     {.id = 803,
      .caption = "&Reset Search",
      .icon = "edit-clear",
      .tooltip = "Reset Search",
      .uses = {{.views = ViewDataGrid, .enabled = SearchIsGoing, .run = ResetGridSearch, .reason = "No match is marked"},
-              {.views = ViewGlossary, .reason = kNoGlossary}}},
+              {.views = ViewGlossary, .run = ResetNoteSearch}}},
     {.id = 203,
      .caption = "Find and &Replace Cell Data",
      .icon = "edit-find-replace",
@@ -355,12 +356,13 @@ constexpr CommandRow kGlossaryCommands[] = {
      .caption = "&Add Record",
      .icon = "list-add",
      .tooltip = "Add a Record",
-     .uses = {{.views = ViewGlossary, .reason = kNoGlossary}}},
+     .uses = {{.views = ViewGlossary, .run = AddNewNote}}},
     {.id = kDeleteNoteCommand,
      .caption = "&Delete Current Record",
      .icon = "edit-delete",
      .tooltip = "Delete Current Record",
-     .uses = {{.views = ViewGlossary, .reason = kNoGlossary}}},
+     .uses = {{.views = ViewGlossary, .run = DeleteShownNote}}},
+    {.id = kSelectNoteCommand, .uses = {{.views = ViewGlossary, .run = SelectChosenNote, .in_bars = false}}},
 };
 
 constexpr CommandRow kHandbookCommands[] = {
@@ -390,7 +392,7 @@ constexpr CommandRow kHandbookCommands[] = {
      .uses = {{.views = ViewHandbook, .run = WidgetAction::kGoHome}}},
     {.id = kTopicBoxCommand,
      .caption = "Topic",
-     .uses = {{.views = ViewGlossary, .reason = kNoGlossary}, {.views = ViewHandbook, .run = ShowChosenTopic}}},
+     .uses = {{.views = ViewGlossary, .run = SearchNotes}, {.views = ViewHandbook, .run = ShowChosenTopic}}},
 };
 
 constexpr CommandRow kOptionsCommands[] = {

@@ -55,6 +55,8 @@ bool SearchIsGoing(const Session& session, const WidgetState&) {
 
 bool HasCalculation(const Session& session, const WidgetState&) { return CanCopyResult(session.brevarum); }
 
+bool HasNoteSelection(const Session&, const WidgetState& widgets) { return widgets.note_has_selection; }
+
 bool HelpPaneIsVisible(const Session& session, const WidgetState&) { return session.help_pane_visible; }
 
 bool PageCanGoBack(const Session&, const WidgetState& widgets) { return widgets.page_can_go_back; }

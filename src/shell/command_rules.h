@@ -30,6 +30,8 @@ bool ClipboardHasText(const Session& session, const WidgetState& widgets);
 // A match is marked in the grid, or the next search does not start from the top.
 bool SearchIsGoing(const Session& session, const WidgetState& widgets);
 bool HasCalculation(const Session& session, const WidgetState& widgets);
+// In one of the two boxes of a note.
+bool HasNoteSelection(const Session& session, const WidgetState& widgets);
 bool HelpPaneIsVisible(const Session& session, const WidgetState& widgets);
 bool PageCanGoBack(const Session& session, const WidgetState& widgets);
 bool PageCanGoForward(const Session& session, const WidgetState& widgets);

@@ -42,9 +42,10 @@ const std::vector<CommandMenu>& MenuBar() {
       {"&File", {{101}, {102}, {103, kGroup}, {110}, {104, kGroup}, {105}, {108}, {109}, {106, kGroup}, {107, kGroup}}},
       {"&Edit",
        {
-           {214}, {215},         {201, kGroup}, {202}, {803}, {203}, {216},         {204, kGroup}, {205, kGroup}, {206},
-           {213}, {207, kGroup}, {208},         {209}, {210}, {212}, {211, kGroup}, {451},         {452},         {453},
-           {454}, {801, kGroup}, {802},         {901}, {902}, {903}, {350},         {217, kGroup},
+           {214},         {215},         {201, kGroup}, {202, kGroup}, {803},         {203}, {216},
+           {204, kGroup}, {205, kGroup}, {206},         {213},         {207, kGroup}, {208}, {209},
+           {210},         {212},         {211, kGroup}, {451},         {452},         {453}, {454},
+           {801, kGroup}, {802},         {901},         {902},         {903},         {350}, {217, kGroup},
        }},
       {"&Variable", {{301}, {310}, {302}, {303}, {304}, {305}, {306}, {307, kGroup}, {308, kGroup}}},
       {"&Options", {{405}, {401}, {402}, {404, kGroup}}},
@@ -74,7 +75,7 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 802},
       {.id = 803, .begin_group = kGroup},
       {.id = 904, .begin_group_in = View::ViewGlossary},
-      {.id = 202, .caption = "&Find", .style = kText},
+      {.id = 202, .begin_group = kGroup, .caption = "&Find", .style = kText},
       {.id = 207, .begin_group = kGroup, .caption = "Add Rows"},
       {.id = 208, .caption = "Add Columns"},
       {.id = 209},
@@ -94,6 +95,10 @@ const std::vector<BarEntry>& Toolbar() {
       {.id = 602, .begin_group = kGroup, .caption = "Help &Window", .style = kText},
   };
   return entries;
+}
+
+bool ToolbarIsVisible(View view) {
+  return view != View::ViewStatProcs && view != View::ViewCharts && view != View::ViewTips;
 }
 
 std::string_view CaptionOf(const BarEntry& entry) {

@@ -30,6 +30,8 @@ struct CommandMenu {
 
 const std::vector<CommandMenu>& MenuBar();
 const std::vector<BarEntry>& Toolbar();
+// Views with keys of their own for what they do go without the toolbar.
+bool ToolbarIsVisible(View view);
 // The caption of an entry, "&" ahead of its access letter.
 std::string_view CaptionOf(const BarEntry& entry);
 

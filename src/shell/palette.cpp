@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/command_table.h"
+#include "shell/glossary_operations.h"
 #include "shell/handbook_operations.h"
 #include "shell/palette_search.h"
 
@@ -213,8 +214,8 @@ struct Chooser {
 
   WidgetAction operator()(const TopicTarget& target) const { return ShowTopicOfRow(session, target.row); }
   WidgetAction operator()(const PageTarget& target) const { return ShowHelpPage(session, target.page); }
-  WidgetAction operator()(const TermTarget&) const {
-    session.wanted_view = View::ViewGlossary;
+  WidgetAction operator()(const TermTarget& target) const {
+    ShowGlossaryTerm(session, target.subject);
     return WidgetAction::kNone;
   }
 };

@@ -138,10 +138,12 @@ void MakeSearchable(PaletteEntry& entry) {
 std::vector<std::size_t> FindInPalette(const std::vector<PaletteEntry>& entries, std::string_view text) {
   const Wanted wanted = WantedOf(text);
   if (wanted.text.empty()) return {};
-  std::array<std::vector<std::size_t>, kNoFit> found;
+  std::array<std::vector<std::size_t>, 2 * kNoFit> found;  // of each fit what can be chosen ahead of what cannot
   for (std::size_t i = 0; i < entries.size(); ++i) {
     const std::size_t fit = FitOf(entries[i], wanted);
-    if (fit != kNoFit && found[fit].size() < kMostFound) found[fit].push_back(i);
+    if (fit == kNoFit) continue;
+    auto& equal = found[2 * fit + (entries[i].enabled ? 0 : 1)];
+    if (equal.size() < kMostFound) equal.push_back(i);
   }
   std::vector<std::size_t> all;
   for (const std::vector<std::size_t>& equal : found) all.insert(all.end(), equal.begin(), equal.end());

@@ -21,8 +21,8 @@ void MakeSearchable(PaletteEntry& entry);
 // The places of the entries that a text finds, the best ones first, kMostFound at most: those whose caption is the text
 // or begins with it, those with a word that does, those whose words begin with the typed pieces in their order, those
 // where the pieces begin words of the caption or of what stands beside it in any order, and those with the typed
-// letters in their order. Case and accents do not count; entries that are equal so far keep their order. Nothing is
-// found by a text without letters and digits.
+// letters in their order. Case and accents do not count. Of those that are equal so far what cannot be chosen comes
+// last; otherwise they keep their order. Nothing is found by a text without letters and digits.
 std::vector<std::size_t> FindInPalette(const std::vector<PaletteEntry>& entries, std::string_view text);
 
 // What was chosen last, the latest first.

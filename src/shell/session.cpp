@@ -10,6 +10,7 @@
 #include "numerics/dates.h"
 #include "platform/files.h"
 #include "procedures/follow_data.h"
+#include "shell/glossary_operations.h"
 
 namespace tessara {
 namespace {
@@ -146,6 +147,9 @@ RunOutcome RunPanel(Session& session) {
 void ActivateView(Session& session, View view) {
   session.ActiveView = view;
   if (view == View::ViewHandbook) session.platform.SetStatusPane(kMessagePane, kReady);
+  if (view == View::ViewGlossary && !session.glossary.opened) {
+    OpenDefaultGlossary(session.glossary, session.settings.Op15, session.platform);
+  }
 }
 
 std::string_view HelpPage(View view) {
@@ -179,7 +183,7 @@ void RefreshStatus(Session& session) {
       platform.SetStatusPane(3, ShortDate(platform.Now().date));
       break;
     case View::ViewGlossary:
-      platform.SetStatusPane(2, std::to_string(session.glossary.notes) + " Notes");
+      platform.SetStatusPane(2, GlossaryPane(session.glossary));
       platform.SetStatusPane(3, ShortDate(platform.Now().date));
       break;
     case View::ViewHandbook:

@@ -121,7 +121,7 @@ void FollowPanel(Session& session);
 // Runs the panel's procedure.
 RunOutcome RunPanel(Session& session);
 
-// A view has come to the front.
+// A view has come to the front. The Glossary view opens its file when it does so for the first time.
 void ActivateView(Session& session, View view);
 // The page of the help pane for a view, a file of the Help folder.
 std::string_view HelpPage(View view);

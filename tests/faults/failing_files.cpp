@@ -21,6 +21,7 @@ int Open(const Path& path, FileUse use) { return Fails() ? -1 : SystemFileCalls(
 std::int64_t Read(int file, char* bytes, std::size_t size) {
   return Fails() ? -1 : SystemFileCalls().read(file, bytes, size);
 }
+bool GoTo(int file, std::int64_t place) { return !Fails() && SystemFileCalls().go_to(file, place); }
 std::int64_t Write(int file, const char* bytes, std::size_t size) {
   // A disk that fills up takes a part of it first.
   if (Fails()) return -1;
@@ -44,6 +45,7 @@ FailingFiles::FailingFiles(std::size_t number, Fault fault) {
   FileCalls& calls = CallsOfFiles();
   calls.open = Open;
   calls.read = Read;
+  calls.go_to = GoTo;
   calls.write = Write;
   calls.flush = Flush;
   calls.close = Close;

@@ -54,17 +54,13 @@ constexpr const CommandRow* kCommands[] = {
     &kTableCommand,
     &kBrevarumCommand,
     &kCalculatorCommand,
+    &kGlossaryCommand,
     &kChartsCommand,
     &kRecentCommand,
     &kTabDelimitedCommand,
     &kPrintCommand,
     &kWordCommand,
     &kExcelCommand,
-};
-
-// Commands of the language that this version does not have.
-constexpr std::string_view kLaterCommands[] = {
-    "glossary",
 };
 
 }  // namespace
@@ -76,10 +72,6 @@ const CommandRow* FindCommand(std::string_view name) {
   return found == std::end(kCommands) ? nullptr : *found;
 }
 
-bool IsLaterCommand(std::string_view name) {
-  return std::ranges::find(kLaterCommands, name) != std::end(kLaterCommands);
-}
-
 const CommandRow& NearestCommand(std::string_view word) {
   std::vector<std::string_view> names;
   for (const CommandRow* row : kCommands) names.push_back(row->name);
@@ -87,7 +79,6 @@ const CommandRow& NearestCommand(std::string_view word) {
 }
 
 std::string UnknownCommand(std::string_view word) {
-  if (IsLaterCommand(word)) return "the command " + Quoted(word) + " is not available in this version";
   return "unknown command " + Quoted(word) + "; the nearest is " + Quoted(NearestCommand(word).name);
 }
 

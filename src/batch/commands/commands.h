@@ -14,12 +14,10 @@ namespace tessara {
 std::span<const CommandRow* const> Commands();
 // nullptr when no command has the name.
 const CommandRow* FindCommand(std::string_view name);
-// Whether the word names a command that belongs to the language but not to this version.
-bool IsLaterCommand(std::string_view name);
 // The command whose name is nearest to the word.
 const CommandRow& NearestCommand(std::string_view word);
 
-// Why a word that is no command of this version cannot be run.
+// Why a word that is no command cannot be run.
 std::string UnknownCommand(std::string_view word);
 
 // The rows, each beside its run.
@@ -67,6 +65,7 @@ extern const CommandRow kListCommand;
 extern const CommandRow kTableCommand;
 extern const CommandRow kBrevarumCommand;
 extern const CommandRow kCalculatorCommand;
+extern const CommandRow kGlossaryCommand;
 extern const CommandRow kChartsCommand;
 extern const CommandRow kRecentCommand;
 extern const CommandRow kTabDelimitedCommand;

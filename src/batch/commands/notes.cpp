@@ -1,25 +1,8 @@
-#include <string>
-#include <string_view>
-
 #include "batch/commands/commands.h"
 #include "batch/words/script_line.h"
 
 namespace tessara {
 namespace {
-
-// A text as a text box holds it: every line end is CR LF.
-std::string WithBoxLineEnds(std::string_view text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-    if (text[i] == '\r' || text[i] == '\n') {
-      result += "\r\n";
-    } else {
-      result += text[i];
-    }
-  }
-  return result;
-}
 
 CommandResult Run(Batch& batch, const CommandWords& words) {
   SetProjectNotes(batch.session, words.words.empty() ? "" : WithBoxLineEnds(HeldText(words.words[0])));

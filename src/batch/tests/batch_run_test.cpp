@@ -303,7 +303,6 @@ TEST_F(BatchRunTest, MessagesNameFileAndLine) {
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, script + ":4: unknown command \"frequences\"; the nearest is \"frequencies\"\n");
   EXPECT_EQ(run.out, Run({"statistics"}).out);
-  EXPECT_EQ(RunScript("glossary 1\n").err, "-:1: the command \"glossary\" is not available in this version\n");
   EXPECT_EQ(RunScript("notes \"open\n").err, "-:1: a quote is not closed\n");
 }
 

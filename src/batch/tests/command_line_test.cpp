@@ -74,8 +74,6 @@ TEST(ReadCommandLine, TellsWhatIsWrong) {
       {{"-5", "new"}, "unknown option \"-5\""},
       {{"a.dcs", "---x"}, "unknown option \"---x\""},
       {{"a.dcs", "frequences", "A"}, "unknown command \"frequences\"; the nearest is \"frequencies\""},
-      {{"a.dcs", "glossary", "1"}, "the command \"glossary\" is not available in this version"},
-      {{"glossary"}, "the command \"glossary\" is not available in this version"},
       {{"-s"}, "--script needs a value"},
       {{"-s", "a", "-s", "b"}, "--script is given twice"},
       {{"-s", "a", "new", "-s", "b"}, "--script is given twice"},
@@ -130,7 +128,6 @@ TEST(Commands, EachHasAHelpPageWithAnExampleThatParses) {
     EXPECT_NE(page.find("Example:\n  " + std::string(row->example) + "\n"), std::string::npos) << row->name;
     EXPECT_NE(ProgramHelp().find("\n  " + std::string(row->name) + " "), std::string::npos) << row->name;
     for (const OptionRow& option : row->options) EXPECT_NE(page.find(option.names), std::string::npos) << option.names;
-    EXPECT_FALSE(IsLaterCommand(row->name)) << row->name;
 
     const auto line = SplitWords(row->example);
     ASSERT_TRUE(line && !line->empty()) << row->name;

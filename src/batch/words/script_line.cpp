@@ -64,6 +64,19 @@ std::optional<std::string_view> ScriptLines::Next() {
 
 std::string HeldText(std::string_view word) { return IsUtf8(word) ? FromUtf8(word) : std::string(word); }
 
+std::string WithBoxLineEnds(std::string_view text) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+    if (text[i] == '\r' || text[i] == '\n') {
+      result += "\r\n";
+    } else {
+      result += text[i];
+    }
+  }
+  return result;
+}
+
 bool IsPossiblePath(std::string_view word) { return !word.empty() && word.find('\0') == std::string_view::npos; }
 
 std::string Quoted(std::string_view word) {

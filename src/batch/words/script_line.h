@@ -38,6 +38,9 @@ class ScriptLines {
 // A word as the data set holds text: bytes of the code page. A word that is not UTF-8 stands as it is.
 std::string HeldText(std::string_view word);
 
+// A text as a text box holds it: every line end is CR LF.
+std::string WithBoxLineEnds(std::string_view text);
+
 // Whether a word can name a file at all: it is not empty and holds no zero byte.
 bool IsPossiblePath(std::string_view word);
 

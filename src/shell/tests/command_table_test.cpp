@@ -47,7 +47,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
        " 214 &Undo\n"
        " 215 &Redo\n"
        "|201 &Split Large Data Files\n"
-       " 202 &Find Cell Data\n"
+       "|202 &Find Cell Data\n"
        " 803 &Reset Search\n"
        " 203 Find and &Replace Cell Data\n"
        " 216 &Go to Cell\n"
@@ -127,7 +127,7 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
             " 802 &Delete Current Record\n"
             "|803 &Reset Search\n"
             " 904 Topic\n"
-            " 202 &Find\n"
+            "|202 &Find\n"
             "|207 Add Rows\n"
             " 208 Add Columns\n"
             " 209 Delete Rows\n"
@@ -185,6 +185,12 @@ TEST(Toolbar, HoldsTheButtonsInTheirOrder) {
     EXPECT_EQ(FindCommand(entry.id)->tooltip, tooltips[i]);
     EXPECT_EQ(entry.style == CommandStyle::kIconAndCaption, with_caption.contains(entry.id)) << entry.id;
   }
+}
+
+TEST(Toolbar, StaysAwayFromViewsThatHaveKeysOfTheirOwn) {
+  std::string seen;
+  for (int view = 1; view <= kViews; ++view) seen += ToolbarIsVisible(static_cast<View>(view)) ? '+' : '-';
+  EXPECT_EQ(seen, "+-++-++-");
 }
 
 TEST(CommandRows, OneShortcutStandsForOneCommand) {

@@ -75,6 +75,12 @@ TEST(FindInPalette, EqualFitsKeepTheirOrder) {
   EXPECT_EQ(Found(entries, "copy"), (Captions{"Copy b", "Copy a", "COPY C"}));
 }
 
+TEST(FindInPalette, WhatCannotBeChosenComesLastOfItsEquals) {
+  auto entries = Entries({"Copy a", "Copy b", "Cut, copy"});
+  entries[0].enabled = false;
+  EXPECT_EQ(Found(entries, "copy"), (Captions{"Copy b", "Copy a", "Cut, copy"}));
+}
+
 TEST(FindInPalette, NothingIsFoundByNothing) {
   const auto entries = Entries({"Copy", ""});
   for (const char* text : {"", "  ", "-", "\x01"}) EXPECT_EQ(Found(entries, text), Captions()) << text;

@@ -42,7 +42,7 @@ TEST_F(RecodeOperationsTest, EachCommandOpensThePanelInItsMode) {
   }
   EXPECT_EQ(State(202, View::ViewDataGrid).caption, "Find Cell Data");
   EXPECT_EQ(State(202, View::ViewGlossary).caption, "Search Glossary");
-  EXPECT_FALSE(State(202, View::ViewGlossary).enabled);
+  EXPECT_TRUE(State(202, View::ViewGlossary).enabled);
 }
 
 TEST_F(RecodeOperationsTest, FindOpensWithTheSearchAtTheTop) {
@@ -86,7 +86,7 @@ TEST_F(RecodeOperationsTest, PaneOneTellsTheMatches) {
   Execute(803);
   EXPECT_FALSE(session.recode.marks.has_bold());
   EXPECT_FALSE(State(803, View::ViewDataGrid).enabled);
-  EXPECT_FALSE(State(803, View::ViewGlossary).enabled);
+  EXPECT_TRUE(State(803, View::ViewGlossary).enabled);
   EXPECT_FALSE(State(803, View::ViewOutput).visible);
 }
 

@@ -29,7 +29,8 @@ bool AnyVisible(const QMenu& menu) {
 
 }  // namespace
 
-CommandBars::CommandBars(QMainWindow& frame, Execute execute) : frame_(frame), execute_(std::move(execute)) {
+CommandBars::CommandBars(QMainWindow& frame, Execute execute, QAction* topic_box)
+    : frame_(frame), execute_(std::move(execute)), topic_box_(topic_box) {
   BuildMenus(frame);
   BuildToolbar(frame);
 }
@@ -42,9 +43,16 @@ QAction* CommandBars::action(int id) const {
 QAction* CommandBars::ActionOf(const BarEntry& entry) {
   if (QAction* known = action(entry.id)) return known;
   const CommandRow& row = *FindCommand(entry.id);
-  const QString caption = ToQt(row.caption);
-  auto* made = new QAction(caption, &frame_);
+  QAction* made = row.id == kTopicBoxCommand ? topic_box_ : MakeAction(row);
   made->setObjectName(QString::number(row.id));
+  QObject::connect(made, &QAction::triggered, &frame_, [this, id = row.id] { execute_(id); });
+  actions_[row.id] = made;
+  captions_[row.id] = ToQt(row.caption);
+  return made;
+}
+
+QAction* CommandBars::MakeAction(const CommandRow& row) {
+  auto* made = new QAction(ToQt(row.caption), &frame_);
   if (!row.icon.empty()) made->setIcon(ThemeIcon(std::string(row.icon).c_str()));
   QList<QKeySequence> keys;
   for (const std::string_view key : {row.shortcut, row.second_shortcut}) {
@@ -54,9 +62,6 @@ QAction* CommandBars::ActionOf(const BarEntry& entry) {
   made->setCheckable(row.checked != nullptr);
   if (row.id == kExitCommand) made->setMenuRole(QAction::QuitRole);
   if (row.id == kAboutCommand) made->setMenuRole(QAction::AboutRole);
-  QObject::connect(made, &QAction::triggered, &frame_, [this, id = row.id] { execute_(id); });
-  actions_[row.id] = made;
-  captions_[row.id] = caption;
   return made;
 }
 
@@ -77,7 +82,8 @@ void CommandBars::BuildToolbar(QMainWindow& frame) {
   toolbar_->setMovable(false);
   toolbar_->setContextMenuPolicy(Qt::PreventContextMenu);
   for (const BarEntry& entry : Toolbar()) {
-    if (entry.begin_group) toolbar_entries_.push_back({toolbar_->addSeparator(), true});
+    const ViewSet views = entry.begin_group ? kEveryView : entry.begin_group_in;
+    if (views != ViewSet()) toolbar_entries_.push_back({toolbar_->addSeparator(), true, views});
     AddButton(entry);
   }
 }
@@ -111,7 +117,8 @@ void CommandBars::InsertBehind(int id, const QList<QAction*>& entries) {
 void CommandBars::Refresh(const Session& session, const WidgetState& widgets) {
   for (const auto& [id, made] : actions_) ShowState(made, id, UpdateCommand(session, id, widgets));
   for (QMenu* menu : menus_) menu->menuAction()->setVisible(AnyVisible(*menu));
-  ShowSeparators(toolbar_entries_);
+  ShowSeparators(toolbar_entries_, session.ActiveView);
+  toolbar_->setVisible(ToolbarIsVisible(session.ActiveView));
 }
 
 void CommandBars::ShowState(QAction* action, int id, const CommandState& state) {
@@ -126,13 +133,13 @@ void CommandBars::ShowState(QAction* action, int id, const CommandState& state) 
   if (action->isCheckable()) action->setChecked(state.checked);
 }
 
-void CommandBars::ShowSeparators(const std::vector<Entry>& entries) {
+void CommandBars::ShowSeparators(const std::vector<Entry>& entries, View view) {
   QAction* pending = nullptr;
   bool anything = false;
   for (const Entry& entry : entries) {
     if (entry.separator) {
       entry.action->setVisible(false);
-      pending = entry.action;
+      if (entry.views.contains(view)) pending = entry.action;
     } else if (entry.action->isVisible()) {
       if (pending && anything) pending->setVisible(true);
       pending = nullptr;

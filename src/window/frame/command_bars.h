@@ -19,7 +19,8 @@ class CommandBars {
  public:
   using Execute = std::function<void(int id)>;
 
-  CommandBars(QMainWindow& frame, Execute execute);
+  // The topic box is a command whose widget somebody else has made.
+  CommandBars(QMainWindow& frame, Execute execute, QAction* topic_box);
 
   QAction* action(int id) const;
 
@@ -32,21 +33,24 @@ class CommandBars {
   void UseIconSize(int pixels);
 
  private:
-  // Entries of a bar in order; a separator shows between visible entries alone.
+  // Entries of a bar in order; a separator shows between visible entries alone, and in its views.
   struct Entry {
     QAction* action = nullptr;
     bool separator = false;
+    ViewSet views = {};
   };
 
   void BuildMenus(QMainWindow& frame);
   void BuildToolbar(QMainWindow& frame);
   QAction* ActionOf(const BarEntry& entry);
+  QAction* MakeAction(const CommandRow& row);
   void AddButton(const BarEntry& entry);
   void ShowState(QAction* action, int id, const CommandState& state);
-  static void ShowSeparators(const std::vector<Entry>& entries);
+  static void ShowSeparators(const std::vector<Entry>& entries, View view);
 
   QMainWindow& frame_;
   Execute execute_;
+  QAction* topic_box_;
   std::map<int, QAction*> actions_;
   std::map<int, QString> captions_;     // of the rows
   std::map<int, bool> caption_beside_;  // the buttons whose word is the caption, as it changes

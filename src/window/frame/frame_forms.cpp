@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "shell/report_operations.h"
+#include "window/deskcalc/calc_pad.h"
 #include "window/frame/about_box.h"
 #include "window/grid/delimit.h"
 #include "window/grid/split_data.h"
@@ -10,6 +11,7 @@
 #include "window/output/report_form.h"
 #include "window/output/rpt_options.h"
 #include "window/system/qt_platform.h"
+#include "window/widgets/view_form.h"
 
 namespace tessara {
 
@@ -17,6 +19,10 @@ FrameForms::FrameForms(QtPlatform& platform, Session& session, Run run, QWidget*
     : QObject(frame), platform_(platform), session_(session), run_(std::move(run)), frame_(frame) {}
 
 bool FrameForms::Show(WidgetAction action) {
+  if (action == WidgetAction::kShowCalculator) {
+    ShowCalculator();
+    return true;
+  }
   if (form_) {
     form_->raise();
     return true;
@@ -27,6 +33,20 @@ bool FrameForms::Show(WidgetAction action) {
   form->setAttribute(Qt::WA_DeleteOnClose);
   form->open();
   return true;
+}
+
+void FrameForms::ShowCalculator() {
+  if (!calculator_) {
+    calculator_ = new CalcPad(platform_, session_, frame_);
+    connect(calculator_, &CalcPad::HelpAsked, this, &FrameForms::HelpAsked);
+    SetZoom(zoom_);
+  }
+  calculator_->Open();
+}
+
+void FrameForms::SetZoom(int percent) {
+  zoom_ = percent;
+  if (calculator_) ZoomType(calculator_, percent);
 }
 
 QDialog* FrameForms::Make(WidgetAction action) {

@@ -13,6 +13,7 @@ class QWidget;
 
 namespace tessara {
 
+class CalcPad;
 class QtPlatform;
 
 class FrameForms : public QObject {
@@ -26,6 +27,8 @@ class FrameForms : public QObject {
 
   // Shows the form of an action; false when no form belongs to it.
   bool Show(WidgetAction action);
+  // The size of the type in what stays open beside the views, in percent of the usual one.
+  void SetZoom(int percent);
 
  signals:
   // A form's key for help: a page, or a section of one.
@@ -35,6 +38,7 @@ class FrameForms : public QObject {
 
  private:
   QDialog* Make(WidgetAction action);
+  void ShowCalculator();
   QDialog* MakeDelimit(bool to_import);
   QDialog* MakeSplit();
   QDialog* MakePageOptions();
@@ -46,6 +50,8 @@ class FrameForms : public QObject {
   Run run_;
   QWidget* frame_;
   QPointer<QDialog> form_;
+  QPointer<CalcPad> calculator_;  // made when it is first asked for, and kept
+  int zoom_ = 100;
 };
 
 }  // namespace tessara

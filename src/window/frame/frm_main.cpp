@@ -17,17 +17,21 @@
 
 #include "platform/files.h"
 #include "shell/close_request.h"
+#include "shell/palette.h"
 #include "window/brevarum/brevarum1.h"
 #include "window/charts/charts1.h"
 #include "window/frame/bar_paint.h"
 #include "window/frame/command_bars.h"
 #include "window/frame/frame_forms.h"
+#include "window/frame/frame_palette.h"
 #include "window/frame/frm_splash2.h"
 #include "window/frame/recent_files.h"
+#include "window/frame/topic_box.h"
 #include "window/grid/data1.h"
 #include "window/output/output1.h"
+#include "window/reference/glossary1.h"
+#include "window/reference/handbook1.h"
 #include "window/reference/help_pane.h"
-#include "window/reference/page_view.h"
 #include "window/reference/tips.h"
 #include "window/stat_procs/stat_proc1.h"
 #include "window/system/qt_platform.h"
@@ -43,18 +47,6 @@ namespace {
 constexpr int kLargeIcon = 32;
 constexpr int kSmallIcon = 22;
 constexpr int kBusyRetry = 200;  // milliseconds
-
-PageText GlossaryPage() {
-  return {"view-list-text", QObject::tr("Glossary"),
-          QObject::tr("A glossary of statistical terms has its place here, one note for each term, which you can "
-                      "search and extend with notes of your own.")};
-}
-
-PageText HandbookPage() {
-  return {"documentation", QObject::tr("Handbook"),
-          QObject::tr("The research methods handbook has its place here: short chapters on design, sampling and the "
-                      "choice of a procedure.")};
-}
 
 // The data file of a drag, if it brings one.
 Path DroppedFile(const QMimeData& data) {
@@ -97,7 +89,9 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
 
   recent_files_ = std::make_unique<RecentFiles>(store, this);
   connect(recent_files_.get(), &RecentFiles::Chosen, this, &FrmMain::OpenFile);
-  bars_ = std::make_unique<CommandBars>(*this, [this](int id) { Execute(id); });
+  topic_box_ = new TopicBox(session_, this);
+  bars_ = std::make_unique<CommandBars>(
+      *this, [this](int id) { Execute(id); }, topic_box_);
   BuildWorkspace();
   bars_->InsertBehind(kOpenCommand, {recent_files_->menu()->menuAction()});
   bars_->InsertBehind(kPrintCommand, output_->PrintActions());
@@ -105,6 +99,8 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   forms_ = new FrameForms(
       platform, session_, [this](const auto& operation) { RunForForm(operation); }, this);
   connect(forms_, &FrameForms::HelpAsked, this, &FrmMain::ShowHelpPage);
+  palette_ = new FramePalette(*this, [this](const auto& operation) { RunOperation(operation); });
+  ConnectTerms();
   connect(forms_, &FrameForms::AppearanceChanged, this, &FrmMain::ApplyBars);
   ConnectClipboard();
   FocusOutline::Watch(this);
@@ -158,15 +154,17 @@ void FrmMain::BuildWorkspace() {
   workspace_->setDocumentMode(true);
   workspace_->setIconSize(QSize(kSmallIcon, kSmallIcon));
   output_ = new Output1(platform_, session_);
-  AddView(new Data1(session_), "Data1", tr("Data Grid"), "view-grid");
+  auto* grid = new Data1(session_);
+  connect(grid, &Data1::FileAsked, this, &FrmMain::OpenFile);
+  AddView(grid, "Data1", tr("Data Grid"), "view-grid");
   auto* procedures = new StatProc1(session_);
   platform_.ShowProgressIn(procedures->SamplingProgress());
   AddView(procedures, "StatProc1", tr("Stat Procs"), "view-statistics");
   AddView(output_, "Output1", tr("Output"), "text-x-generic");
   AddView(new Charts1(platform_, session_), "Charts1", tr("Charts"), "office-chart-bar");
   AddView(new Brevarum1(platform_, session_), "Brevarum1", tr("Brevarum"), "accessories-calculator");
-  AddView(new PageView(session_, View::ViewGlossary, GlossaryPage()), "Glossary1", tr("Glossary"), "view-list-text");
-  AddView(new PageView(session_, View::ViewHandbook, HandbookPage()), "Handbook1", tr("Handbook"), "documentation");
+  AddView(new Glossary1(session_), "Glossary1", tr("Glossary"), "view-list-text");
+  AddView(new Handbook1(platform_, session_), "Handbook1", tr("Handbook"), "documentation");
   if (session_.settings.Op16 == 0) {
     AddView(new Tips(platform_, session_), "Tips", tr("Tips"), "help-hint");
     const int tips = workspace_->count() - 1;
@@ -274,8 +272,8 @@ void FrmMain::TabChanged() {
   if (!form) return;
   const bool by_user = busy_ == 0;
   if (by_user) StoreViews();
-  ActivateView(session_, form->view());
   const Busy busy(*this);
+  platform_.WithinMemory([&] { ActivateView(session_, form->view()); });
   form->ShowSession();
   if (session_.help_pane_visible) help_pane_->ShowPage(HelpPage(form->view()));
   // On the tabs themselves the arrow keys go on, but for the grid, which takes the keyboard.
@@ -307,6 +305,7 @@ void FrmMain::Execute(int id) {
   Perform(action);
   if (id == kNewCommand || id == kOpenCommand) current_view()->FocusFirst();
   if (id == kRunCommand) current_view()->FocusInput();
+  if (id == kFindCommand && session_.ActiveView == View::ViewGlossary) topic_box_->FocusSearch();
   RefreshCommands();
 }
 
@@ -354,8 +353,14 @@ void FrmMain::Perform(WidgetAction action) {
     case WidgetAction::kFormatVariables:
     case WidgetAction::kShowVariables:
     case WidgetAction::kShowRecodePanel:
+    case WidgetAction::kGoBack:
+    case WidgetAction::kGoForward:
+    case WidgetAction::kGoHome:
+    case WidgetAction::kShowTopic:
       current_view()->Perform(action);
       return;
+    case WidgetAction::kShowPalette:
+      return palette_->Open();
     case WidgetAction::kDefaultSize:
       return place_.UseDefaultSize();
     case WidgetAction::kRefreshHelpLists:
@@ -418,6 +423,7 @@ void FrmMain::ApplyZoom() {
     if (form) form->SetZoom(zoom_->percent());
   }
   ZoomType(help_pane_->widget(), zoom_->percent());
+  forms_->SetZoom(zoom_->percent());
 }
 
 void FrmMain::RunForForm(const std::function<void()>& operation) {
@@ -434,14 +440,42 @@ void FrmMain::RunForForm(const std::function<void()>& operation) {
   RefreshCommands();
 }
 
-WidgetState FrmMain::State() const {
-  WidgetState state = current_view() ? current_view()->State() : WidgetState{};
+void FrmMain::RunOperation(const std::function<WidgetAction()>& operation) {
+  if (busy_ != 0) return;
+  StoreViews();
+  const Busy busy(*this);
+  WidgetAction action = WidgetAction::kNone;
+  {
+    const WaitCursor wait(platform_);
+    BeginOperation(session_);
+    platform_.WithinMemory([&] { action = operation(); });
+  }
+  ShowWantedView();
+  ShowSession();
+  Perform(action);
+  RefreshCommands();
+}
+
+void FrmMain::ConnectTerms() {
+  for (HelpBrowser* browser : findChildren<HelpBrowser*>()) {
+    connect(browser, &HelpBrowser::TermAsked, this, [this](const QString& subject) {
+      RunOperation([&] { return ChooseFromPalette(session_, TermTarget{FromQt(subject)}); });
+    });
+  }
+}
+
+WidgetState FrmMain::State() const { return StateOf(session_.ActiveView); }
+
+WidgetState FrmMain::StateOf(View view) const {
+  const ViewForm* form = this->view(view);
+  WidgetState state = form ? form->State() : WidgetState{};
   state.clipboard_has_text = clipboard_has_text_;
   return state;
 }
 
 void FrmMain::RefreshCommands() {
   bars_->Refresh(session_, State());
+  topic_box_->ShowSession();
   const bool in_output = session_.ActiveView == View::ViewOutput;
   const bool has_output =
       session_.output.OutputGridMode ? !session_.table.grid.empty() : !session_.output.BoxText().empty();

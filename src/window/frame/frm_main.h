@@ -21,11 +21,13 @@ namespace tessara {
 
 class CommandBars;
 class FrameForms;
+class FramePalette;
 class FrmSplash2;
 class HelpPane;
 class Output1;
 class QtPlatform;
 class RecentFiles;
+class TopicBox;
 class Zoom;
 
 // How a frame starts. Tests leave the splash out and shorten the timers.
@@ -47,6 +49,8 @@ class FrmMain : public QMainWindow {
   // The view of that number; nullptr when it is not in the workspace.
   ViewForm* view(View view) const;
   ViewForm* current_view() const;
+  // What the rules of commands need to know of a view's widgets.
+  WidgetState StateOf(View view) const;
 
   // Brings a view to the front.
   void ShowView(View view);
@@ -95,6 +99,10 @@ class FrmMain : public QMainWindow {
   void ApplyZoom();
   // Runs what a form over the frame asks for, as a command is run.
   void RunForForm(const std::function<void()>& operation);
+  // The same for what may leave something to a widget.
+  void RunOperation(const std::function<WidgetAction()>& operation);
+  // Links of pages to notes of the glossary.
+  void ConnectTerms();
   void NoteRecentFile();
   void ShowTitle();
   WidgetState State() const;
@@ -108,7 +116,9 @@ class FrmMain : public QMainWindow {
   QTimer* timer2_ = nullptr;
   std::unique_ptr<RecentFiles> recent_files_;
   std::unique_ptr<CommandBars> bars_;
+  TopicBox* topic_box_ = nullptr;
   FrameForms* forms_ = nullptr;
+  FramePalette* palette_ = nullptr;
   HelpPane* help_pane_ = nullptr;
   Zoom* zoom_ = nullptr;
   Output1* output_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLocale>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -13,6 +14,7 @@
 #include "shell/grid_operations.h"
 #include "window/grid/data_format.h"
 #include "window/grid/data_recode.h"
+#include "window/grid/first_steps.h"
 #include "window/grid/grid_text1.h"
 #include "window/grid/name_box.h"
 #include "window/grid/variable_view.h"
@@ -50,10 +52,11 @@ QString PartText(const DataSet& data) {
   return part.isEmpty() ? part : "Shows the " + part;
 }
 
-// The new data set: no file and nothing in any cell.
+// The new data set: no file, nothing in any cell, and the names that it came with.
 bool IsUntouched(const DataSet& data) {
   if (data.GridTitle != kUntitledGrid) return false;
   for (std::size_t column = 1; column <= data.VariableCount; ++column) {
+    if (data.VariableName(column) != "V" + std::to_string(column)) return false;
     if (data.matrix.UsedRecords(column, data.RecordCount) != 0) return false;
   }
   return true;
@@ -247,7 +250,31 @@ void Data1::ShowInfo() {
   QPalette pill = part_->palette();
   pill.setColor(QPalette::Window, colours.sheet);
   part_->setPalette(pill);
-  grid_->ShowHint(IsUntouched(shown) ? QString("Open a data file (Ctrl+O) or drop one here") : QString());
+  ShowFirstSteps();
+}
+
+void Data1::BuildFirstSteps() {
+  first_steps_ = new FirstSteps(session().platform.ProgramFolder() / "Data", grid_->viewport());
+  connect(first_steps_, &FirstSteps::CommandAsked, this, &Data1::CommandRequested);
+  connect(first_steps_, &FirstSteps::HelpAsked, this, &Data1::HelpPageAsked);
+  connect(first_steps_, &FirstSteps::SampleChosen, this, &Data1::FileAsked);
+  // Tab comes to the offers ahead of the grid, which keeps that key for its cells.
+  QWidget* ahead = variables_button_;
+  for (QWidget* offer : first_steps_->Buttons()) {
+    setTabOrder(ahead, offer);
+    ahead = offer;
+  }
+  setTabOrder(ahead, grid_);
+  grid_->StandInMiddle(first_steps_);
+}
+
+// They go away with the first datum, and the keyboard goes on in the grid.
+void Data1::ShowFirstSteps() {
+  const bool untouched = IsUntouched(session().data);
+  if (untouched && !first_steps_) BuildFirstSteps();
+  if (!first_steps_ || first_steps_->isHidden() != untouched) return;
+  if (!untouched && first_steps_->isAncestorOf(window()->focusWidget())) grid_->setFocus();
+  first_steps_->setVisible(untouched);
 }
 
 void Data1::FocusFirst() { grid_->setFocus(); }

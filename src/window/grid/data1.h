@@ -13,6 +13,7 @@ class QToolButton;
 namespace tessara {
 
 class DataFormat;
+class FirstSteps;
 class VariableView;
 class DataRecode;
 
@@ -33,7 +34,13 @@ class Data1 : public ViewForm {
   void FocusFirst() override;
   void Perform(WidgetAction action) override;
 
+ signals:
+  // A data file is to be opened.
+  void FileAsked(const Path& file);
+
  private:
+  void BuildFirstSteps();
+  void ShowFirstSteps();
   void BuildInfoStrip();
   void ConnectGrid();
   void ConnectEntry();
@@ -63,6 +70,7 @@ class Data1 : public ViewForm {
   GridView* grid_;
   QWidget* strip_;
   GridText1* text_;
+  FirstSteps* first_steps_ = nullptr;
   NameBox* name_ = nullptr;
   QLabel* title_ = nullptr;
   QLabel* size_ = nullptr;

@@ -181,9 +181,26 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return ValueLabelTip(index);
     case Qt::FontRole:
       return FontOf(index);
+    case Qt::AccessibleTextRole:
+      return SpokenCell(index);
+    case Qt::AccessibleDescriptionRole:
+      return SpokenPlace(index);
     default:
       return {};
   }
+}
+
+// "1 = Yes" where a value has a label.
+QString GridModel::SpokenCell(const QModelIndex& index) const {
+  const QVariant labelled = ValueLabelTip(index);
+  if (labelled.isValid()) return labelled.toString();
+  const QString text = ShownCell(index.row(), index.column());
+  return text.isEmpty() ? tr("blank") : text;
+}
+
+QString GridModel::SpokenPlace(const QModelIndex& index) const {
+  return headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString() +
+         tr(", record %1").arg(index.row() + 1);
 }
 
 // Matches of a search are bold.

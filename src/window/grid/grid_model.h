@@ -55,6 +55,9 @@ class GridModel : public QAbstractTableModel {
   void RemoveRows(int first, int count);
 
   QVariant FontOf(const QModelIndex& index) const;
+  // What a reader of the screen says of a cell, and of its place.
+  QString SpokenCell(const QModelIndex& index) const;
+  QString SpokenPlace(const QModelIndex& index) const;
 
   const DataSet& data_;
   const GridMarks* marks_;

@@ -1,5 +1,6 @@
 #include "window/grid/grid_view.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -34,8 +35,7 @@ class GridView::Placing {
   GridView& view_;
 };
 
-GridView::GridView(DataSet& data_set, QWidget* parent)
-    : TypingView(parent), data_(data_set), hint_(new QLabel(viewport())) {
+GridView::GridView(DataSet& data_set, QWidget* parent) : TypingView(parent), data_(data_set) {
   BuildHeaders();
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
@@ -43,12 +43,6 @@ GridView::GridView(DataSet& data_set, QWidget* parent)
   setWordWrap(false);
   setFrameShape(NoFrame);
   setHorizontalScrollMode(ScrollPerPixel);
-
-  hint_->setObjectName("GridHint");
-  hint_->setAlignment(Qt::AlignCenter);
-  hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  hint_->setAutoFillBackground(true);
-  hint_->hide();
   MeasureRows();
   ApplyColours();
 }
@@ -111,7 +105,6 @@ void GridView::MeasureRows() {
   verticalHeader()->setMinimumSectionSize(row_height);
   verticalHeader()->setDefaultSectionSize(row_height);
   horizontalHeader()->setFixedHeight(row_height + row_height / 6);
-  hint_->setMargin(fontMetrics().height());
 }
 
 void GridView::setModel(QAbstractItemModel* grid_model) {
@@ -127,7 +120,7 @@ void GridView::ShowData() {
   ApplyColours();
   ApplyWidths(0, model()->columnCount() - 1);
   ShowCursor();
-  PlaceHint();
+  PlaceMiddle();
 }
 
 bool GridView::ShowChanges() {
@@ -193,6 +186,20 @@ void GridView::ShowBlock() {
   if (current.isValid()) selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
   horizontalHeader()->viewport()->update();
   verticalHeader()->viewport()->update();
+  TellFocus();
+}
+
+int GridView::SpokenPart(const GridPlace& place) const {
+  return static_cast<int>(place.row) * (model()->columnCount() + 1) + static_cast<int>(place.column);
+}
+
+// A heading or a record number is no cell of the model, so that nobody else tells those who have the grid read to them.
+void GridView::TellFocus() {
+  const GridPlace cursor = CursorOf(data_);
+  if (!QAccessible::isActive() || (cursor.row != 0 && cursor.column != 0)) return;
+  QAccessibleEvent event(this, QAccessible::Focus);
+  event.setChild(SpokenPart(cursor));
+  QAccessible::updateAccessibility(&event);
 }
 
 void GridView::Select(const GridPlace& cursor, const GridPlace& end) {
@@ -449,36 +456,38 @@ void GridView::ApplyWidths(int first, int last) {
   }
 }
 
-void GridView::ShowHint(const QString& hint) {
-  hint_->setText(hint);
-  hint_->setVisible(!hint.isEmpty());
-  PlaceHint();
+void GridView::StandInMiddle(QWidget* widget) {
+  middle_ = widget;
+  PlaceMiddle();
 }
 
-void GridView::PlaceHint() {
-  hint_->adjustSize();
-  hint_->move(viewport()->rect().center() - hint_->rect().center());
+// Its beginning stays in sight where the grid is smaller.
+void GridView::PlaceMiddle() {
+  if (!middle_) return;
+  middle_->adjustSize();
+  const QPoint place = viewport()->rect().center() - middle_->rect().center();
+  middle_->move(std::max(place.x(), 0), std::max(place.y(), 0));
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {
   QTableView::scrollContentsBy(dx, dy);
-  PlaceHint();
+  PlaceMiddle();
   emit Moved();
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  PlaceHint();
+  PlaceMiddle();
   emit Moved();
 }
 
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) ApplyColours();
-  if (event->type() == QEvent::FontChange && hint_ && model()) {
+  if (event->type() == QEvent::FontChange && model()) {
     MeasureRows();
     ApplyWidths(0, model()->columnCount() - 1);
-    PlaceHint();
+    PlaceMiddle();
     emit Moved();
   }
 }

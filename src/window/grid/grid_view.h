@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QLabel>
 
 #include "data/data_set.h"
 #include "data/edit/grid_block.h"
@@ -41,8 +40,11 @@ class GridView : public TypingView {
     QRect place;
   };
   EntryPlace PlaceOfEntry(const GridPlace& cell);
-  // A hint in the middle of an empty grid; empty for none.
-  void ShowHint(const QString& hint);
+  // The number under which a reader of the screen has a place among the grid's parts: row by row, the headings and the
+  // record numbers first.
+  int SpokenPart(const GridPlace& place) const;
+  // Keeps a widget on the grid in its middle, over the cells.
+  void StandInMiddle(QWidget* widget);
 
   void setModel(QAbstractItemModel* grid_model) override;
   void selectAll() override;
@@ -95,10 +97,11 @@ class GridView : public TypingView {
   void ApplyColours();
   void ApplyWidths(int first, int last);
   void MeasureRows();
-  void PlaceHint();
+  void PlaceMiddle();
+  void TellFocus();
 
   DataSet& data_;
-  QLabel* hint_;
+  QWidget* middle_ = nullptr;
   GridPlace end_;           // the corner of the selection that moves
   GridBlock block_;         // the selection
   GridPlace shown_cursor_;  // as the data set had it

@@ -13,6 +13,8 @@ class TypingView : public QTableView {
 
   // Typed characters never make the cursor jump to a cell that begins so.
   void keyboardSearch(const QString& search) override;
+  // Takes a text as if it had been typed.
+  void TypeText(const QString& text) { emit Typed(text); }
 
  signals:
   // A character that begins an entry; an empty text begins an empty one.

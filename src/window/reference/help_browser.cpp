@@ -15,6 +15,7 @@ namespace tessara {
 namespace {
 
 constexpr int kPageMargin = 10;
+constexpr QLatin1String kGlossaryScheme("glossary");
 constexpr const char* kVersionToken = "#version#";  // in a page that tells which version it belongs to
 
 }  // namespace
@@ -64,8 +65,13 @@ void HelpBrowser::PrintPage() {
   if (platform_.AskPrint({.title = "Print"})) platform_.PrintDocument(*document());
 }
 
-// Pages stay in the browser; everything else goes to the program that the system has for it.
+// Pages stay in the browser, terms are shown by the glossary; everything else goes to the program that the system has
+// for it.
 void HelpBrowser::Follow(const QUrl& link) {
+  if (link.scheme() == kGlossaryScheme) {
+    emit TermAsked(link.path(QUrl::FullyDecoded));
+    return;
+  }
   const QUrl target = source().resolved(link);
   const QString suffix = QFileInfo(target.path()).suffix().toLower();
   if (target.isLocalFile() && (suffix == "html" || suffix == "htm")) {
@@ -78,8 +84,8 @@ void HelpBrowser::Follow(const QUrl& link) {
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   const QUrl target = source().resolved(name);
   if (type == QTextDocument::HtmlResource && !QFileInfo(target.toLocalFile()).isFile()) {
-    return tr("<p>There is no help page for this view in your installation.</p>"
-              "<p>The page would be <i>%1</i> in the folder Help of the program.</p>")
+    return tr("<p>This page is not in your installation.</p>"
+              "<p>It would be <i>%1</i> in the folder Help of the program.</p>")
         .arg(QFileInfo(target.path()).fileName().toHtmlEscaped());
   }
   const QVariant loaded = QTextBrowser::loadResource(type, name);

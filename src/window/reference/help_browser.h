@@ -25,6 +25,10 @@ class HelpBrowser : public QTextBrowser {
 
   QVariant loadResource(int type, const QUrl& name) override;
 
+ signals:
+  // A link to a note of the glossary, "glossary:Mean deviation".
+  void TermAsked(const QString& subject);
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
