@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "numerics/code_page.h"
+#include "platform/file_turn.h"
 #include "platform/files.h"
 #include "reference/glossary_file.h"
 #include "reference/glossary_record.h"
@@ -232,6 +233,7 @@ bool SaveNote(Glossary& glossary, Platform& platform) {
     RefreshGlossaryList(glossary);
     return true;
   }
+  const FileTurn turn(glossary.GlossaryFile);  // nobody writes between our look at the file and our write
   auto note = ChangeOfNote(glossary, platform);
   if (!note) return false;
   const Path& file = glossary.GlossaryFile;
@@ -279,6 +281,7 @@ bool DeleteNote(Glossary& glossary, Platform& platform) {
     return false;
   }
   const Path& file = glossary.GlossaryFile;
+  const FileTurn turn(file);
   const auto shape = ShapeOfGlossary(file);
   const auto record = shape ? ReadRecord(file, number) : std::nullopt;
   if (!record) {

@@ -168,6 +168,10 @@ CommandResult RunExport(GlossaryLine& line) {
   if (opened.status != BatchStatus::kAllWell) return opened;
   const auto text = TextPath(line);
   if (!text) return NotUnderstood(Quoted(line.Word(2)) + " is not a path");
+  const auto there = FactsOfFile(*text);
+  if (!line.overwrite() && there && there->size > 0 && IsGlossary(*text)) {
+    return NotUnderstood(NameOf(*text) + " is a glossary itself; --overwrite writes over it");
+  }
   std::string refusal = WhyNotExportedTo(line.batch, *text, line.overwrite());
   if (!refusal.empty()) return NotUnderstood(std::move(refusal));
   ExportGlossary(line.glossary, *text, line.platform());
@@ -230,8 +234,8 @@ constinit const CommandRow kGlossaryCommand{
         "up. import makes a glossary of a text with a note a line, subject and text with a tab\n"
         "between them; export writes such a text, a line end within a note as two blanks. add and\n"
         "import create PATH. A glossary whose place an import takes is kept beside it, its name\n"
-        "followed by (as found). What is no glossary, and what export would replace of the run's own\n"
-        "files or of data, is refused without --overwrite. The log gets nothing from it.\n",
+        "followed by (as found). What is no glossary, and what export would replace of glossaries, of\n"
+        "data or of the run's own files, is refused without --overwrite. The log gets nothing.\n",
     .example = "glossary terms.lx1 add Mean \"The sum of all values by their number.\"",
     .options = kOptions,
     .most_words = 4,
