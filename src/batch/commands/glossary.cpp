@@ -168,12 +168,12 @@ CommandResult RunExport(GlossaryLine& line) {
   if (opened.status != BatchStatus::kAllWell) return opened;
   const auto text = TextPath(line);
   if (!text) return NotUnderstood(Quoted(line.Word(2)) + " is not a path");
+  std::string refusal = WhyNotExportedTo(line.batch, *text, line.overwrite());
+  if (!refusal.empty()) return NotUnderstood(std::move(refusal));
   const auto there = FactsOfFile(*text);
   if (!line.overwrite() && there && there->size > 0 && IsGlossary(*text)) {
     return NotUnderstood(NameOf(*text) + " is a glossary itself; --overwrite writes over it");
   }
-  std::string refusal = WhyNotExportedTo(line.batch, *text, line.overwrite());
-  if (!refusal.empty()) return NotUnderstood(std::move(refusal));
   ExportGlossary(line.glossary, *text, line.platform());
   return Done();
 }
