@@ -156,6 +156,7 @@ void BookPrinter::DrawPages(QPdfWriter& writer, QPainter& painter, QTextDocument
     painter.save();
     const QRectF part(0, page * size.height(), size.width(), size.height());
     painter.translate(layout_.text.topLeft() - part.topLeft());
+    painter.setClipRect(part);  // a paragraph that begins on the next page reaches into this one with its room above
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);
     context.clip = part;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "numerics/code_page.h"
+#include "platform/file_turn.h"
 #include "platform/files.h"
 #include "reference/glossary_file.h"
 #include "reference/glossary_record.h"
@@ -23,8 +24,8 @@ void ShowUnreadable(Messages& messages, const Path& path) { ShowError(messages, 
 std::string WhyNotWritten(const Path& path, WriteResult result) {
   if (result == WriteResult::kPathNotFound) return "The folder of " + NameOf(path) + " is not there.";
   return NameOf(path) +
-         " could not be written. You may not have authorization to change it, or the disk may be full. 'Save Glossary "
-         "As' keeps the notes in another file.";
+         " could not be written. You may not have authorization to change it, or the disk may be full. The "
+         "notes can be saved under another name.";
 }
 
 OldFile OldFileOf(const Glossary& glossary) { return glossary.misfit ? OldFile::kKept : OldFile::kReplaced; }
@@ -62,7 +63,7 @@ void TakeListing(Glossary& glossary, GlossaryListing listing, std::string search
 
 // A file as the one at work, its first note on show.
 void TakeFile(Glossary& glossary, const Path& path, GlossaryListing listing, std::string first_note) {
-  const bool is_in_file = listing.shape.there >= kFirstNote;
+  const bool is_in_file = std::min(listing.shape.there, listing.shape.LastRecord) >= kFirstNote;
   Glossary next;
   next.opened = true;
   next.GlossaryFile = path;
@@ -169,7 +170,11 @@ void WriteMissingCount(const Glossary& glossary, Status& status) {
 
 }  // namespace
 
-bool TakeGlossaryFile(Glossary& glossary, const Path& path) { return ReadAndTake(glossary, path).has_value(); }
+bool TakeGlossaryFile(Glossary& glossary, const Path& path, Status& status) {
+  const auto taken = ReadAndTake(glossary, path);
+  if (taken && !taken->misfit.empty()) status.ShowNote(taken->misfit);
+  return taken.has_value();
+}
 
 bool OpenGlossary(Glossary& glossary, const Path& path, Platform& platform) {
   const auto taken = FactsOfFile(path) ? ReadAndTake(glossary, path) : std::nullopt;
@@ -228,6 +233,7 @@ bool SaveNote(Glossary& glossary, Platform& platform) {
     RefreshGlossaryList(glossary);
     return true;
   }
+  const FileTurn turn(glossary.GlossaryFile);  // nobody writes between our look at the file and our write
   auto note = ChangeOfNote(glossary, platform);
   if (!note) return false;
   const Path& file = glossary.GlossaryFile;
@@ -275,6 +281,7 @@ bool DeleteNote(Glossary& glossary, Platform& platform) {
     return false;
   }
   const Path& file = glossary.GlossaryFile;
+  const FileTurn turn(file);
   const auto shape = ShapeOfGlossary(file);
   const auto record = shape ? ReadRecord(file, number) : std::nullopt;
   if (!record) {

@@ -90,9 +90,9 @@ bool SaveGlossaryAs(Glossary& glossary, const Path& path, Platform& platform);
 // Reads the list anew, with the search that is on.
 void RefreshGlossaryList(Glossary& glossary);
 
-// Takes a file as the one at work, with its list, and shows its first note. False when it cannot be read; nothing is
-// said then.
-bool TakeGlossaryFile(Glossary& glossary, const Path& path);
+// Takes a file as the one at work, with its list, and shows its first note; writes nothing. False when it cannot be
+// read. A note tells of a file that is cut or damaged.
+bool TakeGlossaryFile(Glossary& glossary, const Path& path, Status& status);
 
 // Whether the file at work is the one that an import has left.
 bool IsTemporaryGlossary(const Glossary& glossary);

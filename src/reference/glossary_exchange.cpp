@@ -143,7 +143,7 @@ ImportedGlossary ImportGlossary(Glossary& glossary, const Path& text_file, const
     return ImportedGlossary::kNotWritten;
   }
   NoteCutNotes(notes, platform);
-  if (!TakeGlossaryFile(glossary, target)) return refuse(NameOf(target) + " cannot be read.");
+  if (!TakeGlossaryFile(glossary, target, platform)) return refuse(NameOf(target) + " cannot be read.");
   return ImportedGlossary::kImported;
 }
 

@@ -81,8 +81,9 @@ std::optional<GlossaryShape> ShapeOfGlossary(const Path& path) {
     if (!last) return std::nullopt;
     shape.LastRecord = *last;
   } else {
-    const bool is_count = shape.announced >= kFirstNote && shape.announced <= shape.there;
-    shape.LastRecord = std::max(is_count ? shape.announced : shape.there, kFirstNote);
+    // A count of 1 stands behind the delete of the only note.
+    const bool is_count = shape.announced >= 1 && shape.announced <= shape.there;
+    shape.LastRecord = is_count ? shape.announced : std::max(shape.there, kFirstNote);
   }
   return shape;
 }

@@ -51,8 +51,8 @@ struct GlossaryShape {
   bool ends_within_record = false;
 };
 
-// Nothing when the file cannot be read. More than there is, a negative count and a count of 1 give way to what is
-// there; a count of 0 becomes 2, or reaches to the last note.
+// Nothing when the file cannot be read. More than there is and a negative count give way to what is there; a count
+// of 0 becomes 2, or reaches to the last note.
 std::optional<GlossaryShape> ShapeOfGlossary(const Path& path);
 
 // What a pass over the notes of a file yields.

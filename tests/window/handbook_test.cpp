@@ -25,6 +25,20 @@ class HandbookTest : public QObject {
   void WritePage(const char* name, const std::string& body) {
     window().WriteFile(window().program_folder() / "Help" / name, "<html><body>" + body + "</body></html>");
   }
+  // A glossary of two notes.
+  void WriteGlossary() {
+    std::string bytes;
+    int number = 3;  // of the last record; the others have their own
+    for (const char* subject : {"", "Median", "Mean deviation"}) {
+      std::string record = {static_cast<char>(number), '\0'};
+      record += subject;
+      record.resize(3062, ' ');
+      record.resize(3080, '\0');
+      bytes += record;
+      number = number == 3 && bytes.size() == 3080 ? 2 : 3;
+    }
+    window().WriteFile(window().program_folder() / "Lexicards.lx1", bytes);
+  }
   void Start() {
     WritePage("Index.html", "<p>The first page</p><p><a href=\"hb-out.html\">outliers</a></p>");
     std::string long_page = "<h1>About means</h1>";
@@ -220,6 +234,25 @@ class HandbookTest : public QObject {
     QCOMPARE(Search()->text(), "Enter Search String...");
   }
 
+  void EnterSearchesTheGlossary() {
+    WriteGlossary();
+    Start();
+    window().ShowView(View::ViewGlossary);
+    Search()->setFocus(Qt::TabFocusReason);
+    Press(Search(), Qt::Key_Return);  // the hint is no text to search for
+    QCOMPARE(window().Pane(1), "Ready");
+    QVERIFY(window().script().messages.empty());
+    QTest::keyClicks(Search(), "deviation");
+    Press(Search(), Qt::Key_Return);
+    QCOMPARE(window().Pane(1), "Find> deviation");
+    QCOMPARE(window().Pane(2), "The search found 1 matching records.");
+    // The key of the search command leads to the box from anywhere in the view.
+    window().frame().current_view()->setFocus();
+    Press(window().frame().current_view(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(Search()->hasFocus());
+    QCOMPARE(Search()->selectedText(), "deviation");
+  }
+
   void TheHintOfTheSearchBoxNeverStandsInTheWay() {
     Start();
     window().ShowView(View::ViewGlossary);
@@ -276,9 +309,11 @@ class HandbookTest : public QObject {
   }
 
   void ALinkToATermLeadsToTheGlossary() {
+    WriteGlossary();
     Start();
     FollowLink(QUrl("glossary:Mean%20deviation"));
     QCOMPARE(window().session().ActiveView, View::ViewGlossary);
+    QCOMPARE(window().session().glossary.Text1, std::string("Mean deviation"));
     QVERIFY(window().script().documents.empty());  // the desktop was not asked
   }
 };

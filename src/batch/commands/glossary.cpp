@@ -40,13 +40,21 @@ struct GlossaryLine {
 
 std::string NameOf(const Path& path) { return Quoted(PathToUtf8(path)); }
 
-// Nothing when the file is at work, and what is wrong when it cannot be.
+bool CanBeRead(const Path& path) { return IsRegularFile(path) && ShapeOfGlossary(path); }
+
+// What is called a glossary is one, however damaged; a file of another name has to look like one.
+bool IsGlossary(const Path& path) {
+  const std::string ending = PathToUtf8(path.extension());
+  return ending == ".lx1" || ending == ".LX1" || LooksLikeGlossary(path);
+}
+
+// Nothing when the file is at work, and what is wrong when it cannot be. What only reads leaves the file as it is.
 CommandResult OpenForReading(GlossaryLine& line) {
-  if (!FactsOfFile(line.path) || !ShapeOfGlossary(line.path)) {
+  if (!CanBeRead(line.path)) return NotUnderstood(NameOf(line.path) + " cannot be opened");
+  if (!IsGlossary(line.path) && !line.overwrite()) return NotUnderstood(NameOf(line.path) + " is no glossary");
+  if (!TakeGlossaryFile(line.glossary, line.path, line.platform())) {
     return NotUnderstood(NameOf(line.path) + " cannot be opened");
   }
-  if (!LooksLikeGlossary(line.path) && !line.overwrite()) return NotUnderstood(NameOf(line.path) + " is no glossary");
-  OpenGlossary(line.glossary, line.path, line.platform());
   return Done();
 }
 
@@ -56,7 +64,9 @@ std::string WhyNotWritten(const GlossaryLine& line) {
   if (line.batch.files.GuardsOutput(line.path)) {
     return NameOf(line.path) + " is the file of --output; --overwrite writes over it";
   }
-  if (FactsOfFile(line.path) && !LooksLikeGlossary(line.path)) {
+  if (!FactsOfFile(line.path)) return {};
+  if (!CanBeRead(line.path)) return NameOf(line.path) + " cannot be opened";
+  if (!IsGlossary(line.path)) {
     return NameOf(line.path) + " is no glossary; --overwrite writes over it";
   }
   return {};
@@ -146,7 +156,7 @@ std::optional<Path> TextPath(const GlossaryLine& line) {
 
 CommandResult RunImport(GlossaryLine& line) {
   const auto text = TextPath(line);
-  if (!text || !FactsOfFile(*text)) return NotUnderstood(Quoted(line.Word(2)) + " cannot be opened");
+  if (!text || !IsRegularFile(*text)) return NotUnderstood(Quoted(line.Word(2)) + " cannot be opened");
   line.batch.files.AddInput(*text);
   if (IsSameFile(*text, line.path)) return NotUnderstood("the text and the glossary are the same file");
   if (std::string refusal = WhyNotWritten(line); !refusal.empty()) return NotUnderstood(std::move(refusal));
@@ -163,6 +173,10 @@ CommandResult RunExport(GlossaryLine& line) {
   if (!text) return NotUnderstood(Quoted(line.Word(2)) + " is not a path");
   std::string refusal = WhyNotExportedTo(line.batch, *text, line.overwrite());
   if (!refusal.empty()) return NotUnderstood(std::move(refusal));
+  const auto there = FactsOfFile(*text);
+  if (!line.overwrite() && there && there->size > 0 && IsGlossary(*text)) {
+    return NotUnderstood(NameOf(*text) + " is a glossary itself; --overwrite writes over it");
+  }
   ExportGlossary(line.glossary, *text, line.platform());
   return Done();
 }
@@ -223,8 +237,8 @@ constinit const CommandRow kGlossaryCommand{
         "up. import makes a glossary of a text with a note a line, subject and text with a tab\n"
         "between them; export writes such a text, a line end within a note as two blanks. add and\n"
         "import create PATH. A glossary whose place an import takes is kept beside it, its name\n"
-        "followed by (as found). What is no glossary, and what export would replace of the run's own\n"
-        "files or of data, is refused without --overwrite. The log gets nothing from it.\n",
+        "followed by (as found). What is no glossary, and what export would replace of glossaries, of\n"
+        "data or of the run's own files, is refused without --overwrite. The log gets nothing.\n",
     .example = "glossary terms.lx1 add Mean \"The sum of all values by their number.\"",
     .options = kOptions,
     .most_words = 4,

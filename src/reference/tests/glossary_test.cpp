@@ -80,7 +80,7 @@ TEST_F(GlossaryOpen, ACutFileOpensAsFarAsItGoes) {
 }
 
 TEST_F(GlossaryOpen, ACountThatIsNoneGivesWayToWhatIsThere) {
-  for (const int count : {1, 3, 32767, 65535 /* -1 */, 32768 /* -32768 */}) {
+  for (const int count : {3, 32767, 65535 /* -1 */, 32768 /* -32768 */}) {
     std::string bytes = GlossaryBytes({{"a", ""}, {"b", ""}});
     bytes[0] = static_cast<char>(count % 256);
     bytes[1] = static_cast<char>(count / 256);
@@ -89,6 +89,21 @@ TEST_F(GlossaryOpen, ACountThatIsNoneGivesWayToWhatIsThere) {
     EXPECT_EQ(glossary.LastRecord, 3) << count;
     EXPECT_EQ(Content("notes.lx1"), bytes) << count;
   }
+}
+
+TEST_F(GlossaryOpen, ACountOfOneMeansNoNote) {
+  std::string bytes = GlossaryBytes({{"a", ""}});
+  bytes[0] = 1;
+  ASSERT_TRUE(OpenGlossary(glossary, Make("notes.lx1", bytes), platform));
+  EXPECT_EQ(List(), "");
+  EXPECT_EQ(glossary.LastRecord, 1);
+  EXPECT_EQ(glossary.Text1, "");
+  ASSERT_TRUE(AddNote(glossary, platform));
+  EXPECT_EQ(glossary.CurrentRecord, 2);
+  EditNote(glossary, "b", "");
+  ASSERT_TRUE(SaveNote(glossary, platform));
+  EXPECT_EQ(List(), "2 b");
+  EXPECT_EQ(Content("notes.lx1"), GlossaryBytes({{"b", ""}}));
 }
 
 TEST_F(GlossaryOpen, AnythingOpensWithoutHarm) {

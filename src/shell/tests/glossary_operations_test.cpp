@@ -45,6 +45,34 @@ TEST_F(GlossaryCommands, TheFileIsOpenedWhenTheViewComesToTheFrontForTheFirstTim
   EXPECT_EQ(session.glossary.GlossaryName, "still the same");
 }
 
+TEST_F(GlossaryCommands, ATermThatALinkNamesIsShown) {
+  ActivateView(session, View::ViewHandbook);
+  ShowGlossaryTerm(session, "Mean");
+  EXPECT_EQ(session.wanted_view, View::ViewGlossary);
+  EXPECT_EQ(session.glossary.Text1, "Mean");
+  ShowGlossaryTerm(session, "MEDIAN");
+  EXPECT_EQ(session.glossary.Text1, "Median");
+  platform.SetStatusPane(kMessagePane, "Ready");
+  ShowGlossaryTerm(session, "Mode");
+  EXPECT_EQ(session.glossary.Text1, "Median");  // what is on show stays
+  EXPECT_EQ(platform.panes[1], "The glossary has no note \"Mode\"");
+  EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST_F(GlossaryCommands, ATermIsShownAheadOfTheViewAndBesideASearch) {
+  Session other(platform, store);
+  StartSession(other, {});
+  ShowGlossaryTerm(other, "Mean");
+  EXPECT_TRUE(other.glossary.opened);
+  EXPECT_EQ(other.glossary.Text1, "Mean");
+  session.glossary.SearchText = "middle";
+  Execute(202);
+  ASSERT_EQ(List(), "Median ");
+  ShowGlossaryTerm(session, "Mean");
+  EXPECT_EQ(session.glossary.Text1, "Mean");
+  EXPECT_EQ(List(), "Mean Median ");
+}
+
 TEST_F(GlossaryCommands, BeforeThatNothingIsRead) {
   Session other(platform, store);
   StartSession(other, {});

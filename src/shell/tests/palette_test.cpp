@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "reference/tests/glossary_fixture.h"
 #include "shell/palette_search.h"
 #include "shell/tests/command_fixture.h"
 
@@ -163,11 +164,13 @@ TEST_F(PaletteTest, TopicsAndPagesAreShown) {
 }
 
 TEST_F(PaletteTest, NotesOfTheGlossaryAreThereOnceItIsOpen) {
-  session.glossary.List = {{"Mean deviation", 2}};
+  WriteFile("program/Lexicards.lx1", GlossaryBytes({{"Median", "The middle."}, {"Mean deviation", ""}}));
   EXPECT_TRUE(Named(Build(), "Mean deviation").empty());
-  session.glossary.opened = true;
+  ActivateView(session, View::ViewGlossary);
+  EXPECT_EQ(session.glossary.Text1, "Median");
   EXPECT_EQ(Only("Mean deviation").where, "Glossary");
   Choose("Mean deviation");
+  EXPECT_EQ(session.glossary.Text1, "Mean deviation");
   EXPECT_EQ(session.wanted_view, View::ViewGlossary);
 }
 

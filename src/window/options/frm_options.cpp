@@ -173,7 +173,7 @@ QWidget* FrmOptions::MakeButtons() {
   connect(usual, &QPushButton::clicked, this, &FrmOptions::ResetPage);
   connect(save, &QPushButton::clicked, this, &FrmOptions::Save);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  const auto ask_help = [this] { emit HelpAsked("Index.html#options"); };
+  const auto ask_help = [this] { emit HelpAsked("options.html"); };
   connect(buttons, &QDialogButtonBox::helpRequested, this, ask_help);
   connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this, ask_help);
   return buttons;

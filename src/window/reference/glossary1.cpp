@@ -97,9 +97,7 @@ QWidget* Glossary1::MakeList() {
   empty_->setWordWrap(true);
   empty_->setAlignment(Qt::AlignCenter);
   empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  empty_->setText(tr(
-      "No notes\n\nAdd Record begins one of your own. Import Tab Delimited File brings a list of terms, Open Glossary "
-      "File another glossary."));
+  empty_->setText(tr("No notes\n\nAdd Record begins one of your own."));
   auto* over = new QVBoxLayout(List1->viewport());
   over->addWidget(empty_);
   FollowFont(List1, [this] { List1->setMinimumWidth(List1->fontMetrics().averageCharWidth() * kListColumns / 2); });
@@ -173,6 +171,16 @@ void Glossary1::ShowSession() {
   ShowCurrentLine();
 }
 
+// What the text box says while nothing stands in it.
+QString Glossary1::TextHint() const {
+  const Glossary& glossary = session().glossary;
+  if (glossary.CurrentRecord == 0) return tr("Choose a note from the list, or begin one of your own with Add Record.");
+  if (!glossary.List.empty()) return {};
+  return tr(
+      "Type the first note here. Import Tab Delimited File brings a list of terms, Open Glossary File another "
+      "glossary.");
+}
+
 void Glossary1::ShowNote() {
   const Glossary& glossary = session().glossary;
   const QScopedValueRollback<bool> guard(showing_, true);
@@ -180,8 +188,7 @@ void Glossary1::ShowNote() {
   Text1->setEnabled(has_note);
   Text2->setEnabled(has_note);
   Text1->setPlaceholderText(has_note ? QString() : tr("No note is selected"));
-  Text2->setPlaceholderText(has_note ? QString()
-                                     : tr("Choose a note from the list, or begin one of your own with Add Record."));
+  Text2->setPlaceholderText(TextHint());
   const QString subject = ToQt(glossary.Text1);
   const QString text = ToQtLines(glossary.Text2);
   const bool other = shown_note_ != glossary.CurrentRecord;

@@ -39,6 +39,7 @@ class Glossary1 : public ViewForm {
   void AddField(QWidget* note, const QString& caption, QWidget* box, QLabel* counter);
   QLabel* MakeCounter(const char* name);
   void ApplyType();
+  QString TextHint() const;
   void ShowNote();
   void ShowCurrentLine();
   void ShowCounters();
