@@ -258,14 +258,28 @@ void Data1::BuildFirstSteps() {
   connect(first_steps_, &FirstSteps::CommandAsked, this, &Data1::CommandRequested);
   connect(first_steps_, &FirstSteps::HelpAsked, this, &Data1::HelpPageAsked);
   connect(first_steps_, &FirstSteps::SampleChosen, this, &Data1::FileAsked);
-  // Tab comes to the offers ahead of the grid, which keeps that key for its cells.
   QWidget* ahead = variables_button_;
   for (QWidget* offer : first_steps_->Buttons()) {
     setTabOrder(ahead, offer);
     ahead = offer;
   }
-  setTabOrder(ahead, grid_);
   grid_->StandInMiddle(first_steps_);
+}
+
+// Tab comes to the offers ahead of the grid, which keeps that key for its cells, and goes on to the grid behind them.
+bool Data1::focusNextPrevChild(bool next) {
+  QWidgetList order;
+  if (first_steps_ && first_steps_->isVisible()) {
+    for (QPushButton* offer : first_steps_->Buttons()) {
+      if (offer->isEnabled()) order += offer;
+    }
+  }
+  order += grid_;
+  const qsizetype wanted = order.indexOf(window()->focusWidget()) + (next ? 1 : -1);
+  const bool among_them = order.contains(window()->focusWidget()) && wanted >= 0 && wanted < order.size();
+  if (!among_them) return ViewForm::focusNextPrevChild(next);
+  order[wanted]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
 }
 
 // They go away with the first datum, and the keyboard goes on in the grid.

@@ -38,6 +38,9 @@ class Data1 : public ViewForm {
   // A data file is to be opened.
   void FileAsked(const Path& file);
 
+ protected:
+  bool focusNextPrevChild(bool next) override;
+
  private:
   void BuildFirstSteps();
   void ShowFirstSteps();
