@@ -158,7 +158,8 @@ void PressKey(DeskCalculator& calculator, CalcKey key) {
 }
 
 void PressDigit(DeskCalculator& calculator, char digit) {
-  if (calculator.CalcNewEntry || calculator.CalcEntry == "0") return StartEntry(calculator, digit);
+  const bool replaces_zero = calculator.CalcEntry == "0" && digit != '.';
+  if (calculator.CalcNewEntry || replaces_zero) return StartEntry(calculator, digit);
   Append(calculator, digit);
 }
 

@@ -83,7 +83,7 @@ std::optional<CalcKey> KeyOfWord(std::string_view word);
 
 void PressKey(DeskCalculator& calculator, CalcKey key);
 
-// The operations behind the keys. A digit is '0' to '9' or the decimal point, which takes the place of a "0" as they do.
+// The operations behind the keys. A digit is '0' to '9', or the decimal point, ahead of which a "0" stays.
 void PressDigit(DeskCalculator& calculator, char digit);
 void PressBackspace(DeskCalculator& calculator);
 void PressOperator(DeskCalculator& calculator, CalcOperator pressed);

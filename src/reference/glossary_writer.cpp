@@ -25,6 +25,12 @@ class RecordWriter {
     ++written_;
   }
 
+  // The last record of a file that was cut becomes whole as well.
+  void FillUp() {
+    file_.Write(std::string(missing_, ' '));
+    missing_ = 0;
+  }
+
  private:
   SafeFileWriter& file_;
   int written_ = 0;
@@ -41,6 +47,7 @@ WriteResult WriteGlossary(const Path& path, OldFile old, Status& status, Fill fi
   if (keep && !kept) return WriteResult::kRefused;
   RecordWriter records(file);
   if (!fill(records)) return WriteResult::kRefused;
+  records.FillUp();
   const WriteResult result = file.Commit();
   if (result != WriteResult::kWritten) return result;
   NoteWhatWasNotKept(file, status);

@@ -120,6 +120,26 @@ class FirstStepsTest : public QObject {
     QVERIFY(Offers()->isVisible());
   }
 
+  // Shift and Tab lead from the first cell to the offers, the blank and Enter press them, and a digit is still a digit.
+  void TheOffersAreReachedByKeyboard() {
+    window().Start();
+    QTest::keyClick(Grid(), Qt::Key_Backtab);
+    QCOMPARE(QApplication::focusWidget()->objectName(), "ReadFirstSteps");
+    QStringList passed;
+    for (int i = 0; i < 3; ++i) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+      passed += QApplication::focusWidget()->objectName();
+    }
+    QVERIFY(passed.contains("OpenFile"));
+    QVERIFY(passed.contains("OpenSample"));
+    Offer("OpenFile")->setFocus();
+    QTest::keyClick(Offer("OpenFile"), Qt::Key_Return);  // the question is cancelled
+    QCOMPARE(window().script().open_dialogs.size(), std::size_t{1});
+    Offer("OpenFile")->setFocus();
+    QTest::keyClicks(Offer("OpenFile"), "4");
+    QCOMPARE(window().Find<QLineEdit>("GridText1")->text(), "4");
+  }
+
   void EachHasAName() {
     window().Start();
     for (const char* name : {"OpenSample", "OpenFile", "PasteData", "ReadFirstSteps"}) {

@@ -70,6 +70,30 @@ class GlossaryTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void WhatIsUndoneIsNotSaved() {
+    GlossaryWindow window;
+    window.Click(1);  // Median
+    window.text()->setFocus();
+    window.text()->moveCursor(QTextCursor::End);
+    QTest::keyClicks(window.text(), " PASTED");
+    QTest::keyClick(window.text(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(window.text()->toPlainText(), "The middle value.");
+    window.subject()->setFocus();
+    window.subject()->end(false);
+    QTest::keyClicks(window.subject(), "x");
+    QTest::keyClick(window.subject(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(window.subject()->text(), "Median");
+    window.Trigger(103);
+    QCOMPARE(window.text()->toPlainText(), "The middle value.");
+    QVERIFY(window.FileHolds(kNotes));
+    window.text()->selectAll();
+    QTest::keyClicks(window.text(), "w");
+    QTest::keyClick(window.text(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClicks(window.subject(), "s");
+    window.Trigger(103);
+    QVERIFY(window.FileHolds({{"Medians", "The middle value."}, kNotes[1], kNotes[2]}));
+  }
+
   void TheFileIsOpenedWithTheView() {
     GlossaryWindow window;
     QCOMPARE(window.Find<QLabel>("GlossaryCaption")->text(), "Glossary - Lexicards.lx1");

@@ -49,7 +49,7 @@ TEST(DeskCalculator, DigitsMakeTheEntry) {
   for (const Case& c : std::vector<Case>{{"0 5", " 5"},
                                          {"0 0", " 0"},
                                          {"12", " 12"},
-                                         {"0 . 5", " .5"},
+                                         {"0 . 5", " 0.5"},
                                          {". 5", " .5"},
                                          {"1.2.3", " 1.2.3"},
                                          {"12 back", " 1"},

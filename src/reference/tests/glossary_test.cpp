@@ -91,6 +91,20 @@ TEST_F(GlossaryOpen, ACountThatIsNoneGivesWayToWhatIsThere) {
   }
 }
 
+TEST_F(GlossaryOpen, ATailThatIsNoRecordIsKeptOnce) {
+  ASSERT_TRUE(OpenGlossary(glossary, Make("notes.lx1", GlossaryBytes(kThreeNotes) + "abc"), platform));
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_TRUE(SelectNote(glossary, 0, platform));
+    ASSERT_TRUE(DeleteNote(glossary, platform));
+  }
+  EXPECT_TRUE(std::filesystem::exists(folder / "notes (as found).lx1"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "notes (as found 2).lx1"));
+  EXPECT_EQ(Content("notes.lx1").size() % 3080, 0u);
+  platform.notes.clear();
+  ASSERT_TRUE(OpenGlossary(glossary, folder / "notes.lx1", platform));
+  EXPECT_TRUE(platform.notes.empty());
+}
+
 TEST_F(GlossaryOpen, ACountOfOneMeansNoNote) {
   std::string bytes = GlossaryBytes({{"a", ""}});
   bytes[0] = 1;

@@ -500,6 +500,7 @@ void FrmMain::ApplyAppearance() {
 }
 
 void FrmMain::ApplyBars() {
+  if (!bars_) return;  // the palette has changed while the splash stands there alone
   bars_->UseIconSize(session_.settings.large_icons() ? kLargeIcon : kSmallIcon);
   PaintBars(*this, session_.settings.Op6);
 }

@@ -196,6 +196,8 @@ void Glossary1::ShowNote() {
   if (other || Text2->Text() != text) Text2->ShowText(text);
   Text1->setModified(false);
   Text2->document()->setModified(false);
+  shown_subject_ = glossary.Text1;
+  shown_text_ = glossary.Text2;
   Text1->setCursorPosition(0);
   shown_note_ = glossary.CurrentRecord;
   empty_->setVisible(glossary.List.empty());
@@ -242,9 +244,10 @@ void Glossary1::UserEdited() {
 void Glossary1::StoreWidgets() {
   Glossary& glossary = session().glossary;
   if (shown_ != glossary.revision || glossary.CurrentRecord == 0) return;
-  // Only what the user has typed counts: the boxes do not show every byte as it stands.
-  EditNote(glossary, Text1->isModified() ? FromQt(Text1->text()) : glossary.Text1,
-           Text2->document()->isModified() ? FromQtLines(Text2->Text()) : glossary.Text2);
+  // Only what the user has typed counts: the boxes do not show every byte as it stands. What has been typed and undone
+  // is what was shown.
+  EditNote(glossary, Text1->isModified() ? FromQt(Text1->text()) : shown_subject_,
+           Text2->document()->isModified() ? FromQtLines(Text2->Text()) : shown_text_);
 }
 
 void Glossary1::ChooseLine(int row) {

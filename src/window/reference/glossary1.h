@@ -59,9 +59,11 @@ class Glossary1 : public ViewForm {
   NoteBox* Text2 = nullptr;
   QLabel* subject_counter_ = nullptr;
   QLabel* text_counter_ = nullptr;
-  std::uint64_t shown_ = 0;  // the revision that shows
-  int shown_note_ = 0;       // the record that shows
-  bool showing_ = false;     // the boxes change by the program's hand
+  std::uint64_t shown_ = 0;    // the revision that shows
+  int shown_note_ = 0;         // the record that shows
+  std::string shown_subject_;  // what the boxes were given to show
+  std::string shown_text_;
+  bool showing_ = false;  // the boxes change by the program's hand
   bool has_selection_ = false;
   int zoom_ = 100;
 };
