@@ -94,7 +94,7 @@ void TakeBoxes(const OptionsForm& form, Settings& settings) {
 }
 
 // In the order in which they are stored.
-std::vector<SettingValue> ValuesToStore(const OptionsForm& form, const Settings& settings) {
+std::vector<StoredSetting> ValuesToStore(const OptionsForm& form, const Settings& settings) {
   return {{"Op10", std::to_string(settings.Op10)},
           {"Op11", std::to_string(settings.Op11)},
           {"Op12", std::to_string(settings.Op12)},
@@ -181,7 +181,7 @@ void SaveOptions(Session& session) {
   settings.Op6 = session.options.Option2;
   settings.Op15 = GlossaryOfForm(session);
   Path folder = FolderOfForm(session);
-  const std::vector<SettingValue> values = ValuesToStore(session.options, settings);
+  const std::vector<StoredSetting> values = ValuesToStore(session.options, settings);
   session.settings = std::move(settings);
   TakeFolder(session, std::move(folder));
   if (!WriteSettings(session.settings_store, session.platform, values)) return;

@@ -165,7 +165,7 @@ void WriteSetting(SettingsStore& store, Platform& platform, const std::string& n
   if (!store.Write(name, value)) ShowStoreRefused(platform);
 }
 
-bool WriteSettings(SettingsStore& store, Platform& platform, std::span<const SettingValue> values) {
+bool WriteSettings(SettingsStore& store, Platform& platform, std::span<const StoredSetting> values) {
   bool all_written = true;
   for (const auto& [name, value] : values) all_written = store.Write(name, value) && all_written;
   if (!all_written) ShowStoreRefused(platform);

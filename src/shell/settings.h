@@ -91,12 +91,12 @@ void ReadFrameSize(Settings& settings, const SettingsStore& store);
 // Writes one value; a store that refuses shows a box, and the value in memory stands. Paths are stored in UTF-8.
 void WriteSetting(SettingsStore& store, Platform& platform, const std::string& name, const std::string& value);
 
-struct SettingValue {
+struct StoredSetting {
   std::string name;
   std::string value;
 };
 // Writes several in their order. False when the store has refused any of them; that shows one box.
-bool WriteSettings(SettingsStore& store, Platform& platform, std::span<const SettingValue> values);
+bool WriteSettings(SettingsStore& store, Platform& platform, std::span<const StoredSetting> values);
 
 // The least and default frame size, and the size to give to the frame, in twips (15 to a logical pixel).
 inline constexpr int kMinFrameWidth = 9800;

@@ -54,9 +54,9 @@ class Data1Test : public QObject {
     QCOMPARE(grid()->model()->rowCount(), 1000);
     QCOMPARE(grid()->model()->columnCount(), 20);
     QCOMPARE(Text("GridHint"), QString("Open a data file (Ctrl+O) or drop one here"));
-    QVERIFY(Shown("GridHint"));
+    QVERIFY(Shown("FirstSteps"));
     Load(3, 3);
-    QVERIFY(!Shown("GridHint"));
+    QVERIFY(!Shown("FirstSteps"));
   }
 
   void TheStripTellsFileAndSize() {

@@ -89,6 +89,8 @@ class GlossaryTest : public QObject {
     window.text()->selectAll();
     QTest::keyClicks(window.text(), "w");
     QTest::keyClick(window.text(), Qt::Key_Z, Qt::ControlModifier);
+    window.subject()->setFocus();
+    window.subject()->end(false);
     QTest::keyClicks(window.subject(), "s");
     window.Trigger(103);
     QVERIFY(window.FileHolds({{"Medians", "The middle value."}, kNotes[1], kNotes[2]}));

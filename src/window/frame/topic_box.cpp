@@ -86,7 +86,7 @@ void TopicBox::BuildSearch() {
   search_->setToolTip(tr("Text to search the glossary for: Enter begins the search"));
   box_->addWidget(search_);
   connect(search_, &SearchBox::Typed, this,
-          [this](const QString& typed) { session_.glossary.SearchText = FromQt(typed); });
+          [this](const QString& typed) { session_.glossary.SearchText = FromQt(QString(typed).replace('\n', ' ')); });
   connect(search_, &SearchBox::SearchAsked, this, &QAction::trigger);
 }
 
