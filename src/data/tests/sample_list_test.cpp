@@ -1,10 +1,9 @@
-#include "data/sample_files.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
+#include "data/sample_files.h"
 #include "platform/files.h"
 
 namespace tessara {
