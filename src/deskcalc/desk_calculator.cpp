@@ -138,7 +138,9 @@ void StartEntry(DeskCalculator& calculator, char character) {
 
 }  // namespace
 
+// A line of the tape that was chosen is the chosen one until the work goes on.
 void PressKey(DeskCalculator& calculator, CalcKey key) {
+  calculator.selected = -1;
   if (key <= CalcKey::kPoint) return PressDigit(calculator, RowOf(key).word.front());
   switch (key) {
     case CalcKey::kBackspace:

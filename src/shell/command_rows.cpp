@@ -463,7 +463,7 @@ constexpr CommandRow kHelpCommands[] = {
      .checked = HelpPaneIsVisible,
      .uses = {{.views = kEveryView, .run = ToggleHelpPane}}},
     {.id = kHomePageCommand,
-     .caption = "Tessara &Home Page",
+     .caption = "Tessara Ho&me Page",
      .icon = "go-home",
      .uses = {{.views = kEveryView,
                .run = static_cast<WidgetAction (*)(Session&)>(ShowProductPage<ProductPage::kHome>)}}},

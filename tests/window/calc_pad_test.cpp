@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QMessageBox>
 #include <QTableView>
 #include <QToolButton>
 
@@ -231,6 +232,19 @@ class CalcPadTest : public QObject {
     QCOMPARE(window().Pane(1), "The clipboard holds no number");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(), "1234.5");
+  }
+
+  void ABoxThatAsksStandsInFront() {
+    Open();
+    bool in_sight = true;
+    QMessageBox box(&window().frame());
+    QTimer::singleShot(100, &box, [&] {
+      in_sight = Pad()->isVisible();
+      box.close();
+    });
+    box.exec();
+    QVERIFY(!in_sight);
+    QTRY_VERIFY(Pad()->isVisible());
   }
 
   void ATransferGoesToTheCalculatorsBox() {

@@ -251,6 +251,9 @@ class HandbookTest : public QObject {
     Press(window().frame().current_view(), Qt::Key_F, Qt::ControlModifier);
     QVERIFY(Search()->hasFocus());
     QCOMPARE(Search()->selectedText(), "deviation");
+    QVERIFY(window().session().glossary.search_is_on);
+    Press(Search(), Qt::Key_Escape);
+    QVERIFY(!window().session().glossary.search_is_on);
   }
 
   void TheHintOfTheSearchBoxNeverStandsInTheWay() {

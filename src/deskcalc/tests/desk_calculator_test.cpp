@@ -64,6 +64,16 @@ TEST(DeskCalculator, DigitsMakeTheEntry) {
   }
 }
 
+TEST(DeskCalculator, TheLineThatIsChosenIsGivenUpWithTheNextKey) {
+  DeskCalculator calculator = Pressed("5 + 3 =");
+  EXPECT_EQ(calculator.selected, 4);
+  for (const CalcKey key : {CalcKey::k7, CalcKey::kFactorial, CalcKey::kBackspace, CalcKey::kAdd, CalcKey::kClear}) {
+    calculator.selected = 1;
+    PressKey(calculator, key);
+    EXPECT_EQ(calculator.selected, -1);
+  }
+}
+
 TEST(DeskCalculator, AnOperatorWritesItsSignAndTheEntryAsItWasTyped) {
   const DeskCalculator calculator = Pressed("007.50 + 2. -");
   EXPECT_EQ(Lines(calculator), (Tape{"   +              7.50",  //

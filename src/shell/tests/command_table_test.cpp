@@ -98,7 +98,7 @@ TEST(MenuBar, HoldsTheCommandsInTheirOrder) {
       {"&Help",
        " 601 &Help with Tessara\n"
        " 602 Open Help &Window\n"
-       " 609 Tessara &Home Page\n"
+       " 609 Tessara Ho&me Page\n"
        "|606 Check for &Updates\n"
        "|608 About Tessara\n"},
   };

@@ -11,6 +11,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "shell/calculator_operations.h"
 #include "window/deskcalc/calc_key_button.h"
@@ -290,6 +291,19 @@ void CalcPad::ShowCalculator() {
     if (!chosen.isValid()) tape_->clearSelection();
   }
   if (grown) tape_->scrollToBottom();
+}
+
+// A box that asks stands in front of everything: the pad gives way to it and comes back.
+bool CalcPad::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked && isVisible()) {
+    gave_way_ = true;
+    hide();
+  } else if (event->type() == QEvent::WindowUnblocked && std::exchange(gave_way_, false)) {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+  }
+  return QWidget::event(event);
 }
 
 void CalcPad::ToggleTape() {

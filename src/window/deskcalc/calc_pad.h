@@ -39,6 +39,7 @@ class CalcPad : public QWidget {
   void HelpAsked(const QString& page);
 
  protected:
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
@@ -88,6 +89,7 @@ class CalcPad : public QWidget {
   TapeModel* tape_model_ = nullptr;
   std::map<CalcMemory, QLabel*> memories_;
   std::map<CalcKey, CalcKeyButton*> keys_;
+  bool gave_way_ = false;  // hidden while a box asks
 };
 
 }  // namespace tessara

@@ -32,6 +32,7 @@ void SearchBox::SelectHint() {
 }
 
 void SearchBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return emit ResetAsked();
   SelectHint();
   QLineEdit::keyPressEvent(event);
 }

@@ -20,6 +20,8 @@ class SearchBox : public QLineEdit {
   void Typed(const QString& typed);
   // Enter behind a text.
   void SearchAsked();
+  // Escape: all that was searched for may show again.
+  void ResetAsked();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

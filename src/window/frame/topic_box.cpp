@@ -6,6 +6,7 @@
 #include <QStringListModel>
 #include <QWheelEvent>
 
+#include "shell/command_row.h"
 #include "shell/session.h"
 #include "window/frame/search_box.h"
 #include "window/widgets/text.h"
@@ -88,6 +89,10 @@ void TopicBox::BuildSearch() {
   connect(search_, &SearchBox::Typed, this,
           [this](const QString& typed) { session_.glossary.SearchText = FromQt(QString(typed).replace('\n', ' ')); });
   connect(search_, &SearchBox::SearchAsked, this, &QAction::trigger);
+  connect(search_, &SearchBox::ResetAsked, this, [this] {
+    auto* reset = box_->window()->findChild<QAction*>(QString::number(kResetSearchCommand));
+    if (reset && reset->isEnabled()) reset->trigger();
+  });
 }
 
 void TopicBox::FillTopics() {

@@ -54,7 +54,8 @@ FrmOptions::FrmOptions(Session& session, FormRunner run, QWidget* parent)
           [this](int page) { session_.options.page = static_cast<OptionsPage>(page); });
   ShowForm();
   ShowHints();
-  pages_->setFocus();
+  setAttribute(Qt::WA_KeyboardFocusChange);  // the keyboard's place is marked from the start
+  pages_->setFocus(Qt::TabFocusReason);
 }
 
 QCheckBox* FrmOptions::AddCheck(std::size_t index, const QString& caption, QWidget* page) {

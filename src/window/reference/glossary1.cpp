@@ -58,8 +58,11 @@ Glossary1::Glossary1(Session& the_session, QWidget* parent) : ViewForm(the_sessi
   };
   connect(Text1, &QLineEdit::selectionChanged, this, selection);
   connect(Text2, &QPlainTextEdit::selectionChanged, this, selection);
-  connect(List1->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-          [this](const QModelIndex& now) { ChooseLine(now.row()); });
+  connect(List1->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& now) {
+    ChooseLine(now.row());
+    // A click marks its line when this is over, also where another one is on show.
+    QMetaObject::invokeMethod(this, &Glossary1::ShowCurrentLine, Qt::QueuedConnection);
+  });
   ShowNote();
   ShowCaption();
 }
@@ -210,7 +213,8 @@ void Glossary1::ShowNote() {
 void Glossary1::ShowCurrentLine() {
   const int record = session().glossary.CurrentRecord;
   const QModelIndex current = List1->currentIndex();
-  if (current.isValid() && record != 0 && list_->RecordOf(current.row()) == record) return;
+  const bool is_marked = current.isValid() && List1->selectionModel()->isSelected(current);
+  if (is_marked && record != 0 && list_->RecordOf(current.row()) == record) return;
   const QScopedValueRollback<bool> guard(showing_, true);
   const int row = record == 0 ? -1 : list_->RowOf(record);
   if (row < 0) {
