@@ -74,6 +74,7 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
     : platform_(platform), session_(platform, store), place_(*this, store, platform, session_.settings) {
   setObjectName("frmMain");
   setAcceptDrops(true);
+  new AccessibleParts(this);  // ahead of the parts that it names
   AddIconFolder(platform.ProgramFolder());
   UseIconsOfPalette(palette());
   UseLegibleColours();
@@ -104,7 +105,6 @@ FrmMain::FrmMain(QtPlatform& platform, SettingsStore& store, const FrameStart& s
   connect(forms_, &FrameForms::AppearanceChanged, this, &FrmMain::ApplyBars);
   ConnectClipboard();
   FocusOutline::Watch(this);
-  new AccessibleParts(this);
   AddViewKeys();
   zoom_ = new Zoom(store, this);
   connect(zoom_, &Zoom::Changed, this, &FrmMain::ApplyZoom);

@@ -201,7 +201,7 @@ void Glossary1::ShowNote() {
   Text2->document()->setModified(false);
   shown_subject_ = glossary.Text1;
   shown_text_ = glossary.Text2;
-  Text1->setCursorPosition(0);
+  if (other) Text1->setCursorPosition(0);
   shown_note_ = glossary.CurrentRecord;
   empty_->setVisible(glossary.List.empty());
   ShowCounters();
