@@ -233,6 +233,12 @@ bool SaveNote(Glossary& glossary, Platform& platform) {
     RefreshGlossaryList(glossary);
     return true;
   }
+  if (glossary.notes > 0 && !FactsOfFile(glossary.GlossaryFile)) {  // a new file would hold this note alone
+    ShowError(platform, NameOf(glossary.GlossaryFile) +
+                            " is not there any more, and the notes it held with it. This note can be saved under "
+                            "another name.");
+    return false;
+  }
   const FileTurn turn(glossary.GlossaryFile);  // nobody writes between our look at the file and our write
   auto note = ChangeOfNote(glossary, platform);
   if (!note) return false;

@@ -91,6 +91,16 @@ TEST_F(GlossaryOpen, ACountThatIsNoneGivesWayToWhatIsThere) {
   }
 }
 
+TEST_F(GlossaryOpen, AFileThatHasGoneIsNotBegunAnewWithOneNote) {
+  Open(GlossaryBytes(kThreeNotes));
+  std::filesystem::remove(glossary.GlossaryFile);
+  EditNote(glossary, "Another", "");
+  EXPECT_FALSE(SaveNote(glossary, platform));
+  EXPECT_FALSE(std::filesystem::exists(glossary.GlossaryFile));
+  EXPECT_TRUE(glossary.NoteDirty);
+  EXPECT_EQ(glossary.List.size(), 3u);
+}
+
 TEST_F(GlossaryOpen, ATailThatIsNoRecordIsKeptOnce) {
   ASSERT_TRUE(OpenGlossary(glossary, Make("notes.lx1", GlossaryBytes(kThreeNotes) + "abc"), platform));
   for (int i = 0; i < 2; ++i) {
