@@ -326,16 +326,6 @@ TEST_F(GlossaryShared, ASaveOfAnUneditedNoteWritesNothingOverAnother) {
   EXPECT_EQ(Content("notes.lx1"), GlossaryBytes({{"a", "theirs"}}));
 }
 
-TEST_F(GlossaryShared, AFileThatHasGoneIsMadeAnewWithTheNote) {
-  Open(GlossaryBytes({{"a", ""}, {"b", ""}, {"c", ""}}));
-  ASSERT_TRUE(Select("c"));
-  Type("c", "edited");
-  std::filesystem::remove(glossary.GlossaryFile);
-  EXPECT_TRUE(SaveNote(glossary, platform));
-  EXPECT_EQ(List(), "3 c");
-  EXPECT_EQ(glossary.Text2, "edited");
-}
-
 TEST_F(GlossaryShared, ASelectionFollowsANoteThatHasMoved) {
   Open(GlossaryBytes(kThreeNotes));
   Make("notes.lx1", GlossaryBytes({kThreeNotes[1], kThreeNotes[2]}));
