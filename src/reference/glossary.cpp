@@ -361,7 +361,10 @@ bool SaveGlossaryAs(Glossary& glossary, const Path& path, Platform& platform) {
   Path file = path;
   std::string name = NameOf(path);
   const RecordChange change = note ? note->change : RecordChange();
-  if (WriteWithRecord(glossary.GlossaryFile, path, change, OldFile::kReplaced, platform) != WriteResult::kWritten) {
+  // Of a file that has gone there is the note on show alone, and only while it has been edited.
+  const bool nothing_to_copy = !note && glossary.notes > 0 && !FactsOfFile(glossary.GlossaryFile);
+  if (nothing_to_copy ||
+      WriteWithRecord(glossary.GlossaryFile, path, change, OldFile::kReplaced, platform) != WriteResult::kWritten) {
     platform.ShowMessage({"Save Aborted!",
                           "The save operation failed. Please make sure the file is not open in another program.  This "
                           "error could also be caused by trying to save to a location on your computer that has "

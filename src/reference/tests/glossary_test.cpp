@@ -99,6 +99,18 @@ TEST_F(GlossaryOpen, AFileThatHasGoneIsNotBegunAnewWithOneNote) {
   EXPECT_FALSE(std::filesystem::exists(glossary.GlossaryFile));
   EXPECT_TRUE(glossary.NoteDirty);
   EXPECT_EQ(glossary.List.size(), 3u);
+  // What is on show can be saved elsewhere.
+  EXPECT_TRUE(SaveGlossaryAs(glossary, folder / "elsewhere.lx1", platform));
+  EXPECT_EQ(List(), "2 Another");
+}
+
+TEST_F(GlossaryOpen, AFileThatHasGoneIsNotCopied) {
+  Open(GlossaryBytes(kThreeNotes));
+  std::filesystem::remove(glossary.GlossaryFile);
+  EXPECT_FALSE(SaveGlossaryAs(glossary, folder / "elsewhere.lx1", platform));
+  EXPECT_FALSE(std::filesystem::exists(folder / "elsewhere.lx1"));
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Save Aborted!");
 }
 
 TEST_F(GlossaryOpen, ATailThatIsNoRecordIsKeptOnce) {
