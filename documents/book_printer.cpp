@@ -159,7 +159,7 @@ void BookPrinter::DrawPages(QPdfWriter& writer, QPainter& painter, QTextDocument
     painter.setClipRect(part);  // a paragraph that begins on the next page reaches into this one with its room above
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);
-    context.clip = part;
+    context.clip = part.adjusted(0, 1, 0, -1);  // a line that only touches the edge stands on another page
     document.documentLayout()->draw(&painter, context);
     painter.restore();
   }

@@ -47,7 +47,6 @@ WriteResult WriteGlossary(const Path& path, OldFile old, Status& status, Fill fi
   if (keep && !kept) return WriteResult::kRefused;
   RecordWriter records(file);
   if (!fill(records)) return WriteResult::kRefused;
-  records.FillUp();
   const WriteResult result = file.Commit();
   if (result != WriteResult::kWritten) return result;
   NoteWhatWasNotKept(file, status);
@@ -79,6 +78,7 @@ WriteResult WriteWithRecord(const Path& from, const Path& to, const RecordChange
       const int number = file.written() + 1;
       file.Put(number == change.place ? change.record : MakeRecord(number, "", ""));
     }
+    if (change.place != 0) file.FillUp();  // a copy without a change stays one
     return true;
   });
 }
@@ -98,6 +98,7 @@ WriteResult WriteWithoutRecord(const Path& path, int number, int LastRecord, Old
       }
       if (records.number() == LastRecord) file.Put(MakeRecord(LastRecord, "", "", FilledRecord(record)));
     }
+    file.FillUp();
     return !records.failed();
   });
 }

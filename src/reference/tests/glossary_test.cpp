@@ -101,7 +101,7 @@ TEST_F(GlossaryOpen, AFileThatHasGoneIsNotBegunAnewWithOneNote) {
   EXPECT_EQ(glossary.List.size(), 3u);
   // What is on show can be saved elsewhere.
   EXPECT_TRUE(SaveGlossaryAs(glossary, folder / "elsewhere.lx1", platform));
-  EXPECT_EQ(List(), "2 Another");
+  EXPECT_EQ(List(), "3 Another");
 }
 
 TEST_F(GlossaryOpen, AFileThatHasGoneIsNotCopied) {
