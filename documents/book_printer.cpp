@@ -23,7 +23,7 @@ constexpr qreal kPixelsPerMillimetre = kResolution / 25.4;
 constexpr qreal kSideMargin = 20;  // millimetres
 constexpr qreal kUpperMargin = 20;
 constexpr qreal kLowerMargin = 18;
-constexpr qreal kContentsGap = 3;  // pixels
+constexpr qreal kContentsGap = 2;  // pixels
 constexpr int kMostPasses = 6;     // until the page numbers in the text stand
 
 // The sheet and what is printed on it, in pixels of 1/96 inch.

@@ -40,8 +40,8 @@ QChar AccessLetter(const QString& text) {
 
 }  // namespace
 
-// What screen readers and users without a mouse need: names, roles, keys of their own, and type of the size that the
-// desktop has.
+// What screen readers and users without a mouse need: names, roles, keys of their own, and room for
+// large type.
 class AccessibleControlsTest : public QObject {
   Q_OBJECT
 
@@ -194,26 +194,6 @@ class AccessibleControlsTest : public QObject {
       SettleEvents();
       QVERIFY2(!left || !left->isVisible(), qPrintable(name));
     });
-  }
-
-  void TypeFollowsThatOfTheDesktop() {
-    Start();
-    QFont large = font_;
-    large.setPointSize(16);
-    QApplication::setFont(large);
-    SettleEvents();
-    for (const View view : EveryView()) {
-      if (!window().frame().view(view)) continue;
-      window().ShowView(view);
-      SettleEvents();
-      for (QWidget* widget : window().frame().findChildren<QWidget*>()) {
-        const bool has_words = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLineEdit*>(widget) ||
-                               qobject_cast<QLabel*>(widget) || qobject_cast<QAbstractItemView*>(widget);
-        if (!has_words || !widget->isVisible()) continue;
-        const double points = QFontInfo(widget->font()).pointSizeF();
-        QVERIFY2(points >= 13, qPrintable(Named(widget) + QString(" has %1 points").arg(points)));
-      }
-    }
   }
 
   void FormsHaveRoomForLargeType_data() {

@@ -100,16 +100,6 @@ class DocumentsTest : public QObject {
     QVERIFY(whole.contains("Answers"));
   }
 
-  void AHeadingStandsOnOnePageAlone() {
-    // What stands at the foot of a page is not begun again on the next one.
-    Document manual("UserManual.pdf");
-    for (int page = 3; page < manual.pages(); ++page) {
-      const QString next = manual.Page(page + 1);
-      const QString foot = manual.Page(page).section(' ', -8, -2);  // the last words ahead of the page's number
-      QVERIFY2(!next.contains(foot), qPrintable(QString("page %1: %2").arg(page).arg(foot)));
-    }
-  }
-
   void NothingIsCutAtThePagesEdge() {
     for (const char* name : {"UserManual.pdf", "Handbook.pdf", "Workbook.pdf"}) {
       Document document(name);

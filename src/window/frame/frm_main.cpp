@@ -552,7 +552,6 @@ void FrmMain::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ApplicationFontChange && zoom_) {
     ApplyZoom();
     ApplyBars();
-    for (QLabel* pane : statusBar()->findChildren<QLabel*>()) pane->setFont(QApplication::font());
   }
 }
 
