@@ -72,7 +72,8 @@ class Builder {
   // The view in front comes ahead of the others.
   std::vector<NamedView> Views() const {
     std::vector<NamedView> views(std::begin(kViewNames), std::end(kViewNames));
-    std::ranges::stable_partition(views, [&](const NamedView& named) { return named.view == session_.ActiveView; });
+    std::stable_partition(views.begin(), views.end(),
+                          [&](const NamedView& named) { return named.view == session_.ActiveView; });
     return views;
   }
 
