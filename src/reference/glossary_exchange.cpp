@@ -12,6 +12,7 @@
 #include "presentation/print_pages.h"
 #include "reference/glossary_file.h"
 #include "reference/glossary_record.h"
+#include "reference/text_lines.h"
 
 namespace tessara {
 namespace {
@@ -20,15 +21,6 @@ constexpr std::size_t kRule = 66;
 constexpr std::size_t kPageColumns = 80;  // of a printed line
 
 std::string NameOf(const Path& path) { return FromUtf8(PathToUtf8(path.filename())); }
-
-// A line of a text, taken from its front.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = text.find('\n');
-  std::string_view line = text.substr(0, end);
-  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return line;
-}
 
 // The notes of a text; no more than one above what a glossary holds, so that nobody collects a text of any size.
 std::vector<GlossaryNote> NotesOfText(std::string_view text) {

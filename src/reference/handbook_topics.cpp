@@ -6,18 +6,10 @@
 
 #include "numerics/code_page.h"
 #include "platform/files.h"
+#include "reference/text_lines.h"
 
 namespace tessara {
 namespace {
-
-// A line without its end, taken from the front of a text.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = text.find('\n');
-  std::string_view line = text.substr(0, end);
-  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return line;
-}
 
 // A page is a file of the Help folder and of no other.
 bool IsPageName(std::string_view page) { return !page.empty() && page.find_first_of("/\\:") == std::string_view::npos; }

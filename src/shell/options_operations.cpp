@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "numerics/code_page.h"
+#include "numerics/text.h"
 #include "platform/files.h"
 
 namespace tessara {
@@ -25,12 +26,6 @@ std::string TextOfPath(const Path& path) {
     if (static_cast<unsigned char>(c) > 127) c = '?';
   }
   return text;
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 bool MeansDefault(std::string_view trimmed) { return trimmed.empty() || trimmed == kDefault; }
